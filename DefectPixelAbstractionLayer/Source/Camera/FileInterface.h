@@ -13,7 +13,8 @@ namespace KTR::DPC
 class FileInterface
 {
 public:
-    enum FileOpenMode
+    // The numbers are fixed; scoped, because the operations below bear the same names.
+    enum class FileOpenMode
     {
         Read = 0,
         Write = 1 // writing and appending
