@@ -125,20 +125,28 @@ unsigned char* PackYuv422(const std::vector<RgbPixel>& line, bool colorFirst, un
     constexpr int Half = 1 << (Bits - 1);
     constexpr int Neutral = 128;
     const auto luma = [](const RgbPixel& p)
-    { return (19595 * p.red + 38470 * p.green + 7471 * p.blue + Half) >> Bits; };
-    const auto chroma = [](int sum) { return std::clamp(Neutral + ((sum + Half) >> Bits), 0, 255); };
-    for (std::size_t x = 0; x < line.size(); ++x)
+    { return static_cast<unsigned char>((19595 * p.red + 38470 * p.green + 7471 * p.blue + Half) >> Bits); };
+    const auto chroma = [](int sum)
+    { return static_cast<unsigned char>(std::clamp(Neutral + ((sum + Half) >> Bits), 0, 255)); };
+    const auto put = [&bytes, colorFirst](unsigned char brightness, unsigned char color)
     {
-        const RgbPixel& first = line[x & ~std::size_t{1}];
-        const RgbPixel& second = line[std::min(x | 1U, line.size() - 1)];
+        bytes[0] = colorFirst ? color : brightness;
+        bytes[1] = colorFirst ? brightness : color;
+        bytes += 2;
+    };
+    for (std::size_t x = 0; x < line.size(); x += 2)
+    {
+        const bool pair = x + 1 < line.size();
+        const RgbPixel& first = line[x];
+        const RgbPixel& second = pair ? line[x + 1] : first;
         const int red = (first.red + second.red + 1) / 2;
         const int green = (first.green + second.green + 1) / 2;
         const int blue = (first.blue + second.blue + 1) / 2;
-        const int color = x % 2 == 0 ? chroma(-11059 * red - 21709 * green + 32768 * blue)
-                                     : chroma(32768 * red - 27439 * green - 5329 * blue);
-        bytes[colorFirst ? 0 : 1] = static_cast<unsigned char>(color);
-        bytes[colorFirst ? 1 : 0] = static_cast<unsigned char>(luma(line[x]));
-        bytes += 2;
+        put(luma(first), chroma(-11059 * red - 21709 * green + 32768 * blue));
+        if (pair)
+        {
+            put(luma(second), chroma(32768 * red - 27439 * green - 5329 * blue));
+        }
     }
     return bytes;
 }

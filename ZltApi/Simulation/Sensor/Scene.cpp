@@ -20,8 +20,8 @@ constexpr std::uint32_t RampSteps = 16;
 constexpr double StarSpokes = 24.0;
 constexpr double DegreesOfHalfTurn = 180.0;
 constexpr double Pi = 3.14159265358979323846;
-// Line widths of the grating's bands in pixels: the finest is what the sensor can just resolve.
-constexpr std::array<std::uint32_t, 4> GratingLines{1, 2, 4, 8};
+// Line widths of the grating's bands in pixels: the finest is what a sensor behind a Bayer filter can just resolve.
+constexpr std::array<std::uint32_t, 4> GratingLines{2, 3, 5, 8};
 constexpr std::uint64_t DiscPixelsPerFrame = 3;
 
 SceneColor Grey(double brightness)

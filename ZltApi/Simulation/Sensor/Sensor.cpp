@@ -26,7 +26,8 @@ constexpr int MeanBits = 2;           // below one count
 constexpr float NoiseUnits = 4096.0F; // for one deviation
 constexpr int ProductShift = 16;
 constexpr float DeviationUnits = static_cast<float>(1 << (ProductShift + MeanBits)) / NoiseUnits; // for one count
-// Beyond saturation a pixel stays saturated whatever its noise. Six deviations above the largest mean still fit 16 bits.
+// Beyond saturation a pixel stays saturated whatever its noise. Six deviations above the largest mean still fit 16
+// bits.
 constexpr float LargestMean = 5500.0F;
 constexpr float LargestDeviation = 400.0F;
 
