@@ -40,8 +40,8 @@ ApiSession::ApiSession()
     const ZltErrorType started = m_api.StartUp();
     if (started != ZltErrorSuccess && started != ZltErrorNoTransportLayer)
     {
-        throw KTR::System::Exception("The camera API could not be started: " + ApiController::ErrorCodeToMessage(started),
-                                     true);
+        throw KTR::System::Exception(
+            "The camera API could not be started: " + ApiController::ErrorCodeToMessage(started), true);
     }
 }
 
@@ -134,8 +134,8 @@ void CameraSession::Restart()
                                  true);
 }
 
-boost::shared_ptr<KTR::DPC::CorrectionSet>
-FindSet(const std::vector<boost::shared_ptr<KTR::DPC::CorrectionSet>>& sets, const std::string& name)
+boost::shared_ptr<KTR::DPC::CorrectionSet> FindSet(const std::vector<boost::shared_ptr<KTR::DPC::CorrectionSet>>& sets,
+                                                   const std::string& name)
 {
     std::string names;
     for (const boost::shared_ptr<KTR::DPC::CorrectionSet>& set : sets)

@@ -60,8 +60,8 @@ private:
 };
 
 // The adapter's set of that name. Throws KTR::System::Exception when there is none.
-boost::shared_ptr<KTR::DPC::CorrectionSet>
-FindSet(const std::vector<boost::shared_ptr<KTR::DPC::CorrectionSet>>& sets, const std::string& name);
+boost::shared_ptr<KTR::DPC::CorrectionSet> FindSet(const std::vector<boost::shared_ptr<KTR::DPC::CorrectionSet>>& sets,
+                                                   const std::string& name);
 
 // Whether the camera has a feature of that name.
 bool HasFeature(KTR::DPC::CameraAbstraction& camera, const std::string& name);

@@ -69,8 +69,8 @@ ExitStatus List(const Request& request)
         }
         else
         {
-            std::cout << row.id << '\t' << row.model << '\t' << row.serial << '\t' << row.family << '\t' << row.dpc << '\t'
-                      << row.access << '\n';
+            std::cout << row.id << '\t' << row.model << '\t' << row.serial << '\t' << row.family << '\t' << row.dpc
+                      << '\t' << row.access << '\n';
         }
     }
     if (request.json)

@@ -2,14 +2,14 @@
 
 #include "CameraSession.h"
 #include "Command.h"
-#include "Detection.h"
 #include "DefectOutput.h"
+#include "Detection.h"
 #include "FrameGrabber.h"
 #include "SettingsKeeper.h"
 #include "Upload.h"
 
+#include "DefectUiType.h"
 #include "Exception.h"
-#include "SensorDefectConversion.h"
 
 #include <CLI/CLI.hpp>
 #include <boost/algorithm/string/case_conv.hpp>
@@ -49,8 +49,11 @@ class Commissioning
 {
 public:
     explicit Commissioning(const Options& options)
-        : m_options(options), m_session(options.camera), m_camera(m_session.Abstraction()),
-          m_adapter(m_session.Adapter()), m_settings(*m_camera)
+        : m_options(options),
+          m_session(options.camera),
+          m_camera(m_session.Abstraction()),
+          m_adapter(m_session.Adapter()),
+          m_settings(*m_camera)
     {
         FindSet(Sets(), m_options.set);
     }
@@ -98,7 +101,7 @@ private:
         std::vector<int> types;
         for (const KTR::DPC::SensorDefectType type : m_adapter->GetAvailableDefectTypes())
         {
-            types.push_back(ToDefectUiType(type));
+            types.push_back(DefectUiType::FromSensorDefectType(type));
         }
         m_found = DetectInFrame(dark, m_options.threshold, static_cast<int>(m_adapter->GetSensorWidth()),
                                 static_cast<int>(m_adapter->GetSensorHeight()), types);
@@ -110,7 +113,8 @@ private:
             return;
         }
 
-        Progress((boost::format("Writing %1% defects into correction set \"%2%\"...") % m_found.size() % m_options.set).str());
+        Progress((boost::format("Writing %1% defects into correction set \"%2%\"...") % m_found.size() % m_options.set)
+                     .str());
         const UploadResult upload = Upload(*m_adapter, FindSet(Sets(), m_options.set), {}, m_found);
         m_written = static_cast<int>(upload.readBack.size());
         m_equal = upload.equal;
@@ -170,14 +174,16 @@ private:
 
     void CheckLimit() const
     {
-        const float pixels = static_cast<float>(m_adapter->GetSensorWidth()) * static_cast<float>(m_adapter->GetSensorHeight());
+        const float pixels =
+            static_cast<float>(m_adapter->GetSensorWidth()) * static_cast<float>(m_adapter->GetSensorHeight());
         const int limit = m_options.limit.value_or(static_cast<int>(pixels * LimitShare));
         if (m_found.size() > limit)
         {
             throw KTR::System::Exception(
-                (boost::format("Detection is done.\n%1% defects found.\nThe maximum number of defects\nsupported by the "
-                               "tool (%2%) is exceeded.\n\nPlease check your configuration:\n\nThreshold too low?\n"
-                               "Exposure or gain too high?\nCamera not properly covered?") %
+                (boost::format(
+                     "Detection is done.\n%1% defects found.\nThe maximum number of defects\nsupported by the "
+                     "tool (%2%) is exceeded.\n\nPlease check your configuration:\n\nThreshold too low?\n"
+                     "Exposure or gain too high?\nCamera not properly covered?") %
                  m_found.size() % limit)
                     .str(),
                 true);
@@ -244,16 +250,17 @@ private:
             {
                 list[i]["hidden"] = static_cast<bool>(m_isHidden[i]);
             }
-            const nlohmann::ordered_json document = {{"found", m_found.size()}, {"written", m_written}, {"equal", m_equal},
-                                                     {"hidden", m_hidden},      {"visible", m_visible}, {"defects", list}};
+            const nlohmann::ordered_json document = {{"found", m_found.size()}, {"written", m_written},
+                                                     {"equal", m_equal},        {"hidden", m_hidden},
+                                                     {"visible", m_visible},    {"defects", list}};
             std::cout << document.dump(2) << '\n';
             return;
         }
         for (std::size_t i = 0; i < m_isHidden.size(); ++i)
         {
             const DefectInfo& defect = m_found[static_cast<int>(i)];
-            std::cout << defect.type << ' ' << defect.x << ' ' << defect.y << ' ' << defect.width << ' ' << defect.height << ' '
-                      << (m_isHidden[i] ? "hidden" : "visible") << '\n';
+            std::cout << defect.type << ' ' << defect.x << ' ' << defect.y << ' ' << defect.width << ' '
+                      << defect.height << ' ' << (m_isHidden[i] ? "hidden" : "visible") << '\n';
         }
         std::cout << "found " << m_found.size() << ", written " << m_written << ", hidden " << m_hidden << ", visible "
                   << m_visible << '\n';

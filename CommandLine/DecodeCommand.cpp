@@ -26,9 +26,11 @@ ExitStatus Decode(const Options& options, const Request& request)
 {
     const Family& family = FindFamily(options.family);
     const QByteArray bytes = ReadWholeFile(options.file);
-    const Defects defects = family.decode(std::vector<std::uint8_t>(bytes.begin(), bytes.end()), options.sensor);
-    PrintDefects(ToDefectInfos(defects, static_cast<int>(options.sensor.width), static_cast<int>(options.sensor.height)),
-                 options.output, request);
+    const KTR::DPC::SensorDefectList defects =
+        family.decode(std::vector<std::uint8_t>(bytes.begin(), bytes.end()), options.sensor);
+    PrintDefects(
+        ToDefectInfos(defects, static_cast<int>(options.sensor.width), static_cast<int>(options.sensor.height)),
+        options.output, request);
     return Done;
 }
 
@@ -40,12 +42,16 @@ void AddDecode(CLI::App& app, Request& request)
     CLI::App* command = app.add_subcommand("decode", "List the defects in on-camera bytes");
     command->add_option("FAMILY", options->family, "Camera family")->required()->check(CLI::IsMember(FamilyNames()));
     command->add_option("FILE", options->file, "File with the bytes")->required();
-    command->add_option("--width", options->sensor.width, "Sensor width in pixels")->required()->check(CLI::Range(1, 65535));
+    command->add_option("--width", options->sensor.width, "Sensor width in pixels")
+        ->required()
+        ->check(CLI::Range(1, 65535));
     command->add_option("--height", options->sensor.height, "Sensor height in pixels")
         ->required()
         ->check(CLI::Range(1, 65535));
-    command->add_option("-o,--output", options->output, "XML file to write; else one defect a line: type x y width height");
-    command->callback([options, &request] { request.action = [options, &request] { return Decode(*options, request); }; });
+    command->add_option("-o,--output", options->output,
+                        "XML file to write; else one defect a line: type x y width height");
+    command->callback([options, &request]
+                      { request.action = [options, &request] { return Decode(*options, request); }; });
 }
 
 } // namespace CommandLine

@@ -29,7 +29,7 @@ void PrintDefects(const QVector<DefectInfo>& defects, const std::string& xmlFile
 {
     if (!xmlFile.empty())
     {
-        WriteWholeFile(xmlFile, WriteXmlPixelList(defects));
+        WriteWholeFile(xmlFile, ToXml(defects));
         std::cerr << defects.size() << " defects written to " << xmlFile << '\n';
     }
     if (request.json)
@@ -40,8 +40,8 @@ void PrintDefects(const QVector<DefectInfo>& defects, const std::string& xmlFile
     {
         for (const DefectInfo& defect : defects)
         {
-            std::cout << defect.type << ' ' << defect.x << ' ' << defect.y << ' ' << defect.width << ' ' << defect.height
-                      << '\n';
+            std::cout << defect.type << ' ' << defect.x << ' ' << defect.y << ' ' << defect.width << ' '
+                      << defect.height << '\n';
         }
     }
 }
@@ -53,8 +53,8 @@ void WriteWholeFile(const std::string& path, const QByteArray& bytes)
     file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
     {
-        throw KTR::System::Exception("The file " + path + " could not be written: " + file.errorString().toStdString() + ".",
-                                     true);
+        throw KTR::System::Exception(
+            "The file " + path + " could not be written: " + file.errorString().toStdString() + ".", true);
     }
 }
 
@@ -63,14 +63,14 @@ QByteArray ReadWholeFile(const std::string& path)
     QFile file(QString::fromLocal8Bit(path.c_str()));
     if (!file.open(QIODevice::ReadOnly))
     {
-        throw KTR::System::Exception("The file " + path + " could not be read: " + file.errorString().toStdString() + ".",
-                                     true);
+        throw KTR::System::Exception(
+            "The file " + path + " could not be read: " + file.errorString().toStdString() + ".", true);
     }
     const QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
     {
-        throw KTR::System::Exception("The file " + path + " could not be read: " + file.errorString().toStdString() + ".",
-                                     true);
+        throw KTR::System::Exception(
+            "The file " + path + " could not be read: " + file.errorString().toStdString() + ".", true);
     }
     return bytes;
 }

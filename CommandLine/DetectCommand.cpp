@@ -1,11 +1,11 @@
 // detect: the automatic detection on an image file.
 
 #include "Command.h"
-#include "Detection.h"
 #include "DefectOutput.h"
+#include "Detection.h"
 
 #include "Exception.h"
-#include "GreyImage.h"
+#include "FrameFile.h"
 
 #include <CLI/CLI.hpp>
 
@@ -31,7 +31,7 @@ struct Options
 ExitStatus Detect(const Options& options, const Request& request)
 {
     QString problem;
-    const QImage image = LoadGreyImage(QString::fromLocal8Bit(options.image.c_str()), &problem);
+    const QImage image = LoadFrameFile(QString::fromLocal8Bit(options.image.c_str()), &problem);
     if (image.isNull())
     {
         throw KTR::System::Exception(problem.toStdString(), true);
@@ -60,8 +60,10 @@ void AddDetect(CLI::App& app, Request& request)
         ->check(CLI::Range(1, 65535));
     command->add_option("--height", options->height, "Length that makes a run a whole column; likewise")
         ->check(CLI::Range(1, 65535));
-    command->add_option("-o,--output", options->output, "XML file to write; else one defect a line: type x y width height");
-    command->callback([options, &request] { request.action = [options, &request] { return Detect(*options, request); }; });
+    command->add_option("-o,--output", options->output,
+                        "XML file to write; else one defect a line: type x y width height");
+    command->callback([options, &request]
+                      { request.action = [options, &request] { return Detect(*options, request); }; });
 }
 
 } // namespace CommandLine

@@ -5,7 +5,8 @@
 namespace CommandLine
 {
 
-QVector<DefectInfo> DetectInFrame(const QImage& frame, int threshold, int width, int height, const std::vector<int>& types)
+QVector<DefectInfo> DetectInFrame(const QImage& frame, int threshold, int width, int height,
+                                  const std::vector<int>& types)
 {
     QVector<DefectInfo> defects;
     for (const TemporaryDefectInfo& found : DetectDefects(frame, threshold, width, height, types))
@@ -16,7 +17,7 @@ QVector<DefectInfo> DetectInFrame(const QImage& frame, int threshold, int width,
         defect.width = found.width;
         defect.height = found.height;
         defect.type = found.type;
-        defect.color = 0;
+        defect.color = DefectInfo::NewColor;
         defect.number = defects.size();
         defects.push_back(defect);
     }

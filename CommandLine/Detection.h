@@ -16,6 +16,7 @@ constexpr int DefaultThreshold = 40;
 
 // The defects as new entries of a pixel list. width and height are the lengths that make a run a whole row or column,
 // types the kinds that can be stored.
-QVector<DefectInfo> DetectInFrame(const QImage& frame, int threshold, int width, int height, const std::vector<int>& types);
+QVector<DefectInfo> DetectInFrame(const QImage& frame, int threshold, int width, int height,
+                                  const std::vector<int>& types);
 
 } // namespace CommandLine

@@ -12,14 +12,15 @@ namespace CommandLine
 namespace
 {
 
-std::vector<std::uint8_t> EncodeOstrel(const Defects& defects, const SensorDescription& sensor, const Conditions&)
+std::vector<std::uint8_t> EncodeOstrel(const KTR::DPC::SensorDefectList& defects, const SensorDescription& sensor,
+                                       const Conditions&)
 {
     KTR::DPC::DpcFileOstrel file(sensor.reverse, sensor.width, sensor.height);
-    file.addDefects(defects);
+    KTR::DPC::DpcAdapterOstrel::addDefects(file, defects);
     return file.getRawData();
 }
 
-Defects DecodeOstrel(const std::vector<std::uint8_t>& bytes, const SensorDescription& sensor)
+KTR::DPC::SensorDefectList DecodeOstrel(const std::vector<std::uint8_t>& bytes, const SensorDescription& sensor)
 {
     return KTR::DPC::DpcFileOstrel::getSensorDefectsListFromRawData(bytes, static_cast<std::uint16_t>(sensor.width));
 }
@@ -43,11 +44,12 @@ std::vector<std::string> FamilyNames()
 const Family& FindFamily(const std::string& name)
 {
     const std::vector<Family>& families = Families();
-    const auto family =
-        std::find_if(families.begin(), families.end(), [&name](const Family& candidate) { return candidate.name == name; });
+    const auto family = std::find_if(families.begin(), families.end(),
+                                     [&name](const Family& candidate) { return candidate.name == name; });
     if (family == families.end())
     {
-        throw KTR::System::Exception("The on-camera form of family \"" + name + "\" is not supported by this version.", true);
+        throw KTR::System::Exception("The on-camera form of family \"" + name + "\" is not supported by this version.",
+                                     true);
     }
     return *family;
 }

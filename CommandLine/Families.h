@@ -32,16 +32,14 @@ struct Conditions
     std::optional<double> temperatureC;
 };
 
-using Defects = std::vector<boost::shared_ptr<KTR::DPC::SensorDefect>>;
-
 // One family's way of holding its defects. Both functions throw KTR::System::Exception.
 struct Family
 {
     const char* name;
     std::vector<KTR::DPC::SensorDefectType> types; // that it stores, in its order
-    std::vector<std::uint8_t> (*encode)(const Defects& defects, const SensorDescription& sensor,
+    std::vector<std::uint8_t> (*encode)(const KTR::DPC::SensorDefectList& defects, const SensorDescription& sensor,
                                         const Conditions& conditions);
-    Defects (*decode)(const std::vector<std::uint8_t>& bytes, const SensorDescription& sensor);
+    KTR::DPC::SensorDefectList (*decode)(const std::vector<std::uint8_t>& bytes, const SensorDescription& sensor);
 };
 
 // Names that the command line takes.

@@ -42,9 +42,9 @@ struct FeatureRow
 std::string TypeName(FeatureType type)
 {
     static const std::map<FeatureType, std::string> names = {
-        {FeatureType::Unknown, "unknown"}, {FeatureType::Integer, "integer"}, {FeatureType::Float, "float"},
-        {FeatureType::Enumeration, "enumeration"}, {FeatureType::String, "string"}, {FeatureType::Boolean, "boolean"},
-        {FeatureType::Command, "command"}, {FeatureType::Raw, "raw"}, {FeatureType::None, "none"}};
+        {FeatureType::Unknown, "unknown"},         {FeatureType::Integer, "integer"}, {FeatureType::Float, "float"},
+        {FeatureType::Enumeration, "enumeration"}, {FeatureType::String, "string"},   {FeatureType::Boolean, "boolean"},
+        {FeatureType::Command, "command"},         {FeatureType::Raw, "raw"},         {FeatureType::None, "none"}};
     return names.at(type);
 }
 
@@ -135,12 +135,14 @@ void AddFeatures(CLI::App& app, Request& request)
     CLI::App* features = app.add_subcommand("features", "Print features: name, value, type, access, range or entries");
     features->add_option("CAMERA", options->camera, "Camera ID")->required();
     features->add_option("NAME", options->names, "Features to print; all without one");
-    features->callback([options, &request] { request.action = [options, &request] { return Print(*options, request); }; });
+    features->callback([options, &request]
+                       { request.action = [options, &request] { return Print(*options, request); }; });
 
     CLI::App* set = app.add_subcommand("set", "Write a feature");
     set->add_option("CAMERA", options->camera, "Camera ID")->required();
     set->add_option("NAME", options->name, "Feature")->required();
-    set->add_option("VALUE", options->value, "Number, true or false, entry or text; any word for a command")->required();
+    set->add_option("VALUE", options->value, "Number, true or false, entry or text; any word for a command")
+        ->required();
     set->callback([options, &request] { request.action = [options] { return Set(*options); }; });
 }
 

@@ -45,7 +45,9 @@ class Collector
 {
 public:
     Collector(ApiController& api, int wanted)
-        : m_api(api), m_wanted(wanted), m_image(api.GetWidth(), api.GetHeight(), QImage::Format_Grayscale8)
+        : m_api(api),
+          m_wanted(wanted),
+          m_image(api.GetWidth(), api.GetHeight(), QImage::Format_Grayscale8)
     {
     }
 
@@ -164,11 +166,10 @@ QImage GrabFrame(ApiController& api, KTR::DPC::CameraAbstraction& camera, int fr
     api.ClearFrameQueue();
     if (image.isNull())
     {
-        throw KTR::System::Exception(
-            (boost::format("The camera delivered no complete frame within %1% seconds.") %
-             std::chrono::duration_cast<std::chrono::seconds>(timeout).count())
-                .str(),
-            true);
+        throw KTR::System::Exception((boost::format("The camera delivered no complete frame within %1% seconds.") %
+                                      std::chrono::duration_cast<std::chrono::seconds>(timeout).count())
+                                         .str(),
+                                     true);
     }
     return image;
 }

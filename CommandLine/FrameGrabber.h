@@ -9,7 +9,8 @@
 namespace CommandLine
 {
 
-// Frames that pass before one counts as settled: exposure, gain and corrections that were just set reach the image late.
+// Frames that pass before one counts as settled: exposure, gain and corrections that were just set reach the image
+// late.
 constexpr int SettlingFrames = 4;
 
 // Switches to a pixel format with one byte for each sensor pixel, mosaic untouched: the present one if it is such a

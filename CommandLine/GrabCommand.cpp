@@ -61,7 +61,8 @@ void AddGrab(CLI::App& app, Request& request)
     command->add_option("--frames", options->frames, "How many frames to take; the last one is saved")
         ->check(CLI::Range(1, 100000))
         ->capture_default_str();
-    command->callback([options, &request] { request.action = [options, &request] { return Grab(*options, request); }; });
+    command->callback([options, &request]
+                      { request.action = [options, &request] { return Grab(*options, request); }; });
 }
 
 } // namespace CommandLine

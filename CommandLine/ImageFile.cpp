@@ -17,9 +17,8 @@ void SaveImage(const QImage& image, const std::string& path)
     QImageWriter writer(&buffer, QFileInfo(QString::fromLocal8Bit(path.c_str())).suffix().toLatin1());
     if (!writer.write(image))
     {
-        throw KTR::System::Exception("The image " + path + " could not be written: " + writer.errorString().toStdString() +
-                                         ".",
-                                     true);
+        throw KTR::System::Exception(
+            "The image " + path + " could not be written: " + writer.errorString().toStdString() + ".", true);
     }
     WriteWholeFile(path, buffer.data());
 }

@@ -37,8 +37,10 @@ void AddRead(CLI::App& app, Request& request)
     CLI::App* command = app.add_subcommand("read", "Read a correction set as a pixel list");
     command->add_option("CAMERA", options->camera, "Camera ID")->required();
     command->add_option("SET", options->set, "Correction set")->required();
-    command->add_option("-o,--output", options->output, "XML file to write; else one defect a line: type x y width height");
-    command->callback([options, &request] { request.action = [options, &request] { return Read(*options, request); }; });
+    command->add_option("-o,--output", options->output,
+                        "XML file to write; else one defect a line: type x y width height");
+    command->callback([options, &request]
+                      { request.action = [options, &request] { return Read(*options, request); }; });
 }
 
 } // namespace CommandLine

@@ -67,8 +67,9 @@ ExitStatus List(const std::string& cameraId, const Request& request)
         }
         else
         {
-            std::cout << set->getName() << '\t' << word(writable) << '\t' << word(available) << '\t' << word(empty) << '\t'
-                      << word(enabled) << '\t' << word(isDefault) << '\t' << MetadataText(set->getAllMetadata()) << '\n';
+            std::cout << set->getName() << '\t' << word(writable) << '\t' << word(available) << '\t' << word(empty)
+                      << '\t' << word(enabled) << '\t' << word(isDefault) << '\t' << MetadataText(set->getAllMetadata())
+                      << '\n';
         }
     }
     if (request.json)
@@ -83,8 +84,8 @@ ExitStatus List(const std::string& cameraId, const Request& request)
 void AddSets(CLI::App& app, Request& request)
 {
     auto camera = std::make_shared<std::string>();
-    CLI::App* command = app.add_subcommand(
-        "sets", "List the correction sets: name, then yes or no for writable, available, empty, enabled, default, then metadata");
+    CLI::App* command = app.add_subcommand("sets", "List the correction sets: name, then yes or no for writable, "
+                                                   "available, empty, enabled, default, then metadata");
     command->add_option("CAMERA", *camera, "Camera ID")->required();
     command->callback([camera, &request] { request.action = [camera, &request] { return List(*camera, request); }; });
 }

@@ -18,14 +18,14 @@ using KTR::DPC::FeatureType;
 
 // In the order of putting back: the format before what depends on it, manual values before the automatic modes that may
 // take them over, sizes before offsets.
-constexpr const char* KeptFeatures[] = {"PixelFormat", "ReverseX", "ReverseY",     "ExposureTime", "ExposureTimeAbs", "Gain",
-                                        "Width",       "Height",   "OffsetX",      "OffsetY",      "ExposureAuto",
-                                        "GainAuto"};
+constexpr const char* KeptFeatures[] = {"PixelFormat",     "ReverseX", "ReverseY",     "ExposureTime",
+                                        "ExposureTimeAbs", "Gain",     "Width",        "Height",
+                                        "OffsetX",         "OffsetY",  "ExposureAuto", "GainAuto"};
 
 [[noreturn]] void RefuseText(const std::string& name, const std::string& text, const char* wanted)
 {
-    throw KTR::System::Exception("\"" + text + "\" is no value of feature \"" + name + "\", which takes " + wanted + ".",
-                                 true);
+    throw KTR::System::Exception(
+        "\"" + text + "\" is no value of feature \"" + name + "\", which takes " + wanted + ".", true);
 }
 
 } // namespace

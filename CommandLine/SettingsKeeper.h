@@ -30,8 +30,8 @@ private:
     std::vector<Setting> m_settings;
 };
 
-// Value of a feature as text: numbers in decimal, booleans as "true" or "false", raw bytes in hexadecimal, nothing for a
-// command. Throws KTR::System::Exception.
+// Value of a feature as text: numbers in decimal, booleans as "true" or "false", raw bytes in hexadecimal, nothing for
+// a command. Throws KTR::System::Exception.
 std::string FeatureText(KTR::DPC::CameraAbstraction& camera, const std::string& name);
 
 // Sets a feature from such a text; a command is run. Throws KTR::System::Exception, also for a text that is no value of

@@ -4,7 +4,10 @@
 #include "DefectUiType.h"
 #include "Exception.h"
 #include "PixelListXml.h"
+#include "PixelListXmlHandler.h"
 #include "SensorDefectConversion.h"
+
+#include <QBuffer>
 
 #include <algorithm>
 #include <array>
@@ -33,20 +36,22 @@ std::vector<std::tuple<int, int, int, int>> Rectangles(const QVector<DefectInfo>
 
 } // namespace
 
-SensorDefects SelectForUpload(const QVector<DefectInfo>& list, const std::vector<KTR::DPC::SensorDefectType>& types)
+KTR::DPC::SensorDefectList SelectForUpload(const QVector<DefectInfo>& list,
+                                           const std::vector<KTR::DPC::SensorDefectType>& types)
 {
-    SensorDefects selected = SetNewSensorDefects(types, list);
+    KTR::DPC::SensorDefectList selected = SetNewSensorDefects(types, list);
     for (int type = DefectUiType::SinglePixel; type <= DefectUiType::Row; ++type)
     {
         const bool stored = type != DefectUiType::Cluster &&
-                            std::any_of(types.begin(), types.end(), [type](KTR::DPC::SensorDefectType candidate)
-                                        { return ToDefectUiType(candidate) == type; });
+                            std::any_of(types.begin(), types.end(),
+                                        [type](KTR::DPC::SensorDefectType candidate)
+                                        { return DefectUiType::FromSensorDefectType(candidate) == type; });
         const auto count =
             std::count_if(list.begin(), list.end(), [type](const DefectInfo& defect) { return defect.type == type; });
         if (!stored && count > 0)
         {
             std::cerr << "Left out, since this family does not store the kind: " << count << " of type "
-                      << DefectUiTypeName(type).toStdString() << '\n';
+                      << DefectUiType::Text(type) << '\n';
         }
     }
     return selected;
@@ -56,12 +61,16 @@ QVector<DefectInfo> LoadPixelList(const std::string& path, int width, int height
 {
     const std::vector<int> allTypes = {DefectUiType::SinglePixel, DefectUiType::PixelColumn, DefectUiType::PixelRow,
                                        DefectUiType::Cluster,     DefectUiType::Column,      DefectUiType::Row};
-    const QByteArray bytes = ReadWholeFile(path);
-    if (IsEmptyXmlPixelList(bytes))
+    QByteArray bytes = ReadWholeFile(path);
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    const std::optional<QVector<DefectInfo>> entries = ParsePixelListXml(buffer);
+    if (entries && entries->isEmpty())
     {
         return {};
     }
-    std::optional<QVector<DefectInfo>> list = ParseXmlPixelList(bytes, width, height, allTypes);
+    std::optional<QVector<DefectInfo>> list =
+        ReadXmlPixelList(QString::fromLocal8Bit(path.c_str()), width, height, allTypes);
     if (!list)
     {
         throw KTR::System::Exception("File is corrupted: " + path, true);
@@ -69,9 +78,10 @@ QVector<DefectInfo> LoadPixelList(const std::string& path, int width, int height
     return *std::move(list);
 }
 
-QVector<DefectInfo> ToPixelList(KTR::DPC::DpcAdapter& adapter, const SensorDefects& defects)
+QVector<DefectInfo> ToPixelList(KTR::DPC::DpcAdapter& adapter, const KTR::DPC::SensorDefectList& defects)
 {
-    return ToDefectInfos(defects, static_cast<int>(adapter.GetSensorWidth()), static_cast<int>(adapter.GetSensorHeight()));
+    return ToDefectInfos(defects, static_cast<int>(adapter.GetSensorWidth()),
+                         static_cast<int>(adapter.GetSensorHeight()));
 }
 
 UploadResult Upload(KTR::DPC::DpcAdapter& adapter, const boost::shared_ptr<KTR::DPC::CorrectionSet>& set,

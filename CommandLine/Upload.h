@@ -16,20 +16,19 @@
 namespace CommandLine
 {
 
-using SensorDefects = std::vector<boost::shared_ptr<KTR::DPC::SensorDefect>>;
-
 // A pixel list as it is uploaded: only the kinds that the family stores, grouped by kind in its order. Says on standard
 // error how many of which kind were left out.
-SensorDefects SelectForUpload(const QVector<DefectInfo>& list, const std::vector<KTR::DPC::SensorDefectType>& types);
+KTR::DPC::SensorDefectList SelectForUpload(const QVector<DefectInfo>& list,
+                                           const std::vector<KTR::DPC::SensorDefectType>& types);
 
-// The pixel list in an XML file; a well-formed file without any entry is the empty list. width and height are those of the
-// sensor. Throws KTR::System::Exception with the window's words when the file is not accepted.
+// The pixel list in an XML file; a well-formed file without any entry is the empty list. width and height are those of
+// the sensor. Throws KTR::System::Exception with the window's words when the file is not accepted.
 QVector<DefectInfo> LoadPixelList(const std::string& path, int width, int height);
 
 struct UploadResult
 {
-    SensorDefects written;
-    SensorDefects readBack;
+    KTR::DPC::SensorDefectList written;
+    KTR::DPC::SensorDefectList readBack;
     bool equal; // whether both cover the same rectangles of the sensor
 };
 
@@ -38,6 +37,6 @@ UploadResult Upload(KTR::DPC::DpcAdapter& adapter, const boost::shared_ptr<KTR::
                     const std::map<std::string, double>& metadata, const QVector<DefectInfo>& list);
 
 // The defects as entries of a pixel list that was read from a camera.
-QVector<DefectInfo> ToPixelList(KTR::DPC::DpcAdapter& adapter, const SensorDefects& defects);
+QVector<DefectInfo> ToPixelList(KTR::DPC::DpcAdapter& adapter, const KTR::DPC::SensorDefectList& defects);
 
 } // namespace CommandLine

@@ -43,7 +43,8 @@ ExitStatus Write(const Options& options, const Request& request)
             metadata[key] = *value;
         }
     }
-    std::cerr << "Writing " << list.size() << " defects into \"" << options.set << "\" of " << options.camera << "...\n";
+    std::cerr << "Writing " << list.size() << " defects into \"" << options.set << "\" of " << options.camera
+              << "...\n";
     const UploadResult result = Upload(*adapter, set, metadata, list);
     if (request.json)
     {
@@ -78,7 +79,8 @@ void AddWrite(CLI::App& app, Request& request)
     command->add_option("--gain", options->gain, "Gain at which the list was made, for families that keep it");
     command->add_option("--exposure", options->exposure, "Exposure time in microseconds, likewise");
     command->add_option("--temperature", options->temperature, "Sensor temperature in degrees Celsius, likewise");
-    command->callback([options, &request] { request.action = [options, &request] { return Write(*options, request); }; });
+    command->callback([options, &request]
+                      { request.action = [options, &request] { return Write(*options, request); }; });
 }
 
 } // namespace CommandLine

@@ -38,8 +38,8 @@ public:
     ZltErrorType CloseCamera();
 
     // Sets the largest even image size and starts the stream with three buffers and a new frame observer.
-    // ZltErrorNotSupported when the camera has no stream. A failure after that is not reported: the stream then counts as
-    // running and no frame comes.
+    // ZltErrorNotSupported when the camera has no stream. A failure after that is not reported: the stream then counts
+    // as running and no frame comes.
     ZltErrorType StartContinuousImageAcquisition();
     void StopContinuousImageAcquisition();
 

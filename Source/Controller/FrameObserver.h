@@ -9,8 +9,8 @@
 
 #include <queue>
 
-// FrameReceived runs on a thread of the camera API, the other operations on any thread. The queue never holds more frames
-// than the acquisition has buffers, since each frame must be queued again before the camera can fill it.
+// FrameReceived runs on a thread of the camera API, the other operations on any thread. The queue never holds more
+// frames than the acquisition has buffers, since each frame must be queued again before the camera can fill it.
 class FrameObserver : public QObject, public virtual ZltApi::IFrameObserver
 {
     Q_OBJECT
@@ -18,8 +18,8 @@ class FrameObserver : public QObject, public virtual ZltApi::IFrameObserver
 public:
     explicit FrameObserver(const ZltApi::CameraPtr& camera);
 
-    // Queues the frame and announces it. A frame that nobody waits for, or whose status cannot be read, goes straight back
-    // to the camera, so that its buffer stays in circulation.
+    // Queues the frame and announces it. A frame that nobody waits for, or whose status cannot be read, goes straight
+    // back to the camera, so that its buffer stays in circulation.
     void FrameReceived(ZltApi::FramePtr frame) override;
 
     // The oldest frame, or null when there is none.
