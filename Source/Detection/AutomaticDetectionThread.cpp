@@ -49,8 +49,14 @@ void JoinRun(CandidateList& candidates, TemporaryDefectInfo& candidate, int Temp
 AutomaticDetectionThread::AutomaticDetectionThread(QObject* parent, QImage& image, QList<TemporaryDefectInfo>& defects,
                                                    int& threshold, int& width, int& height,
                                                    std::vector<int>& supportedDefects, QMutex* mutex)
-    : QObject(parent), m_image(image), m_defects(defects), m_threshold(threshold), m_width(width), m_height(height),
-      m_supportedDefects(supportedDefects), m_mutex(mutex)
+    : QObject(parent),
+      m_image(image),
+      m_defects(defects),
+      m_threshold(threshold),
+      m_width(width),
+      m_height(height),
+      m_supportedDefects(supportedDefects),
+      m_mutex(mutex)
 {
 }
 

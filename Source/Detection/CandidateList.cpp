@@ -16,7 +16,9 @@ std::size_t LowBit(std::size_t i)
 } // namespace
 
 CandidateList::CandidateList(const QList<TemporaryDefectInfo>& candidates)
-    : m_items(candidates.cbegin(), candidates.cend()), m_erased(m_items.size()), m_counts(m_items.size() + 1),
+    : m_items(candidates.cbegin(), candidates.cend()),
+      m_erased(m_items.size()),
+      m_counts(m_items.size() + 1),
       m_size(candidates.size())
 {
     m_entries.reserve(m_items.size());

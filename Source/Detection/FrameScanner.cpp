@@ -71,7 +71,8 @@ void AppendBrightPixels(const PixelType* pixels, int count, int leastSum, int x,
 // A mean of a whole sum over three is at or above a whole threshold exactly when the sum is at or above three times it,
 // also after rounding: so whole numbers decide, and thresholds that no pixel or every pixel reaches need no range.
 FrameScanner::FrameScanner(const QImage& image, int threshold)
-    : m_image(image), m_leastSum(3 * std::clamp(threshold, 0, MaximumSum / 3 + 1))
+    : m_image(image),
+      m_leastSum(3 * std::clamp(threshold, 0, MaximumSum / 3 + 1))
 {
 }
 

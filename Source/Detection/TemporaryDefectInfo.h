@@ -5,7 +5,12 @@
 struct TemporaryDefectInfo
 {
     TemporaryDefectInfo(int x_, int y_, int width_, int height_, int type_, double value_)
-        : x(x_), y(y_), width(width_), height(height_), type(type_), value(value_)
+        : x(x_),
+          y(y_),
+          width(width_),
+          height(height_),
+          type(type_),
+          value(value_)
     {
     }
 

@@ -1,8 +1,8 @@
 // One entry of the pixel list.
 #pragma once
 
-// A defect in zero-based sensor coordinates, sizes in pixels. Whole columns have y 0 and the sensor's height, whole rows
-// x 0 and its width.
+// A defect in zero-based sensor coordinates, sizes in pixels. Whole columns have y 0 and the sensor's height, whole
+// rows x 0 and its width.
 struct DefectInfo
 {
     int x = -1;
@@ -16,8 +16,5 @@ struct DefectInfo
     static constexpr int NewColor = 0;    // not yet in the camera
     static constexpr int CameraColor = 1; // read from the camera
 
-    bool isValid() const
-    {
-        return x != -1 && y != -1 && width != -1 && height != -1 && type != -1 && color != -1;
-    }
+    bool isValid() const { return x != -1 && y != -1 && width != -1 && height != -1 && type != -1 && color != -1; }
 };

@@ -65,7 +65,8 @@ QVector<DefectInfo> ToDefectInfos(const SensorDefectList& defects, int width, in
 {
     QVector<DefectInfo> list;
     list.reserve(static_cast<int>(defects.size()));
-    const auto add = [&list](std::uint32_t x, std::uint32_t y, int entryWidth, int entryHeight, int type) {
+    const auto add = [&list](std::uint32_t x, std::uint32_t y, int entryWidth, int entryHeight, int type)
+    {
         list.append({static_cast<int>(x), static_cast<int>(y), entryWidth, entryHeight, type, DefectInfo::CameraColor,
                      list.size()});
     };
