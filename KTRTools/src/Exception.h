@@ -1,6 +1,8 @@
 // The exception that every failure of the camera and adapter layers derives from.
 #pragma once
 
+#include "StaticDataInitializer.h" // so that static objects may throw: a failure logs itself through the registry
+
 #include <string>
 
 namespace KTR::System

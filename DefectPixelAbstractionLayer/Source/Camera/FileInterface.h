@@ -9,11 +9,13 @@ namespace KTR::DPC
 {
 
 // Every operation but IsOpen, GetSizeMax, IsWritable and GetName talks to the camera, and reports failure by throwing a
-// KTR::System::Exception. There is no virtual destructor: files are held by a boost::shared_ptr made from the concrete type.
+// KTR::System::Exception. There is no virtual destructor: files are held by a boost::shared_ptr made from the concrete
+// type.
 class FileInterface
 {
 public:
-    enum FileOpenMode
+    // The numbers are fixed; scoped, because the operations below bear the same names.
+    enum class FileOpenMode
     {
         Read = 0,
         Write = 1 // writing and appending
