@@ -136,6 +136,8 @@ TEST_F(Detection, FindsTheHotPixelsOfRecordedFrames)
         plain.Run();
         const QList<TemporaryDefectInfo> found = DetectDefects(plain.image, threshold, 408, 344, plain.supported);
         EXPECT_EQ(Texts(found), Texts(plain.defects)) << name;
+        const QImage wide = plain.image.convertToFormat(QImage::Format_RGB32);
+        EXPECT_EQ(Texts(DetectDefects(wide, threshold, 408, 344, plain.supported)), Texts(plain.defects)) << name;
         EXPECT_EQ(found.size(), count) << name << " at " << threshold;
         for (const char* hot : {"0 86 1 1 0", "109 200 1 1 0", "33 315 1 1 0", "286 340 1 1 0"})
         {
