@@ -129,7 +129,7 @@ TEST(DpcFileOstrel, OrdersRowsAndIndexesSegments)
         std::uint16_t position; // and this from it on
         Words body;
     } cases[] = {
-        {1600, "P1,250 P1,50", ReverseCapability::X, 2, 2, {0x8032, 1, 0x80FA, 1, 0xC000}},
+        {1600, "P1,260 P1,250 P1,50", ReverseCapability::X, 2, 2, {0x8032, 1, 0x80FA, 1, 0x8104, 1, 0xC000}},
         // A first row outside of segment 0 starts at word 0, which reads as not yet set.
         {1600, "P1,250 P1,260", ReverseCapability::Non, 2, 2, {0x80FA, 1, 0x8104, 1, 0xC000}},
         // The positions stay those of the unmirrored rows.
@@ -182,6 +182,7 @@ TEST(DpcFileOstrel, RefusesWhatIsNoWholeFileAndNoSensor)
         {{}, noTag},
         {Bytes(3, 0x44), noTag},
         {Bytes(300, 0xFF), noTag},
+        {Bytes(valid.begin(), valid.begin() + 136), noTag},    // a tag without a length is none
         {fromHex("44534554 00000000"), "outside of the data"}, // the first tag alone
         {patched(72, "00"), noTag},                            // no DSET
         {patched(132, "00"), noTag},                           // no PDA1
