@@ -3,6 +3,7 @@
 
 #include "Exception.h"
 #include "FeatureHelperException.h"
+#include "ZltApi/Camera.h"
 
 #include <boost/format.hpp>
 

@@ -5,7 +5,7 @@
 #include "FeatureCollection.h"
 #include "FeatureHelperException.h"
 #include "FileImpl.h"
-#include "ZltApi/Feature.h"
+#include "ZltApi/Camera.h"
 
 #include <new>
 #include <set>

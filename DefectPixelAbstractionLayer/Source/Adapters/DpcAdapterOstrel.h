@@ -63,10 +63,11 @@ public:
     // Null when no file of the camera bears the set's name.
     boost::shared_ptr<FileInterface> getFileForCorrectionSet(const CorrectionSetPtr& set);
 
-protected:
-    const boost::shared_ptr<CameraAbstraction>& camera() const { return m_camera; }
     // Passes the kinds that the family can store on to the file, in list order.
     static void addDefects(DpcFileOstrel& file, const SensorDefectList& defects);
+
+protected:
+    const boost::shared_ptr<CameraAbstraction>& camera() const { return m_camera; }
 
 private:
     static std::vector<SensorDefectType> initializeSupportedSensorDefectTypes();

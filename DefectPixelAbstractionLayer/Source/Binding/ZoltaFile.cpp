@@ -27,10 +27,10 @@ void ZoltaFile::Open(FileOpenMode mode)
 {
     switch (mode)
     {
-    case FileInterface::Read:
+    case FileOpenMode::Read:
         m_file->Open("Read");
         break;
-    case FileInterface::Write:
+    case FileOpenMode::Write:
         m_file->Open("Write");
         break;
     default: // counts as open without a word to the camera

@@ -1,0 +1,118 @@
+// Tests of the static data registry.
+#include "StaticData.h"
+#include "FailingAllocation.h"
+#include "Failure.h"
+#include "Logger.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <thread>
+#include <vector>
+
+using KTR::System::StaticData;
+
+namespace
+{
+
+// A slot for each number. Tells of its end, and may use another slot then.
+template <int Number> struct Data
+{
+    ~Data()
+    {
+        std::fprintf(stderr, "%d gone;", Number);
+        atEnd();
+    }
+    static boost::shared_ptr<Data> access() { return StaticData::Access<Data>(slot); }
+    static inline void* slot = nullptr;
+    void (*atEnd)() = [] {};
+    int used = 0;
+};
+
+// Constructed before main and destroyed after the exit handlers of main.
+bool g_useAtExit = false;
+const struct StaticUser
+{
+    StaticUser() { Data<0>::access()->used = 7; }
+    ~StaticUser()
+    {
+        if (g_useAtExit)
+        {
+            std::fprintf(stderr, "used %d;", Data<0>::access()->used);
+        }
+    }
+} User;
+
+// Fails to be made a number of times, and takes its time.
+struct Slow
+{
+    Slow()
+    {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        if (++made <= failing)
+        {
+            throw KTR::System::Exception("Not yet.", true);
+        }
+    }
+    static inline std::atomic<int> made{0};
+    static inline int failing = 0;
+    static inline void* slot = nullptr;
+};
+
+} // namespace
+
+TEST(StaticDataDeathTest, DiesLastMadeFirstAfterTheStaticObjectsThatUseIt)
+{
+    const auto run = []
+    {
+        g_useAtExit = true;
+        Data<1>::access()->used = 1;
+        Data<2>::access()->atEnd = [] { std::fprintf(stderr, "sees %d;", Data<1>::access()->used); };
+        Data<3>::access()->atEnd = [] { Data<4>::access(); }; // made during the shut-down
+        std::exit(0);
+    };
+    EXPECT_EXIT(run(), testing::ExitedWithCode(0), "^used 7;3 gone;4 gone;2 gone;sees 1;1 gone;0 gone;$");
+}
+
+// Eight threads race for one slot; the first ones to make the data fail, and those that wait take over.
+TEST(StaticData, IsMadeOnceByOneOfManyThreads)
+{
+    Slow::failing = 2;
+    std::atomic<int> failures{0};
+    std::vector<boost::shared_ptr<Slow>> results(8);
+    std::vector<std::thread> threads;
+    for (auto& result : results)
+    {
+        threads.emplace_back(
+            [&]
+            { failures += FailureOf([&] { result = StaticData::Access<Slow>(Slow::slot); }) == "Not yet." ? 1 : 0; });
+    }
+    for (std::thread& thread : threads)
+    {
+        thread.join();
+    }
+    EXPECT_EQ(failures, 2);
+    EXPECT_EQ(Slow::made, 3);
+    const auto data = StaticData::Access<Slow>(Slow::slot);
+    for (const auto& result : results)
+    {
+        failures -= result ? 0 : 1;
+        EXPECT_TRUE(!result || result == data);
+    }
+    EXPECT_EQ(failures, 0) << "a thread came back with neither data nor failure";
+}
+
+TEST(StaticData, SurvivesFailedAllocations)
+{
+    const char* const texts[] = {"Could not allocate static data container.", "Could not allocate static data."};
+    KTR::Tools::Logger::LogMessage("the logger's own data is there before");
+    for (unsigned number : {1U, 2U})
+    {
+        FailNothrowNew(number);
+        EXPECT_EQ(FailureOf([] { Data<5>::access(); }), texts[number - 1]);
+        EXPECT_EQ(Data<5>::slot, nullptr);
+    }
+    EXPECT_TRUE(Data<5>::access());
+}
