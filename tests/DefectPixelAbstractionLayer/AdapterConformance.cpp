@@ -3,7 +3,7 @@
 
 #include "ClusterDefect.h"
 #include "ColumnDefect.h"
-#include "FailureText.h"
+#include "Failure.h"
 #include "PixelColumnDefect.h"
 #include "PixelRowDefect.h"
 #include "RowDefect.h"
@@ -65,7 +65,7 @@ void checkSets(Bench& bench)
     bench.expect(bench.adapter->GetAvailableCorrectionSetsWithMetadata().size() == names.size(),
                  "GetAvailableCorrectionSetsWithMetadata: other sets than without metadata");
     bench.expect(listed(bench.adapter->GetDefaultCorrectionSet()->getName()), "GetDefaultCorrectionSet: unknown set");
-    if (failureText([&] { bench.adapter->SetDefaultCorrectionSet(bench.set); }).empty())
+    if (FailureOf([&] { bench.adapter->SetDefaultCorrectionSet(bench.set); }).empty())
     {
         bench.expect(*bench.adapter->GetDefaultCorrectionSet() == *bench.set, "SetDefaultCorrectionSet: no effect");
     }
@@ -112,7 +112,7 @@ void checkStore(Bench& bench)
     const bool restorable = adapter.IsRestoreFactorySettingsAvailable(bench.set);
     bench.expect(same(bench.stored(), bench.samples),
                  "IsRestoreFactorySettingsAvailable: a question changed the store");
-    bench.expect(failureText([&] { adapter.RestoreFactorySettings(bench.set); }).empty() == restorable,
+    bench.expect(FailureOf([&] { adapter.RestoreFactorySettings(bench.set); }).empty() == restorable,
                  "RestoreFactorySettings: not as IsRestoreFactorySettingsAvailable said");
     adapter.WriteCorrectionSet(bench.set, bench.samples);
     adapter.EraseCorrectionSet(bench.set);
@@ -128,7 +128,7 @@ void checkFailures(const AdapterCase& adapterCase, std::vector<std::string>& vio
         Bench bench(adapterCase, violations);
         bench.adapter->WriteCorrectionSet(bench.set, bench.samples);
         bench.camera->log = {{}, {}, step};
-        const bool hidden = failureText([&] { transfer(bench); }).empty();
+        const bool hidden = FailureOf([&] { transfer(bench); }).empty();
         const auto calls = std::exchange(bench.camera->log, CallLog()).calls;
         if (calls.size() <= step)
         {
@@ -149,7 +149,7 @@ void checkFailures(const AdapterCase& adapterCase, std::vector<std::string>& vio
 std::vector<std::string> adapterViolations(const AdapterCase& adapterCase)
 {
     std::vector<std::string> violations;
-    const auto text = failureText(
+    const auto text = FailureOf(
         [&]
         {
             for (const auto check : {checkSensorSize, checkSets, checkKinds, checkStore})

@@ -1,7 +1,7 @@
 // The Ostrel adapter: what it says when a camera fails, and which calls it makes.
 #include "DpcAdapterOstrel.h"
 #include "ColumnDefect.h"
-#include "FailureText.h"
+#include "Failure.h"
 #include "OstrelCamera.h"
 #include "PixelDefect.h"
 #include "ScopedOpenFile.h"
@@ -85,7 +85,7 @@ TEST_F(DpcAdapterOstrelTest, SaysWhatFailed)
     {
         camera->log.refused = refused;
         const auto cause = refused.empty() ? "" : "Refused: " + refused;
-        EXPECT_EQ(failureText([&, &call = call, &set = set] { call(boost::make_shared<CorrectionSet>(set)); }),
+        EXPECT_EQ(FailureOf([&, &call = call, &set = set] { call(boost::make_shared<CorrectionSet>(set)); }),
                   text + cause);
     }
 }

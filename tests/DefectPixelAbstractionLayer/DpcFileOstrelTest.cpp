@@ -1,6 +1,6 @@
 // The defect pixel file of the Ostrel family, against bytes written out by hand.
 #include "DpcFileOstrel.h"
-#include "FailureText.h"
+#include "Failure.h"
 #include "PixelDefect.h"
 #include "PixelRowDefect.h"
 #include "RowDefect.h"
@@ -193,7 +193,7 @@ TEST(DpcFileOstrel, RefusesWhatIsNoWholeFileAndNoSensor)
     };
     for (const auto& [bytes, text] : cases)
     {
-        EXPECT_THAT(failureText([&bytes = bytes] { read(bytes); }), testing::HasSubstr(text));
+        EXPECT_THAT(FailureOf([&bytes = bytes] { read(bytes); }), testing::HasSubstr(text));
     }
     for (std::size_t size = 0; size < valid.size(); ++size)
     {
@@ -202,7 +202,7 @@ TEST(DpcFileOstrel, RefusesWhatIsNoWholeFileAndNoSensor)
     EXPECT_EQ(read(patched(84, "20000000")), "") << "an index table alone is an empty data set";
 
     const auto refusal = [](ReverseCapability capability, std::uint32_t width, std::uint32_t height)
-    { return failureText([&] { DpcFileOstrel(capability, width, height); }); };
+    { return FailureOf([&] { DpcFileOstrel(capability, width, height); }); };
     EXPECT_EQ(refusal(ReverseCapability::Y, 0, 0), "Allowed capabilities are: Non, X, XY!");
     EXPECT_EQ(refusal(ReverseCapability::XY, 0x10000, 0), "Width must be set!");
     EXPECT_EQ(refusal(ReverseCapability::X, 640, 0x10000), "Height must be set!");
