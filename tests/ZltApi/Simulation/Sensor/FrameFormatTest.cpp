@@ -141,11 +141,13 @@ TEST(FrameFormatTest, InterpolatesTheNearestNeighbours)
     std::reverse(bgr.begin(), bgr.end());
     EXPECT_EQ(bgr, rgb) << "mirrored both ways and blue first is the same backwards";
 
-    // Pure red by the full-range formula: Y 76, U 85, V 255. A line of odd width ends within a pair.
-    const Counts red = FromBytes({0xFF, 0, 0xFF, 0, 0, 0});
+    // Red 200, green 100, blue 50 all over; by the full-range formula Y is 124, U 86, V 182. A line of odd width ends
+    // within a pair.
+    const Counts orange = FromBytes({200, 100, 200, 100, 50, 100});
     const FrameGeometry line{3, 2, 0, 0, 3, 1};
-    EXPECT_EQ(Format(red, ColorFilter::BayerRG, line, ZltPixelFormatYUV422_8), (Bytes{76, 85, 76, 255, 76, 85}));
-    EXPECT_EQ(Format(red, ColorFilter::BayerRG, line, ZltPixelFormatYUV422_8_UYVY), (Bytes{85, 76, 255, 76, 85, 76}));
+    EXPECT_EQ(Format(orange, ColorFilter::BayerRG, line, ZltPixelFormatYUV422_8), (Bytes{124, 86, 124, 182, 124, 86}));
+    EXPECT_EQ(Format(orange, ColorFilter::BayerRG, line, ZltPixelFormatYUV422_8_UYVY),
+              (Bytes{86, 124, 182, 124, 86, 124}));
 }
 
 TEST(FrameFormatTest, ShowsTheChartInItsColours)
