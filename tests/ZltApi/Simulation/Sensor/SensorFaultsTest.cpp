@@ -43,6 +43,12 @@ TEST(SensorFaultsTest, LaysOutEveryShapeOfFault)
         { return std::count_if(lines.begin(), lines.end(), [size](const auto& line) { return line.second == size; }); };
         EXPECT_EQ(full(inColumn, Height), 1) << seed;
         EXPECT_EQ(full(inRow, Width), 1);
+        for (const std::uint32_t place : hot)
+        {
+            const auto lonely = [&](std::uint32_t step)
+            { return hot.count(place + step) != 0 || hot.count(place + 2 * step) + hot.count(place + 4 * step) == 0; };
+            EXPECT_TRUE(lonely(1) && lonely(Width)) << "two faults closer than 4 good pixels, seed " << seed;
+        }
         const auto groups = std::count_if(hot.begin(), hot.end(),
                                           [&hot](std::uint32_t place)
                                           { return hot.count(place - 1) == 0 && hot.count(place - Width) == 0; });

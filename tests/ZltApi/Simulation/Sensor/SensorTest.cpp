@@ -144,15 +144,21 @@ TEST(SensorTest, LightReachesAllButDeadPixels)
 {
     for (const ColorFilter filter : {ColorFilter::Mono, ColorFilter::BayerGB})
     {
-        Sensor sensor(Config(filter, 7));
+        Sensor sensor(Config(filter, 8));
         ExposureSettings settings;
         settings.blackLevel = 100.0;
+        const std::vector<std::size_t> dead = Pixels(sensor, FaultKind::Dead);
+        // Until the disc lies on the dead column.
+        const auto column = static_cast<std::uint32_t>(dead.front());
+        for (SceneRect disc{}; !disc.Contains(column, disc.y) && settings.frameNumber < 2000;)
+        {
+            disc = sensor.View().DiscArea(++settings.frameNumber);
+        }
+        EXPECT_LT(settings.frameNumber, 2000U);
         for (const double exposureUs : {100.0, ReferenceExposureUs, 1e7, 1e300})
         {
             settings.exposureUs = exposureUs;
-            settings.frameNumber += 300; // the disc passes some of them
             const Counts raw = Expose(sensor, settings);
-            const std::vector<std::size_t> dead = Pixels(sensor, FaultKind::Dead);
             EXPECT_TRUE(std::all_of(dead.begin(), dead.end(), [&raw](std::size_t pixel) { return raw[pixel] == 0; }));
             EXPECT_EQ(std::count(raw.begin(), raw.end(), 0), static_cast<std::ptrdiff_t>(dead.size()));
             EXPECT_LE(*std::max_element(raw.begin(), raw.end()), MaxCount);
@@ -163,13 +169,14 @@ TEST(SensorTest, LightReachesAllButDeadPixels)
 
 TEST(SensorTest, DiscBlackLevelAndGammaShow)
 {
-    Sensor sensor(Config(ColorFilter::Mono, 8));
+    Sensor sensor(Config(ColorFilter::Mono, 9));
     ExposureSettings settings;
     settings.frameNumber = 700;
     const Counts plain = Expose(sensor, settings);
     const SceneRect disc = sensor.View().DiscArea(700);
     const std::size_t middle = (disc.y + disc.height / 2) * sensor.Config().width + disc.x + disc.width / 2;
     EXPECT_NEAR(plain[middle] * 255.0 / SceneWhiteCounts, SceneLuminance(SceneDisc) + 2, 6.0);
+    EXPECT_LE(disc.x + disc.width, sensor.Config().width) << "past the right end it comes back";
     EXPECT_NE(disc.x, sensor.View().DiscArea(701).x);
     settings.gamma = 0.5;
     const Counts bent = Expose(sensor, settings);
