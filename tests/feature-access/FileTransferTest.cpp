@@ -240,6 +240,9 @@ TEST_F(FileTransfer, KeepsToTheCamerasBlockLimitsAndTheObserver)
     EXPECT_EQ(FailureOf(write), "");
     EXPECT_EQ(content.size(), 32U) << "the camera needs no third block";
     EXPECT_THAT(observer->progress, ElementsAre(0.0, 0.4, 0.8, 1.0));
+    observer->progress.clear();
+    file->Write(counting(4), observer);
+    EXPECT_THAT(observer->progress, ElementsAre(0.0, 1.0)) << "after the last block the camera is not asked";
     camera->emptyHandles = {"FileProcessStatus"};
     const auto bare = FileAccess(camera).GetFile("B");
     bare->Open("Write");
