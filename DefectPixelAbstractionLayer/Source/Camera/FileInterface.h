@@ -9,7 +9,8 @@ namespace KTR::DPC
 {
 
 // Every operation but IsOpen, GetSizeMax, IsWritable and GetName talks to the camera, and reports failure by throwing a
-// KTR::System::Exception. There is no virtual destructor: files are held by a boost::shared_ptr made from the concrete type.
+// KTR::System::Exception. There is no virtual destructor: files are held by a boost::shared_ptr made from the concrete
+// type.
 class FileInterface
 {
 public:

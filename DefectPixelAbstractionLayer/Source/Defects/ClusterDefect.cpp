@@ -28,7 +28,8 @@ bool ClusterDefect::operator==(const SensorDefect& other) const
     }
     const auto& theirs = static_cast<const ClusterDefect&>(other).m_pixels;
     return m_pixels.size() == theirs.size() &&
-           std::all_of(m_pixels.begin(), m_pixels.end(), [&theirs](const PixelDefect& pixel)
+           std::all_of(m_pixels.begin(), m_pixels.end(),
+                       [&theirs](const PixelDefect& pixel)
                        { return std::find(theirs.begin(), theirs.end(), pixel) != theirs.end(); });
 }
 

@@ -18,8 +18,8 @@ public:
     explicit ClusterDefect(std::vector<PixelDefect> pixels);
 
     SensorDefectType GetSensorDefectType() const override;
-    // The same number of pixels, and each pixel of this cluster is somewhere in the other: neither order nor how often a
-    // pixel is listed counts.
+    // The same number of pixels, and each pixel of this cluster is somewhere in the other: neither order nor how often
+    // a pixel is listed counts.
     bool operator==(const SensorDefect& other) const override;
 
     std::vector<PixelDefect> getPixels() const { return m_pixels; }

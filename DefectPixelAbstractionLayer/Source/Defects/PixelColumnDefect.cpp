@@ -4,7 +4,12 @@
 namespace KTR::DPC
 {
 
-PixelColumnDefect::PixelColumnDefect(std::uint32_t x, std::uint32_t y, std::uint32_t height) : m_x(x), m_y(y), m_height(height) {}
+PixelColumnDefect::PixelColumnDefect(std::uint32_t x, std::uint32_t y, std::uint32_t height)
+    : m_x(x),
+      m_y(y),
+      m_height(height)
+{
+}
 
 SensorDefectType PixelColumnDefect::GetSensorDefectType() const
 {

@@ -4,7 +4,9 @@
 namespace KTR::DPC
 {
 
-PixelRowDefect::PixelRowDefect(std::uint32_t x, std::uint32_t y, std::uint32_t width) : m_x(x), m_y(y), m_width(width) {}
+PixelRowDefect::PixelRowDefect(std::uint32_t x, std::uint32_t y, std::uint32_t width) : m_x(x), m_y(y), m_width(width)
+{
+}
 
 SensorDefectType PixelRowDefect::GetSensorDefectType() const
 {

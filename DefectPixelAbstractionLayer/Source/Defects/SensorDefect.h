@@ -10,8 +10,8 @@
 namespace KTR::DPC
 {
 
-// A value object in sensor coordinates: zero-based, x counts columns from the left, y counts rows from the top. There is
-// no virtual destructor: defects are held by a boost::shared_ptr made from the concrete type.
+// A value object in sensor coordinates: zero-based, x counts columns from the left, y counts rows from the top. There
+// is no virtual destructor: defects are held by a boost::shared_ptr made from the concrete type.
 class SensorDefect
 {
 public:

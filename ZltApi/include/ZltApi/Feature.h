@@ -23,9 +23,9 @@ public:
 // One feature, named by the GenICam standard feature naming convention or by the camera.
 //
 // Every operation returns ZltErrorSuccess or the reason why it failed, and leaves its out arguments alone on failure. A
-// form that does not fit the feature's data type returns ZltErrorWrongType; a feature that cannot be read or written now
-// returns ZltErrorInvalidAccess; a value out of range or off the increment returns ZltErrorInvalidValue. Once the camera is
-// closed or gone every operation but GetName and GetDataType returns ZltErrorDeviceNotOpen.
+// form that does not fit the feature's data type returns ZltErrorWrongType; a feature that cannot be read or written
+// now returns ZltErrorInvalidAccess; a value out of range or off the increment returns ZltErrorInvalidValue. Once the
+// camera is closed or gone every operation but GetName and GetDataType returns ZltErrorDeviceNotOpen.
 //
 // Thread-safe: any thread may call any operation. No operation throws.
 class Feature
@@ -39,11 +39,11 @@ public:
     virtual ZltErrorType IsReadable(bool& readable) const = 0;
     virtual ZltErrorType IsWritable(bool& writable) const = 0;
 
-    virtual ZltErrorType GetValue(bool& value) const = 0;                        // boolean
-    virtual ZltErrorType GetValue(std::int64_t& value) const = 0;                // integer, or the number of an enumeration
-    virtual ZltErrorType GetValue(double& value) const = 0;                      // float
-    virtual ZltErrorType GetValue(std::string& value) const = 0;                 // string, or the entry of an enumeration
-    virtual ZltErrorType GetValue(std::vector<unsigned char>& value) const = 0;  // raw; resized to the register's length
+    virtual ZltErrorType GetValue(bool& value) const = 0;         // boolean
+    virtual ZltErrorType GetValue(std::int64_t& value) const = 0; // integer, or the number of an enumeration
+    virtual ZltErrorType GetValue(double& value) const = 0;       // float
+    virtual ZltErrorType GetValue(std::string& value) const = 0;  // string, or the entry of an enumeration
+    virtual ZltErrorType GetValue(std::vector<unsigned char>& value) const = 0; // raw; resized to the register's length
 
     virtual ZltErrorType SetValue(bool value) = 0;
     virtual ZltErrorType SetValue(std::int64_t value) = 0;
@@ -54,7 +54,8 @@ public:
     virtual ZltErrorType GetRange(std::int64_t& minimum, std::int64_t& maximum) const = 0;
     virtual ZltErrorType GetRange(double& minimum, double& maximum) const = 0;
     virtual ZltErrorType GetIncrement(std::int64_t& increment) const = 0;
-    virtual ZltErrorType GetIncrement(double& increment) const = 0; // ZltErrorNotSupported when any value in range is accepted
+    virtual ZltErrorType
+    GetIncrement(double& increment) const = 0; // ZltErrorNotSupported when any value in range is accepted
 
     // Enumerations. The lists hold all entries, whether available now or not, in the camera's order.
     virtual ZltErrorType GetEntry(EnumEntryPtr& entry, const char* name) const = 0;

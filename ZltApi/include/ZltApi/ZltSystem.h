@@ -22,8 +22,9 @@ public:
     ZltSystem& operator=(const ZltSystem&) = delete;
 
     // Loads the providers from the directories in the environment variable ZLT_PROVIDER_PATH (separated by colons), or
-    // else from the folder "zlt-providers" beside this library. A provider that is missing, broken or throws is skipped.
-    // Returns ZltErrorNoTransportLayer when none is left. A second call without Shutdown in between returns success.
+    // else from the folder "zlt-providers" beside this library. A provider that is missing, broken or throws is
+    // skipped. Returns ZltErrorNoTransportLayer when none is left. A second call without Shutdown in between returns
+    // success.
     ZltErrorType Startup();
 
     // Closes what is open and unloads the providers. When it returns no callback is running or will come, and the

@@ -12,8 +12,8 @@
 #define ZLTIMAGETRANSFORM_EXPORT
 #endif
 
-// Describes one image buffer. The caller sets Size to sizeof(ZltImage), lets one of the ZltSetImageInfo functions fill in
-// the format, and points Data at the pixels. Rows follow one another without padding.
+// Describes one image buffer. The caller sets Size to sizeof(ZltImage), lets one of the ZltSetImageInfo functions fill
+// in the format, and points Data at the pixels. Rows follow one another without padding.
 struct ZltImage
 {
     std::uint32_t Size;         // sizeof(ZltImage): tells the library which form of the record it is given

@@ -1,0 +1,57 @@
+#include "Families.h"
+
+#include "DpcAdapterOstrel.h"
+#include "DpcFileOstrel.h"
+#include "Exception.h"
+
+#include <algorithm>
+
+namespace CommandLine
+{
+
+namespace
+{
+
+std::vector<std::uint8_t> EncodeOstrel(const KTR::DPC::SensorDefectList& defects, const SensorDescription& sensor,
+                                       const Conditions&)
+{
+    KTR::DPC::DpcFileOstrel file(sensor.reverse, sensor.width, sensor.height);
+    KTR::DPC::DpcAdapterOstrel::addDefects(file, defects);
+    return file.getRawData();
+}
+
+KTR::DPC::SensorDefectList DecodeOstrel(const std::vector<std::uint8_t>& bytes, const SensorDescription& sensor)
+{
+    return KTR::DPC::DpcFileOstrel::getSensorDefectsListFromRawData(bytes, static_cast<std::uint16_t>(sensor.width));
+}
+
+const std::vector<Family>& Families()
+{
+    using Type = KTR::DPC::SensorDefectType;
+    static const std::vector<Family> families = {
+        {"ostrel", {Type::Pixel, Type::Row, Type::PixelRow}, EncodeOstrel, DecodeOstrel},
+    };
+    return families;
+}
+
+} // namespace
+
+std::vector<std::string> FamilyNames()
+{
+    return {"ostrel", "rivo-u", "tamorin-pro", "flash", "load-defects", "established-gige"};
+}
+
+const Family& FindFamily(const std::string& name)
+{
+    const std::vector<Family>& families = Families();
+    const auto family = std::find_if(families.begin(), families.end(),
+                                     [&name](const Family& candidate) { return candidate.name == name; });
+    if (family == families.end())
+    {
+        throw KTR::System::Exception("The on-camera form of family \"" + name + "\" is not supported by this version.",
+                                     true);
+    }
+    return *family;
+}
+
+} // namespace CommandLine

@@ -1,0 +1,86 @@
+// write: uploads a pixel list into a correction set, reads it back and compares.
+
+#include "CameraSession.h"
+#include "Command.h"
+#include "DefectOutput.h"
+#include "Upload.h"
+
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
+
+#include <iostream>
+#include <optional>
+
+namespace CommandLine
+{
+
+namespace
+{
+
+struct Options
+{
+    std::string camera;
+    std::string set;
+    std::string file;
+    std::optional<double> gain;
+    std::optional<double> exposure;
+    std::optional<double> temperature;
+};
+
+ExitStatus Write(const Options& options, const Request& request)
+{
+    CameraSession session(options.camera);
+    const boost::shared_ptr<KTR::DPC::DpcAdapter> adapter = session.Adapter();
+    const auto set = FindSet(adapter->GetAvailableCorrectionSetsWithMetadata(), options.set);
+    const QVector<DefectInfo> list = LoadPixelList(options.file, static_cast<int>(adapter->GetSensorWidth()),
+                                                   static_cast<int>(adapter->GetSensorHeight()));
+    std::map<std::string, double> metadata;
+    for (const auto& [key, value] : {std::pair{"Gain", options.gain}, std::pair{"ExposureTime", options.exposure},
+                                     std::pair{"Temperature", options.temperature}})
+    {
+        if (value)
+        {
+            metadata[key] = *value;
+        }
+    }
+    std::cerr << "Writing " << list.size() << " defects into \"" << options.set << "\" of " << options.camera
+              << "...\n";
+    const UploadResult result = Upload(*adapter, set, metadata, list);
+    if (request.json)
+    {
+        std::cout << nlohmann::ordered_json{{"written", result.written.size()},
+                                            {"readBack", result.readBack.size()},
+                                            {"equal", result.equal}}
+                         .dump(2)
+                  << '\n';
+    }
+    else
+    {
+        std::cout << "written " << result.written.size() << ", read back " << result.readBack.size() << ", "
+                  << (result.equal ? "equal" : "different") << '\n';
+    }
+    if (!result.equal)
+    {
+        std::cerr << "lorvane-cli: The camera does not hold what was written.\n";
+        return Differences;
+    }
+    return Done;
+}
+
+} // namespace
+
+void AddWrite(CLI::App& app, Request& request)
+{
+    auto options = std::make_shared<Options>();
+    CLI::App* command = app.add_subcommand("write", "Upload a pixel list into a correction set, read it back, compare");
+    command->add_option("CAMERA", options->camera, "Camera ID")->required();
+    command->add_option("SET", options->set, "Correction set")->required();
+    command->add_option("FILE", options->file, "Pixel list XML")->required();
+    command->add_option("--gain", options->gain, "Gain at which the list was made, for families that keep it");
+    command->add_option("--exposure", options->exposure, "Exposure time in microseconds, likewise");
+    command->add_option("--temperature", options->temperature, "Sensor temperature in degrees Celsius, likewise");
+    command->callback([options, &request]
+                      { request.action = [options, &request] { return Write(*options, request); }; });
+}
+
+} // namespace CommandLine

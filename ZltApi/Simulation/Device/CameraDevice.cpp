@@ -1,0 +1,356 @@
+// Life of a simulated camera: opening, closing, restarts, and its frames.
+#include "Device/CameraDevice.h"
+
+#include "Features/CommandNode.h"
+#include "Firmware/FirmwareList.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <stdexcept>
+#include <thread>
+#include <utility>
+
+namespace Simulation
+{
+
+namespace
+{
+
+constexpr const char* Vendor = "Korvath";
+constexpr const char* FirmwareVersion = "1.4.2";
+constexpr std::chrono::milliseconds PacketSizeAdjustment{20};
+constexpr std::size_t MeteringStep =
+    61; // of the pixels, one in so many is metered; prime, so that no column is favoured
+
+double MeteredMean(const std::vector<std::uint16_t>& raw)
+{
+    double sum = 0.0;
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < raw.size(); i += MeteringStep, ++count)
+    {
+        sum += raw[i];
+    }
+    return count == 0 ? 0.0 : sum / static_cast<double>(count);
+}
+
+} // namespace
+
+CameraDevice::CameraDevice(const CameraConfig& config, const std::filesystem::path& folder,
+                           std::function<void()> connectionLost)
+    : m_config(config),
+      m_connectionLost(std::move(connectionLost)),
+      m_state(folder),
+      m_gate(m_faults, [this] { LoseConnection(); }),
+      m_camera{m_gate, {}, [this] { KeepSettings(); }},
+      m_streamFeatures{m_gate, {}, {}},
+      m_images(m_config, {[this] { return m_stream.IsRunning(); }, [this] { m_correction.reset(); }}),
+      m_firmware(FindFirmware(config.firmware)->make(Services())),
+      m_covered(config.covered),
+      m_lock(m_state.LockPath()),
+      m_stream(*this)
+{
+    AddIdentity();
+    m_images.AddFeatures(m_camera.features);
+    AddAcquisition();
+    m_firmware->AddFeatures(m_camera.features);
+    m_faults.Replace(m_config.faults);
+    UpdateFaults();
+}
+
+FirmwareServices CameraDevice::Services()
+{
+    return {m_config, m_state, m_faults, [this]() -> const std::vector<PixelFault>& { return TheSensor().Faults(); },
+            [this] { m_correction.reset(); }};
+}
+
+void CameraDevice::AddIdentity()
+{
+    const auto constant = [&](const char* name, const std::string& text)
+    { m_camera.features.Add<StringNode>(name, text).ReadOnly(); };
+    constant("DeviceVendorName", Vendor);
+    constant("DeviceModelName", m_config.model);
+    constant("DeviceFamilyName", m_config.family);
+    constant("DeviceSerialNumber", m_config.serial);
+    constant("DeviceID", m_config.id);
+    constant("DeviceFirmwareVersion", FirmwareVersion);
+    m_camera.features.Add<CommandNode>("DeviceReset", [this] { return Restart(); });
+}
+
+void CameraDevice::AddAcquisition()
+{
+    FeatureMap& features = m_camera.features;
+    m_acquisitionMode =
+        &features.Add<EnumNode>("AcquisitionMode", "Continuous", std::vector<std::string>{"Continuous", "SingleFrame"});
+    m_acquisitionMode->KeepWhilePowered();
+    const auto command = [&](const char* name, bool acquiring)
+    {
+        features.Add<CommandNode>(name,
+                                  [this, acquiring]
+                                  {
+                                      m_acquiring = acquiring;
+                                      return ZltErrorSuccess;
+                                  });
+    };
+    command("AcquisitionStart", true);
+    command("AcquisitionStop", false);
+    if (m_config.adjustsPacketSize)
+    {
+        m_streamFeatures.features.Add<CommandNode>(
+            "GVSPAdjustPacketSize", [] { return ZltErrorSuccess; }, PacketSizeAdjustment);
+    }
+}
+
+bool CameraDevice::IsHeldElsewhere()
+{
+    const std::lock_guard lock(m_gate.Mutex());
+    return !m_lock.IsHeld() && IsHeld();
+}
+
+bool CameraDevice::IsAway() const
+{
+    return !m_present || !m_state.Control().plugged || m_state.RestartEnd(LongestRestart).has_value();
+}
+
+ZltErrorType CameraDevice::Open()
+{
+    const FaultEffect effect = m_faults.Hit("Open", {});
+    std::this_thread::sleep_for(std::chrono::milliseconds(effect.delayMs));
+    if (effect.unplug)
+    {
+        LoseConnection();
+    }
+    const std::lock_guard lock(m_gate.Mutex());
+    if (IsAway())
+    {
+        return ZltErrorNotFound;
+    }
+    if (m_opened)
+    {
+        return ZltErrorInvalidCall;
+    }
+    if (effect.code)
+    {
+        return static_cast<ZltErrorType>(*effect.code);
+    }
+    if (!m_lock.TryAcquire())
+    {
+        return ZltErrorInvalidAccess;
+    }
+    if (const ZltErrorType result = Boot(); result != ZltErrorSuccess)
+    {
+        m_lock.Release();
+        return result;
+    }
+    m_opened = true;
+    m_gate.SetOpen(true);
+    return ZltErrorSuccess;
+}
+
+ZltErrorType CameraDevice::Boot()
+{
+    try
+    {
+        const auto settings = m_state.Settings();
+        m_camera.features.Restore(settings.value_or(CameraState::Values()));
+        m_images.Recall();
+        if (!settings)
+        {
+            m_firmware->PowerUp();
+        }
+        m_firmware->Resume();
+        if (!settings)
+        {
+            KeepSettings();
+        }
+        return ZltErrorSuccess;
+    }
+    catch (const std::exception& error)
+    {
+        std::fprintf(stderr, "The simulated camera %s cannot start: %s\n", m_config.id.c_str(), error.what());
+        return ZltErrorResource;
+    }
+}
+
+ZltErrorType CameraDevice::Close()
+{
+    {
+        const std::lock_guard lock(m_gate.Mutex());
+        if (!m_opened)
+        {
+            return ZltErrorDeviceNotOpen;
+        }
+        m_gate.SetOpen(false);
+    }
+    if (const ZltErrorType result = m_stream.Stop(); result != ZltErrorSuccess)
+    {
+        return result;
+    }
+    const std::lock_guard lock(m_gate.Mutex());
+    m_opened = false;
+    m_firmware->Disconnect();
+    ZltErrorType result = ZltErrorSuccess;
+    if (m_present)
+    {
+        try
+        {
+            KeepSettings();
+        }
+        catch (const std::exception&)
+        {
+            result = ZltErrorResource;
+        }
+    }
+    m_lock.Release();
+    return result;
+}
+
+void CameraDevice::Leave()
+{
+    m_present = false;
+    {
+        const std::lock_guard lock(m_gate.Mutex());
+        m_gate.SetOpen(false);
+    }
+    m_stream.Stop();
+    const std::lock_guard lock(m_gate.Mutex());
+    m_firmware->Disconnect();
+    m_lock.Release();
+}
+
+void CameraDevice::LoseConnection()
+{
+    m_present = false;
+    {
+        const std::lock_guard lock(m_gate.Mutex());
+        m_gate.SetOpen(false);
+        m_state.PowerDown();
+        m_state.ChangeControl([](ControlState& control) { control.plugged = false; });
+    }
+    m_connectionLost();
+}
+
+ZltErrorType CameraDevice::Restart()
+{
+    m_state.SetRestartEnd(CameraState::Clock::now() + m_config.restartTime);
+    m_present = false;
+    m_gate.SetOpen(false);
+    m_state.PowerDown();
+    m_connectionLost();
+    return ZltErrorSuccess;
+}
+
+void CameraDevice::UpdateFaults()
+{
+    const std::lock_guard lock(m_gate.Mutex());
+    std::string text = m_state.FaultsText();
+    if (text != m_faultsText)
+    {
+        m_faultsText = std::move(text);
+        m_faults.Replace(m_state.Faults().value_or(m_config.faults));
+    }
+}
+
+ZltErrorType CameraDevice::ReadMemory(std::uint64_t address, std::vector<unsigned char>& data)
+{
+    return m_gate.Run("ReadMemory", {},
+                      [&](const FaultEffect& effect)
+                      {
+                          const ZltErrorType result = m_firmware->ReadMemory(address, data);
+                          data.resize(data.size() - std::min<std::size_t>(data.size(), effect.shortBy));
+                          return result;
+                      });
+}
+
+ZltErrorType CameraDevice::WriteMemory(std::uint64_t address, const std::vector<unsigned char>& data)
+{
+    return m_gate.Run("WriteMemory", {}, [&](const FaultEffect&) { return m_firmware->WriteMemory(address, data); });
+}
+
+Sensor& CameraDevice::TheSensor()
+{
+    if (!m_sensor)
+    {
+        m_sensor = std::make_unique<Sensor>(m_config.sensor);
+    }
+    return *m_sensor;
+}
+
+ZltErrorType CameraDevice::StartStream(std::uint32_t bufferCount, const ZltApi::IFrameObserverPtr& observer)
+{
+    std::uint64_t payloadSize = 0;
+    ZltErrorType result = m_gate.Run("StartAcquisition", {},
+                                     [&](const FaultEffect&)
+                                     {
+                                         TheSensor();
+                                         payloadSize = m_images.Settings().payloadSize;
+                                         m_acquiring = true;
+                                         return ZltErrorSuccess;
+                                     });
+    if (result == ZltErrorSuccess)
+    {
+        result = m_stream.Start(bufferCount, payloadSize, observer);
+    }
+    if (result == ZltErrorSuccess && !m_gate.IsOpen())
+    {
+        m_stream.Stop(); // closed or unplugged in between
+        result = ZltErrorDeviceNotOpen;
+    }
+    return result;
+}
+
+ZltErrorType CameraDevice::StopStream()
+{
+    const ZltErrorType result = m_stream.Stop();
+    return result == ZltErrorSuccess && !m_gate.IsOpen() ? ZltErrorDeviceNotOpen : result;
+}
+
+std::shared_ptr<const CorrectionMap> CameraDevice::Correction()
+{
+    if (!m_correction)
+    {
+        const SensorConfig& sensor = m_config.sensor;
+        m_correction = std::make_shared<CorrectionMap>(sensor.width, sensor.height, sensor.filter,
+                                                       m_firmware->HiddenPixels(m_images.CurrentMirroring()));
+    }
+    return m_correction;
+}
+
+std::optional<std::chrono::microseconds> CameraDevice::Begin(std::uint64_t frameId)
+{
+    const std::lock_guard lock(m_gate.Mutex());
+    if (!m_acquiring || !m_gate.IsOpen())
+    {
+        return std::nullopt;
+    }
+    m_acquiring = m_acquisitionMode->Current() != "SingleFrame";
+    m_exposure = {m_images.Settings(), frameId, m_images.IsAdapting(), m_faults.Hit("Frame", {}), Correction()};
+    m_exposure.settings.exposure.covered = m_covered;
+    m_exposure.settings.exposure.frameNumber = frameId;
+    return m_exposure.settings.framePeriod;
+}
+
+void CameraDevice::Render(SimulatedFrame& frame)
+{
+    const ImageSettings& settings = m_exposure.settings;
+    m_sensor->Expose(settings.exposure, m_raw);
+    if (m_exposure.isAdapting)
+    {
+        const std::lock_guard lock(m_gate.Mutex());
+        m_images.Adapt(MeteredMean(m_raw));
+    }
+    m_exposure.correction->Apply(m_raw);
+    const bool fits =
+        frame.Size() >= settings.payloadSize &&
+        FormatFrame(m_raw, m_config.sensor.filter, settings.geometry, settings.pixelFormat, frame.Data(), frame.Size());
+    const bool isWhole = m_exposure.fault.shortBy == 0;
+    if (!isWhole)
+    {
+        const auto lost = std::min<std::uint64_t>(m_exposure.fault.shortBy, frame.Size());
+        std::fill_n(frame.Data() + (frame.Size() - lost), lost, static_cast<unsigned char>(0));
+    }
+    const ZltApi::FrameStatus arrived = isWhole ? ZltApi::FrameStatusComplete : ZltApi::FrameStatusIncomplete;
+    frame.SetContent({settings.geometry.width, settings.geometry.height, settings.pixelFormat, m_exposure.frameId,
+                      fits ? arrived : ZltApi::FrameStatusTooSmall});
+}
+
+} // namespace Simulation

@@ -1,0 +1,268 @@
+// File operations of a simulated camera.
+#include "Firmware/FileFeatures.h"
+
+#include "Features/CommandNode.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace Simulation
+{
+
+namespace
+{
+
+constexpr const char* Success = "Success";
+constexpr const char* Failure = "Failure";
+constexpr const char* FileIsOpen = "FileIsOpen";
+constexpr const char* FileNotOpen = "FileNotOpen";
+constexpr const char* InvalidParameter = "InvalidParameter";
+constexpr const char* FileProtected = "FileProtected";
+
+std::vector<std::string> Names(const std::vector<CameraFile>& files)
+{
+    std::vector<std::string> names;
+    std::transform(files.begin(), files.end(), std::back_inserter(names),
+                   [](const CameraFile& file) { return file.name; });
+    return names;
+}
+
+} // namespace
+
+FileFeatures::FileFeatures(const FirmwareServices& services, std::vector<CameraFile> files, std::uint32_t blockSize)
+    : m_services(services),
+      m_files(std::move(files)),
+      m_blockSize(blockSize),
+      m_buffer(blockSize, 0)
+{
+}
+
+void FileFeatures::AddFeatures(FeatureMap& features)
+{
+    AddSelectors(features);
+    AddTransfer(features);
+    AddStatus(features);
+}
+
+void FileFeatures::Disconnect()
+{
+    m_sessions.clear();
+}
+
+void FileFeatures::AddSelectors(FeatureMap& features)
+{
+    m_fileSelector = &features.Add<EnumNode>("FileSelector", m_files.front().name, Names(m_files));
+    m_operation = &features.Add<EnumNode>("FileOperationSelector", "Open",
+                                          std::vector<std::string>{"Open", "Close", "Read", "Write", "Delete"});
+    auto& execute = features.Add<CommandNode>("FileOperationExecute", [this] { return Execute(); });
+    execute.WritableIf([this] { return IsExecutable(); });
+    m_openMode =
+        &features.Add<EnumNode>("FileOpenMode", "Read", std::vector<std::string>{"Read", "Write", "ReadWrite"});
+}
+
+void FileFeatures::AddTransfer(FeatureMap& features)
+{
+    auto& buffer = features.Add<RawNode>("FileAccessBuffer");
+    buffer.OnRead([this] { return m_buffer; });
+    buffer.OnWrite(
+        [this](const FeatureNode::Bytes& bytes)
+        {
+            if (bytes.size() > m_blockSize)
+            {
+                return ZltErrorInvalidValue;
+            }
+            std::copy(bytes.begin(), bytes.end(), m_buffer.begin());
+            return ZltErrorSuccess;
+        });
+
+    auto& offset = features.Add<IntegerNode>("FileAccessOffset", 0, IntegerNode::Limits{0, 0});
+    offset.LimitedBy([this] { return IntegerNode::Limits{0, static_cast<std::int64_t>(Selected().maximumSize)}; });
+    offset.OnRead([this] { return State().offset; });
+    offset.OnWrite(
+        [this](std::int64_t value)
+        {
+            State().offset = value;
+            return ZltErrorSuccess;
+        });
+
+    const auto largest = static_cast<std::int64_t>(m_blockSize);
+    m_length = &features.Add<IntegerNode>("FileAccessLength", largest, IntegerNode::Limits{1, largest});
+}
+
+void FileFeatures::AddStatus(FeatureMap& features)
+{
+    m_status = &features.Add<EnumNode>(
+        "FileOperationStatus", Success,
+        std::vector<std::string>{Success, Failure, FileIsOpen, FileNotOpen, InvalidParameter, FileProtected});
+    m_status->ReadOnly();
+    m_result = &features.Add<IntegerNode>("FileOperationResult", 0,
+                                          IntegerNode::Limits{0, std::numeric_limits<std::int64_t>::max()});
+    m_result->ReadOnly();
+
+    auto& size = features.Add<IntegerNode>("FileSize", 0, IntegerNode::Limits{0, 0});
+    size.LimitedBy([this] { return IntegerNode::Limits{0, static_cast<std::int64_t>(Selected().maximumSize)}; });
+    size.OnRead([this] { return Size(); });
+    size.ReadOnly();
+
+    auto& process = features.Add<EnumNode>("FileProcessStatus", "UpdateRequired",
+                                           std::vector<std::string>{"UpdateRequired", "UpdateNotRequired"});
+    process.ReadOnly();
+    auto& status = features.Add<EnumNode>("FileStatus", "Closed", std::vector<std::string>{"Closed", "Open"});
+    status.OnRead([this] { return State().mode == Mode::Closed ? "Closed" : "Open"; });
+    status.ReadOnly();
+}
+
+FileBytes FileFeatures::Stored(const CameraFile& file) const
+{
+    return m_services.state.File(file.storage(), file.maximumSize).value_or(FileBytes());
+}
+
+const CameraFile& FileFeatures::Selected() const
+{
+    const std::string name = m_fileSelector->Current();
+    return *std::find_if(m_files.begin(), m_files.end(), [&](const CameraFile& file) { return file.name == name; });
+}
+
+std::int64_t FileFeatures::Size() const
+{
+    const Session& session = m_sessions[m_fileSelector->Current()];
+    return static_cast<std::int64_t>(session.mode == Mode::Closed ? Stored(Selected()).size() : session.content.size());
+}
+
+bool FileFeatures::IsExecutable() const
+{
+    return Selected().writable || m_operation->Current() != "Delete";
+}
+
+ZltErrorType FileFeatures::Execute()
+{
+    const std::string operation = m_operation->Current();
+    FaultEffect fault;
+    if (operation == "Read" || operation == "Write")
+    {
+        fault = m_services.faults.Hit(operation == "Read" ? "FileRead" : "FileWrite", Selected().name);
+    }
+    m_result->Assign(0);
+    if (fault.code)
+    {
+        m_status->Assign(Failure);
+        return static_cast<ZltErrorType>(*fault.code);
+    }
+    m_status->Assign(fault.value ? *fault.value : Run(operation, fault.shortBy));
+    return ZltErrorSuccess;
+}
+
+std::string FileFeatures::Run(const std::string& operation, std::uint32_t shortBy)
+{
+    if (operation == "Open")
+    {
+        return Open();
+    }
+    if (operation == "Close")
+    {
+        return Close();
+    }
+    if (operation == "Read")
+    {
+        return Read(shortBy);
+    }
+    return operation == "Write" ? Write(shortBy) : Delete();
+}
+
+std::string FileFeatures::Open()
+{
+    Session& session = State();
+    const CameraFile& file = Selected();
+    const bool reading = m_openMode->Current() == "Read";
+    if (session.mode != Mode::Closed)
+    {
+        return FileIsOpen;
+    }
+    if (!reading && !file.writable)
+    {
+        return FileProtected;
+    }
+    FileBytes content = Stored(file);
+    if (reading && content.empty() && file.readFailsWhenEmpty)
+    {
+        return Failure;
+    }
+    session = {reading ? Mode::Reading : Mode::Writing, std::move(content), false, 0};
+    return Success;
+}
+
+std::string FileFeatures::Close()
+{
+    Session& session = State();
+    if (session.mode == Mode::Closed)
+    {
+        return FileNotOpen;
+    }
+    const Session closed = std::exchange(session, Session());
+    if (closed.written)
+    {
+        m_services.state.SetFile(Selected().storage(), closed.content);
+    }
+    return Success;
+}
+
+std::string FileFeatures::Read(std::uint32_t shortBy)
+{
+    Session& session = State();
+    if (session.mode == Mode::Closed)
+    {
+        return FileNotOpen;
+    }
+    const auto start = static_cast<std::size_t>(session.offset);
+    if (start > session.content.size())
+    {
+        return InvalidParameter;
+    }
+    std::size_t length = std::min(static_cast<std::size_t>(m_length->Current()), session.content.size() - start);
+    length -= std::min<std::size_t>(length, shortBy);
+    std::fill(m_buffer.begin(), m_buffer.end(), static_cast<unsigned char>(0));
+    std::copy_n(session.content.begin() + session.offset, length, m_buffer.begin());
+    session.offset += static_cast<std::int64_t>(length);
+    m_result->Assign(static_cast<std::int64_t>(length));
+    return Success;
+}
+
+std::string FileFeatures::Write(std::uint32_t shortBy)
+{
+    Session& session = State();
+    const CameraFile& file = Selected();
+    if (session.mode != Mode::Writing)
+    {
+        return session.mode == Mode::Closed ? FileNotOpen : FileProtected;
+    }
+    if (session.offset == 0 && !session.written)
+    {
+        session.content.clear();
+    }
+    const auto start = static_cast<std::size_t>(session.offset);
+    std::size_t length = static_cast<std::size_t>(m_length->Current());
+    if (start > session.content.size() || length > file.maximumSize - start)
+    {
+        return InvalidParameter;
+    }
+    length -= std::min<std::size_t>(length, shortBy);
+    session.content.resize(std::max(session.content.size(), start + length));
+    std::copy_n(m_buffer.begin(), length, session.content.begin() + session.offset);
+    session.written = true;
+    session.offset += static_cast<std::int64_t>(length);
+    m_result->Assign(static_cast<std::int64_t>(length));
+    return Success;
+}
+
+std::string FileFeatures::Delete()
+{
+    if (State().mode != Mode::Closed)
+    {
+        return FileIsOpen;
+    }
+    m_services.state.SetFile(Selected().storage(), FileBytes());
+    return Success;
+}
+
+} // namespace Simulation

@@ -1,0 +1,239 @@
+// The commands on cameras: lists, features, sets, reading and writing, frames, and the whole job.
+#include "Tool.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QImage>
+#include <QRegularExpression>
+#include <QThread>
+
+#include <nlohmann/json.hpp>
+
+namespace
+{
+
+// Defects of every kind that the family stores, in the order in which a camera gives them back.
+const QStringList SampleList = {"5 0 3 320 1", "2 5 9 4 1", "0 10 20 1 1", "0 319 239 1 1"};
+
+class CameraCommands : public ToolTest
+{
+protected:
+    Outcome WriteUser(const QStringList& lines) const
+    {
+        return Cli({"write", "MONO", "User", PixelList("list.xml", lines)});
+    }
+    QStringList ReadUser() const { return Cli({"read", "MONO", "User"}).Lines(); }
+    QString Feature(const QString& camera, const QString& name) const
+    {
+        return Cli({"features", camera, name}).out.section('\t', 1, 1);
+    }
+};
+
+TEST_F(CameraCommands, ListsTheCameras)
+{
+    const Outcome outcome = Cli({"cameras"});
+    EXPECT_EQ(outcome.status, 0) << outcome.err.toStdString();
+    EXPECT_EQ(outcome.out.toStdString(), "MONO\tOSTREL S-1m\t1\tOSTREL\tdpc\tfree\n"
+                                         "COLOUR\tOSTREL S-2c\t2\tOSTREL\tdpc\tfree\n"
+                                         "PLAIN\tVesk P\t3\tVesk\tno-dpc\tfree\n");
+    const auto json = nlohmann::json::parse(Cli({"cameras", "--json"}).out.toStdString());
+    EXPECT_EQ(json[2]["dpc"], "no-dpc");
+
+    EXPECT_EQ(Control({"unplug", "MONO"}).status, 0);
+    EXPECT_FALSE(Cli({"cameras"}).out.contains("MONO"));
+    EXPECT_EQ(Cli({"read", "MONO", "User"}).status, 1);
+    EXPECT_EQ(Control({"plug", "MONO"}).status, 0);
+    EXPECT_TRUE(Cli({"cameras"}).out.contains("MONO"));
+}
+
+TEST_F(CameraCommands, ReadsAndWritesFeatures)
+{
+    EXPECT_EQ(Feature("MONO", "SensorWidth"), "320");
+    EXPECT_EQ(Cli({"set", "MONO", "ExposureTime", "25000"}).status, 0);
+    EXPECT_EQ(Cli({"set", "MONO", "ReverseX", "true"}).status, 0);
+    EXPECT_EQ(Cli({"set", "MONO", "PixelFormat", "Mono12"}).status, 0);
+    EXPECT_EQ(Feature("MONO", "ExposureTime"), "25000");
+    EXPECT_EQ(Feature("MONO", "ReverseX"), "true");
+    EXPECT_EQ(Feature("MONO", "PixelFormat"), "Mono12");
+    EXPECT_GT(Cli({"features", "MONO"}).Lines().size(), 30);
+
+    struct Case
+    {
+        QStringList arguments;
+        const char* text;
+    };
+    const Case cases[] = {
+        {{"set", "MONO", "ExposureTime", "long"}, "\"long\" is no value of feature \"ExposureTime\""},
+        {{"set", "MONO", "ExposureTime", "1e12"}, "Could not set value of feature \"ExposureTime\". (Error code: -11)"},
+        {{"set", "MONO", "SensorWidth", "10"}, "Could not set value of feature \"SensorWidth\". (Error code: -6)"},
+        {{"set", "MONO", "PixelFormat", "Mono99"}, "Could not get enum entry \"Mono99\" of feature \"PixelFormat\"."},
+        {{"features", "MONO", "Colour"}, "Could not get feature \"Colour\". (Error code: -3)"},
+        {{"features", "NONE"}, "There is no camera with the ID \"NONE\"."},
+        {{"sets", "PLAIN"}, "Camera or DPC is not supported"},
+    };
+    for (const Case& row : cases)
+    {
+        const Outcome outcome = Cli(row.arguments);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_TRUE(outcome.err.contains(row.text)) << outcome.err.toStdString();
+    }
+}
+
+TEST_F(CameraCommands, ReadGivesBackWhatWasWritten)
+{
+    EXPECT_EQ(Cli({"sets", "COLOUR"}).Lines()[1], "User\tyes\tyes\tyes\tno\tno\t-");
+    EXPECT_EQ(Cli({"sets", "MONO"}).out.toStdString(), "Preset\tno\tyes\tno\tyes\tyes\t-\n"
+                                                       "User\tyes\tyes\tyes\tno\tno\t-\n");
+    EXPECT_EQ(Cli({"read", "MONO", "User"}).out.toStdString(), "");
+
+    const Outcome written = WriteUser(SampleList + QStringList{"4 7 0 1 240"});
+    EXPECT_EQ(written.status, 0) << written.err.toStdString();
+    EXPECT_EQ(written.out.toStdString(), "written 4, read back 4, equal\n");
+    EXPECT_TRUE(written.err.contains("1 of type Column"));
+    EXPECT_EQ(ReadUser(), SampleList);
+    EXPECT_EQ(Cli({"read", "MONO", "User", "-o", Path("back.xml")}).status, 0);
+    EXPECT_EQ(Cli({"write", "MONO", "User", Path("back.xml")}).status, 0);
+    EXPECT_EQ(ReadUser(), SampleList);
+
+    EXPECT_EQ(Cli({"enable", "MONO", "User"}).status, 0);
+    EXPECT_EQ(Cli({"default", "MONO", "User"}).status, 0);
+    EXPECT_EQ(Cli({"sets", "MONO"}).Lines()[1], "User\tyes\tyes\tno\tyes\tyes\t-");
+    EXPECT_EQ(Cli({"disable", "MONO", "User"}).status, 0);
+    EXPECT_EQ(Feature("MONO", "CorrectionMode"), "Off");
+    EXPECT_EQ(Cli({"erase", "MONO", "User"}).status, 0);
+    EXPECT_EQ(ReadUser(), QStringList());
+
+    struct Case
+    {
+        QStringList arguments;
+        const char* text;
+    };
+    const QString list = PixelList("list.xml", SampleList);
+    const Case cases[] = {
+        {{"write", "MONO", "Preset", list}, "Factory set can't be overwritten!"},
+        {{"write", "MONO", "Third", list}, "The camera has no correction set \"Third\", only: Preset, User."},
+        {{"write", "MONO", "User", PixelList("wide.xml", {"0 321 1 1 1"})}, "File is corrupted"},
+        {{"erase", "MONO", "Preset"}, "The given correction set cannot be overwritten"},
+        {{"restore", "MONO", "User"}, "RestoreFactorySettings is not available for Ostrel Cameras"},
+    };
+    for (const Case& row : cases)
+    {
+        const Outcome outcome = Cli(row.arguments);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_TRUE(outcome.err.contains(row.text)) << outcome.err.toStdString();
+    }
+}
+
+TEST_F(CameraCommands, TellsThatAnotherProgramHoldsTheCamera)
+{
+    const std::unique_ptr<QProcess> other = StartCli({"grab", "MONO", "--frames", "100000", "-o", Path("never.png")});
+    QElapsedTimer timer;
+    timer.start();
+    while (!Cli({"cameras"}).out.contains("MONO\tOSTREL S-1m\t1\t-\tunknown\tin-use") && timer.elapsed() < 30'000)
+    {
+        QThread::msleep(20);
+    }
+    const Outcome refused = Cli({"read", "MONO", "User"});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_TRUE(refused.err.contains("Camera is in use by another application")) << refused.err.toStdString();
+    other->kill();
+    ASSERT_TRUE(other->waitForFinished());
+    EXPECT_EQ(Cli({"read", "MONO", "User"}).status, 0);
+}
+
+TEST_F(CameraCommands, AWriteThatBreaksOffIsToldAndTheCameraKeepsWhatItsFileRulesLeave)
+{
+    QStringList large;
+    for (int i = 0; i < 60; ++i)
+    {
+        large << QStringLiteral("0 %1 %2 1 1").arg(3 * i).arg(i);
+    }
+    ASSERT_EQ(WriteUser(SampleList).status, 0);
+    // 52 + 4 * 80 + 8 bytes of head and 4 data sets of 32 + 60 * 4 + 2 bytes, in blocks of 128.
+    constexpr int Blocks = (52 + 4 * 80 + 8 + 4 * 274 + 127) / 128;
+    for (int block = 1; block <= Blocks; ++block)
+    {
+        // The camera is pulled: the earlier set stays.
+        WriteRig(
+            QStringLiteral(R"([{"operation": "SetValue", "feature": "FileAccessBuffer", "call": %1, "unplug": true}])")
+                .arg(block));
+        const Outcome pulled = WriteUser(large);
+        EXPECT_EQ(pulled.status, 1) << block;
+        EXPECT_TRUE(pulled.err.contains("The camera was lost in the middle of a file transfer: Could not"))
+            << pulled.err.toStdString();
+        WriteRig();
+        ASSERT_EQ(Control({"plug", "MONO"}).status, 0);
+        EXPECT_EQ(ReadUser(), SampleList) << block;
+    }
+    for (const int block : {1, 2, Blocks})
+    {
+        // A block is refused: the message, and the next write works.
+        WriteRig(QStringLiteral(R"([{"operation": "FileWrite", "call": %1, "code": -13}])").arg(block));
+        const Outcome broken = WriteUser(large);
+        EXPECT_EQ(broken.status, 1) << block;
+        EXPECT_TRUE(
+            broken.err.contains("Error with saving pixels\nCould not execute file operation. (Error code: -13)"))
+            << broken.err.toStdString();
+        WriteRig();
+        EXPECT_EQ(WriteUser(SampleList).status, 0);
+        EXPECT_EQ(ReadUser(), SampleList) << block;
+    }
+}
+
+TEST_F(CameraCommands, GrabsAnEightBitFrameAndLeavesTheSettings)
+{
+    ASSERT_EQ(Cli({"set", "COLOUR", "PixelFormat", "BayerRG12"}).status, 0);
+    const Outcome outcome = Cli({"grab", "COLOUR", "-o", Path("frame.png")});
+    ASSERT_EQ(outcome.status, 0) << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.out.endsWith("\t352\t288\tBayerRG8\n")) << outcome.out.toStdString();
+    const QImage frame(Path("frame.png"));
+    EXPECT_EQ(frame.size(), QSize(352, 288));
+    EXPECT_EQ(frame.depth(), 8);
+    EXPECT_EQ(Feature("COLOUR", "PixelFormat"), "BayerRG12");
+    EXPECT_EQ(Cli({"grab", "COLOUR", "-o", Path("no/such/folder.png")}).status, 1);
+}
+
+TEST_F(CameraCommands, CommissionsACoveredCamera)
+{
+    for (const char* camera : {"MONO", "COLOUR"})
+    {
+        ASSERT_EQ(Control({"cover", camera, "on"}).status, 0);
+        ASSERT_EQ(Cli({"set", camera, "ExposureTime", "12000"}).status, 0);
+        for (int run = 0; run < 2; ++run) // the second one starts from what the first has left
+        {
+            const Outcome outcome = Cli({"commission", camera, "User", "--exposure", "10000"});
+            EXPECT_EQ(outcome.status, 0) << outcome.err.toStdString();
+            const QRegularExpressionMatch figures =
+                QRegularExpression("^found (\\d+), written (\\d+), hidden (\\d+), visible 0$")
+                    .match(outcome.Lines().last());
+            ASSERT_TRUE(figures.hasMatch()) << outcome.out.toStdString();
+            EXPECT_GT(figures.captured(1).toInt(), 10);
+            EXPECT_EQ(figures.captured(1), figures.captured(2));
+            EXPECT_EQ(figures.captured(1), figures.captured(3));
+            EXPECT_EQ(Feature(camera, "ExposureTime"), "12000");
+            EXPECT_EQ(Feature(camera, "CorrectionMode"), "On");
+        }
+        EXPECT_FALSE(Cli({"read", camera, "User"}).out.isEmpty());
+    }
+}
+
+TEST_F(CameraCommands, AFrameThatIsNotDarkIsNoReasonToTouchTheCamera)
+{
+    ASSERT_EQ(WriteUser(SampleList).status, 0);
+    ASSERT_EQ(Cli({"set", "MONO", "ReverseY", "true"}).status, 0);
+    const Outcome bright = Cli({"commission", "MONO", "User"});
+    EXPECT_EQ(bright.status, 1);
+    EXPECT_TRUE(bright.err.contains("The maximum number of defects\nsupported by the tool (384) is exceeded."))
+        << bright.err.toStdString();
+    EXPECT_EQ(Feature("MONO", "ReverseY"), "true");
+    EXPECT_EQ(Cli({"sets", "MONO"}).Lines()[0].section('\t', 4, 4), "yes"); // "Preset" is on again
+    EXPECT_EQ(ReadUser(), SampleList);
+    ASSERT_EQ(Control({"cover", "MONO", "on"}).status, 0);
+    EXPECT_EQ(Cli({"commission", "MONO", "Preset"}).status, 1);
+    const Outcome nothing = Cli({"commission", "MONO", "User", "--threshold", "255", "--exposure", "100"});
+    EXPECT_EQ(nothing.status, 0);
+    EXPECT_EQ(nothing.Lines().last(), "found 0, written 0, hidden 0, visible 0");
+    EXPECT_EQ(ReadUser(), SampleList);
+}
+
+} // namespace

@@ -1,0 +1,196 @@
+// The contract of all adapters, as checks that name what an adapter breaks.
+#include "AdapterConformance.h"
+
+#include "ClusterDefect.h"
+#include "ColumnDefect.h"
+#include "Exception.h"
+#include "PixelColumnDefect.h"
+#include "PixelRowDefect.h"
+#include "RowDefect.h"
+
+#include <boost/make_shared.hpp>
+
+#include <algorithm>
+
+using namespace KTR::DPC;
+
+namespace
+{
+
+template <typename Operation> bool throws(Operation operation)
+{
+    try
+    {
+        operation();
+        return false;
+    }
+    catch (const KTR::System::Exception&)
+    {
+        return true;
+    }
+}
+
+bool same(const SensorDefectList& left, const SensorDefectList& right)
+{
+    return std::is_permutation(left.begin(), left.end(), right.begin(), right.end(),
+                               [](const auto& a, const auto& b) { return *a == *b; });
+}
+
+// One camera, its adapter and the set under test.
+class Bench
+{
+public:
+    Bench(const AdapterCase& adapterCase, std::vector<std::string>& violations)
+        : samples(adapterCase.samples),
+          camera(adapterCase.makeCamera()),
+          adapter(adapterCase.makeAdapter(camera)),
+          set(boost::make_shared<CorrectionSet>(adapterCase.writableSet)),
+          m_violations(violations)
+    {
+    }
+
+    void expect(bool kept, const std::string& violation) { kept ? void() : m_violations.push_back(violation); }
+    SensorDefectList stored() { return adapter->ReadCorrectionSet(set); }
+
+    const SensorDefectList& samples;
+    boost::shared_ptr<MemoryCamera> camera;
+    boost::shared_ptr<DpcAdapter> adapter;
+    boost::shared_ptr<CorrectionSet> set;
+
+private:
+    std::vector<std::string>& m_violations;
+};
+
+void checkSensorSize(Bench& bench)
+{
+    const auto size = [&] { return std::pair(bench.adapter->GetSensorWidth(), bench.adapter->GetSensorHeight()); };
+    const std::pair<std::uint32_t, std::uint32_t> atStart(bench.camera->GetFeatureIntegerValue("SensorWidth"),
+                                                          bench.camera->GetFeatureIntegerValue("SensorHeight"));
+    bench.expect(size() == atStart, "GetSensorWidth: not the camera's size");
+    bench.camera->SetFeatureIntegerValue("SensorWidth", 1);
+    bench.expect(size() == atStart, "GetSensorWidth: not the size of the moment the adapter was made");
+}
+
+void checkSets(Bench& bench)
+{
+    std::vector<std::string> names;
+    for (const auto& set : bench.adapter->GetAvailableCorrectionSets())
+    {
+        names.push_back(set->getName());
+    }
+    const auto listed = [&](const std::string& name) { return std::count(names.begin(), names.end(), name) == 1; };
+    bench.expect(std::all_of(names.begin(), names.end(), listed), "GetAvailableCorrectionSets: a set comes twice");
+    bench.expect(listed(bench.set->getName()), "GetAvailableCorrectionSets: the set is missing");
+    bench.expect(bench.adapter->GetAvailableCorrectionSetsWithMetadata().size() == names.size(),
+                 "GetAvailableCorrectionSetsWithMetadata: other sets than without metadata");
+    bench.expect(listed(bench.adapter->GetDefaultCorrectionSet()->getName()), "GetDefaultCorrectionSet: unknown set");
+    if (!throws([&] { bench.adapter->SetDefaultCorrectionSet(bench.set); }))
+    {
+        bench.expect(*bench.adapter->GetDefaultCorrectionSet() == *bench.set, "SetDefaultCorrectionSet: no effect");
+    }
+    bench.expect(bench.adapter->IsCorrectionSetAvailable(bench.set), "IsCorrectionSetAvailable: the set is offered");
+    for (const bool enabled : {true, false})
+    {
+        bench.adapter->SetCorrectionSetEnabled(bench.set, enabled);
+        bench.expect(bench.adapter->IsCorrectionSetEnabled(bench.set) == enabled, "SetCorrectionSetEnabled: no effect");
+    }
+}
+
+void checkKinds(Bench& bench)
+{
+    const auto types = bench.adapter->GetAvailableDefectTypes();
+    const SensorDefectList kinds = {boost::make_shared<RowDefect>(1),
+                                    boost::make_shared<ColumnDefect>(1),
+                                    boost::make_shared<PixelDefect>(1, 1),
+                                    boost::make_shared<PixelRowDefect>(1, 1, 2),
+                                    boost::make_shared<ClusterDefect>(1, 1, 1, 1),
+                                    boost::make_shared<PixelColumnDefect>(1, 1, 2)};
+    for (const auto& defect : kinds)
+    {
+        const bool storable = std::count(types.begin(), types.end(), defect->GetSensorDefectType()) == 1;
+        bench.expect(bench.adapter->IsCorrectionSetValid(bench.set, {bench.samples.front(), defect}) == storable,
+                     "IsCorrectionSetValid: not by the kinds of GetAvailableDefectTypes");
+    }
+    bench.expect(bench.adapter->IsCorrectionSetValid(bench.set, {}), "IsCorrectionSetValid: an empty list is valid");
+}
+
+void checkStore(Bench& bench)
+{
+    auto& adapter = *bench.adapter;
+    bench.expect(adapter.IsCorrectionSetReadable(bench.set), "IsCorrectionSetReadable: the set can be read");
+    bench.expect(adapter.IsCorrectionSetWritable(bench.set), "IsCorrectionSetWritable: the set can be written");
+    bench.expect(adapter.IsSpaceSufficient(bench.set, bench.samples), "IsSpaceSufficient: a few defects fit");
+    for (const auto& list : {bench.samples, SensorDefectList{bench.samples.back()}, SensorDefectList{}})
+    {
+        adapter.WriteCorrectionSet(bench.set, list);
+        bench.expect(same(bench.stored(), list), "WriteCorrectionSet: other defects are read back");
+    }
+    adapter.WriteCorrectionSet(bench.set, bench.samples);
+    adapter.IsCorrectionSetReadable(bench.set);
+    adapter.IsCorrectionSetAvailable(bench.set);
+    const bool restorable = adapter.IsRestoreFactorySettingsAvailable(bench.set);
+    bench.expect(same(bench.stored(), bench.samples),
+                 "IsRestoreFactorySettingsAvailable: a question changed the store");
+    bench.expect(throws([&] { adapter.RestoreFactorySettings(bench.set); }) != restorable,
+                 "RestoreFactorySettings: not as IsRestoreFactorySettingsAvailable said");
+    adapter.WriteCorrectionSet(bench.set, bench.samples);
+    adapter.EraseCorrectionSet(bench.set);
+    bench.expect(bench.set && bench.stored().empty(), "EraseCorrectionSet: defects are left");
+}
+
+using Transfer = std::function<void(Bench&)>;
+
+// Lets each call of the transfer fail in turn; the next transfer must find nothing of it.
+void checkFailures(const AdapterCase& adapterCase, std::vector<std::string>& violations, const std::string& name,
+                   const Transfer& transfer)
+{
+    for (std::size_t step = 0;; ++step)
+    {
+        Bench bench(adapterCase, violations);
+        bench.adapter->WriteCorrectionSet(bench.set, bench.samples);
+        bench.camera->log.clear();
+        bench.camera->log.failAt = step;
+        const bool thrown = throws([&] { transfer(bench); });
+        if (bench.camera->log.calls.size() <= step || bench.camera->log.calls[step].rfind("Close ", 0) == 0)
+        {
+            if (bench.camera->log.calls.size() <= step)
+            {
+                return;
+            }
+            continue;
+        }
+        bench.expect(thrown, name + ": hides the failure of " + bench.camera->log.calls[step]);
+        bench.camera->log.clear();
+        for (const auto& file : bench.camera->files)
+        {
+            bench.expect(!file->IsOpen(), name + ": leaves a file open");
+        }
+        bench.adapter->WriteCorrectionSet(bench.set, bench.samples);
+        bench.expect(same(bench.stored(), bench.samples), name + ": does not recover");
+    }
+}
+
+} // namespace
+
+std::vector<std::string> adapterViolations(const AdapterCase& adapterCase)
+{
+    std::vector<std::string> violations;
+    try
+    {
+        for (const auto check : {checkSensorSize, checkSets, checkKinds, checkStore})
+        {
+            Bench bench(adapterCase, violations);
+            check(bench);
+        }
+        checkFailures(adapterCase, violations, "ReadCorrectionSet", [](Bench& bench) { bench.stored(); });
+        checkFailures(adapterCase, violations, "WriteCorrectionSet",
+                      [](Bench& bench) { bench.adapter->WriteCorrectionSet(bench.set, {bench.samples.front()}); });
+        checkFailures(adapterCase, violations, "EraseCorrectionSet",
+                      [](Bench& bench) { bench.adapter->EraseCorrectionSet(bench.set); });
+    }
+    catch (const KTR::System::Exception& exception)
+    {
+        violations.push_back("Unexpected exception: " + exception.ToString());
+    }
+    return violations;
+}

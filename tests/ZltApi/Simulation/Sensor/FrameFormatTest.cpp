@@ -1,0 +1,202 @@
+// Pixel formats against bytes written out by hand, mirrored and cropped images, interpolated colours.
+#include "SensorTools.h"
+
+#include <ZltApi/PixelFormat.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace Simulation
+{
+
+namespace
+{
+
+constexpr std::array<ColorFilter, 4> BayerFilters{ColorFilter::BayerGR, ColorFilter::BayerRG, ColorFilter::BayerGB,
+                                                  ColorFilter::BayerBG};
+
+FrameGeometry Whole(std::uint32_t width, std::uint32_t height, bool reverseX = false, bool reverseY = false)
+{
+    return {width, height, 0, 0, width, height, reverseX, reverseY};
+}
+
+// Counts that show these values in 8 bits.
+Counts FromBytes(const Bytes& bytes)
+{
+    Counts raw;
+    std::transform(bytes.begin(), bytes.end(), std::back_inserter(raw), [](unsigned byte) { return byte << 4U; });
+    return raw;
+}
+
+// The frame's bytes, and a proof that no more are written; empty when refused.
+Bytes Format(const Counts& raw, ColorFilter filter, const FrameGeometry& geometry, std::uint32_t format)
+{
+    const std::uint64_t size = FrameSize(format, geometry.width, geometry.height);
+    Bytes bytes(size + 4, 0xEE);
+    const bool made = FormatFrame(raw, filter, geometry, format, bytes.data(), size);
+    const auto untouched = bytes.begin() + static_cast<std::ptrdiff_t>(made ? size : 0);
+    EXPECT_TRUE(std::all_of(untouched, bytes.end(), [](unsigned byte) { return byte == 0xEE; }));
+    bytes.resize(made ? size : 0);
+    return bytes;
+}
+
+} // namespace
+
+TEST(FrameFormatTest, PacksToTheByte)
+{
+    struct Case
+    {
+        std::uint32_t format;
+        ColorFilter filter;
+        std::uint32_t width;
+        Counts raw;
+        Bytes bytes;
+    };
+    constexpr ColorFilter Mono = ColorFilter::Mono;
+    constexpr ColorFilter BayerRG = ColorFilter::BayerRG;
+    const Counts six{0xABC, 0x123, 0x456, 0x789, 0xDEF, 0x012};
+    for (const Case& c : {
+             Case{ZltPixelFormatMono8, Mono, 3, {0xABC, 0x00F, 0xFFF}, {0xAB, 0x00, 0xFF}},
+             Case{ZltPixelFormatMono10, Mono, 2, {0xABC, 0xFFF}, {0xAF, 0x02, 0xFF, 0x03}},
+             Case{ZltPixelFormatMono12, Mono, 2, {0xABC, 0x123}, {0xBC, 0x0A, 0x23, 0x01}},
+             Case{ZltPixelFormatMono12Packed, Mono, 2, {0xABC, 0x123}, {0xAB, 0x3C, 0x12}},
+             Case{ZltPixelFormatMono12Packed, Mono, 1, {0xABC}, {0xAB, 0x0C}},
+             Case{ZltPixelFormatMono12Packed, Mono, 3, six, {0xAB, 0x3C, 0x12, 0x45, 0x96, 0x78, 0xDE, 0x2F, 0x01}},
+             Case{ZltPixelFormatMono12p, Mono, 2, {0xABC, 0x123}, {0xBC, 0x3A, 0x12}},
+             Case{ZltPixelFormatMono12p, Mono, 1, {0xABC, 0x123, 0x456}, {0xBC, 0x3A, 0x12, 0x56, 0x04}},
+             Case{ZltPixelFormatMono10p, Mono, 4, {0xABC, 0x123, 0xFFF, 0x000}, {0xAF, 0x22, 0xF1, 0x3F, 0x00}},
+             Case{ZltPixelFormatMono10p, Mono, 1, {0xFFF, 0x004}, {0xFF, 0x07, 0x00}},
+             Case{ZltPixelFormatBayerRG8, BayerRG, 2, {0xABC, 0x123}, {0xAB, 0x12}},
+             Case{ZltPixelFormatBayerRG10, BayerRG, 2, {0xABC, 0xFFF}, {0xAF, 0x02, 0xFF, 0x03}},
+             Case{ZltPixelFormatBayerRG12, BayerRG, 2, {0xABC, 0x123}, {0xBC, 0x0A, 0x23, 0x01}},
+             Case{ZltPixelFormatBayerRG12Packed, BayerRG, 2, {0xABC, 0x123}, {0xAB, 0x3C, 0x12}},
+         })
+    {
+        const FrameGeometry geometry = Whole(c.width, static_cast<std::uint32_t>(c.raw.size()) / c.width);
+        EXPECT_EQ(Format(c.raw, c.filter, geometry, c.format), c.bytes) << std::hex << c.format;
+    }
+}
+
+TEST(FrameFormatTest, CutsOutOfTheMirroredImage)
+{
+    const Counts raw = FromBytes({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}); // 4 x 3
+    for (const auto& [geometry, bytes] : std::vector<std::pair<FrameGeometry, Bytes>>{
+             {{4, 3, 1, 1, 2, 2, false, false}, {5, 6, 9, 10}},
+             {{4, 3, 0, 0, 3, 2, true, false}, {3, 2, 1, 7, 6, 5}},
+             {{4, 3, 0, 0, 2, 2, false, true}, {8, 9, 4, 5}},
+             {{4, 3, 1, 0, 3, 1, true, true}, {10, 9, 8}},
+             {{4, 3, 4, 3, 0, 0, true, true}, {}},
+         })
+    {
+        EXPECT_EQ(Format(raw, ColorFilter::Mono, geometry, ZltPixelFormatMono8), bytes);
+    }
+}
+
+// Every raw pixel tells its own colour: a reader must find it where the format's mosaic says.
+TEST(FrameFormatTest, NamesTheMosaicOfTheMirroredRegion)
+{
+    for (unsigned variant = 0; variant < 256; ++variant)
+    {
+        const auto bit = [variant](unsigned n) { return variant >> n & 1U; };
+        const FrameGeometry geometry{8 + bit(0), 6 + bit(1), bit(2), bit(3), 6, 4, bit(4) == 1, bit(5) == 1};
+        const ColorFilter filter = BayerFilters[variant / 64];
+        Bytes colors;
+        for (std::uint32_t i = 0; i < geometry.sensorWidth * geometry.sensorHeight; ++i)
+        {
+            const ColorChannel color = FilterChannel(filter, i % geometry.sensorWidth, i / geometry.sensorWidth);
+            colors.push_back(static_cast<unsigned char>(color));
+        }
+        const ColorFilter mosaic =
+            ShiftedFilter(MirroredFilter(filter, 8 + bit(0), 6 + bit(1), geometry.reverseX, geometry.reverseY),
+                          geometry.offsetX, geometry.offsetY);
+        const Bytes bytes = Format(FromBytes(colors), filter, geometry, FrameFormats(mosaic).front());
+        ASSERT_EQ(bytes.size(), 24U);
+        for (std::uint32_t i = 0; i < bytes.size(); ++i)
+        {
+            EXPECT_EQ(bytes[i], static_cast<unsigned>(FilterChannel(mosaic, i % 6, i / 6))) << variant;
+        }
+        const std::uint32_t other = FrameFormats(ShiftedFilter(mosaic, 1, bit(0))).front();
+        EXPECT_TRUE(Format(FromBytes(colors), filter, geometry, other).empty());
+    }
+    EXPECT_EQ(FilterChannel(ColorFilter::BayerGB, 0, 1), ColorChannel::Red);
+    EXPECT_EQ(MirroredFilter(ColorFilter::BayerRG, 4, 3, true, true), ColorFilter::BayerGR);
+}
+
+TEST(FrameFormatTest, InterpolatesTheNearestNeighbours)
+{
+    const Counts raw = FromBytes({0x10, 0x30, 0x50, 0x30, //
+                                  0x40, 0x20, 0x60, 0xA0, //
+                                  0x10, 0x90, 0x50, 0x30});
+    const Bytes rgb = Format(raw, ColorFilter::BayerRG, Whole(4, 3), ZltPixelFormatRGB8);
+    ASSERT_EQ(rgb.size(), 36U);
+    const auto pixel = [&rgb](std::ptrdiff_t i) { return Bytes(rgb.begin() + 3 * i, rgb.begin() + 3 * i + 3); };
+    EXPECT_EQ(pixel(0), (Bytes{0x10, 0x38, 0x20})) << "red corner: the mirror image goes on outside";
+    EXPECT_EQ(pixel(1), (Bytes{0x30, 0x30, 0x20})) << "green in a red row, at the edge";
+    EXPECT_EQ(pixel(5), (Bytes{0x30, 0x58, 0x20})) << "blue";
+    EXPECT_EQ(pixel(6), (Bytes{0x50, 0x60, 0x60})) << "green in a blue row";
+    EXPECT_EQ(pixel(11), (Bytes{0x50, 0x30, 0xA0})) << "green corner";
+
+    Bytes bgr = Format(raw, ColorFilter::BayerRG, Whole(4, 3, true, true), ZltPixelFormatBGR8);
+    std::reverse(bgr.begin(), bgr.end());
+    EXPECT_EQ(bgr, rgb) << "mirrored both ways and blue first is the same backwards";
+
+    // Pure red by the full-range formula: Y 76, U 85, V 255. A line of odd width ends within a pair.
+    const Counts red = FromBytes({0xFF, 0, 0xFF, 0, 0, 0});
+    const FrameGeometry line{3, 2, 0, 0, 3, 1};
+    EXPECT_EQ(Format(red, ColorFilter::BayerRG, line, ZltPixelFormatYUV422_8), (Bytes{76, 85, 76, 255, 76, 85}));
+    EXPECT_EQ(Format(red, ColorFilter::BayerRG, line, ZltPixelFormatYUV422_8_UYVY), (Bytes{85, 76, 255, 76, 85, 76}));
+}
+
+TEST(FrameFormatTest, ShowsTheChartInItsColours)
+{
+    SensorConfig config;
+    config.width = 480;
+    config.height = 320;
+    for (unsigned variant = 0; variant < 8; ++variant)
+    {
+        config.filter = BayerFilters[variant / 2];
+        const bool reverse = variant % 2 == 1;
+        Sensor sensor(config);
+        Counts raw = Expose(sensor, {});
+        CorrectionOf(sensor).Apply(raw);
+        const Bytes bytes = Format(raw, config.filter, Whole(480, 320, reverse, reverse), ZltPixelFormatRGB8);
+        for (std::size_t i = 0; i < ChartPatches.size(); ++i)
+        {
+            const SceneRect area = sensor.View().PatchArea(i);
+            const std::uint32_t x = area.x + area.width / 2;
+            const std::uint32_t y = area.y + area.height / 2;
+            const unsigned char* rgb = &bytes[3 * ((reverse ? 319 - y : y) * 480 + (reverse ? 479 - x : x))];
+            // The pedestal makes it 2 brighter; the rest is noise.
+            EXPECT_NEAR(rgb[0], ChartPatches[i].red + 2, 5) << "patch " << i;
+            EXPECT_NEAR(rgb[1], ChartPatches[i].green + 2, 5) << "patch " << i;
+            EXPECT_NEAR(rgb[2], ChartPatches[i].blue + 2, 5) << "patch " << i;
+        }
+    }
+}
+
+TEST(FrameFormatTest, RefusesWhatItCannotMake)
+{
+    const Counts raw(16, 0);
+    const FrameGeometry whole = Whole(4, 4);
+    const FrameGeometry tooWide{4, 4, 1, 0, 4, 4};
+    const FrameGeometry wrapsAround{4, 4, 0, ~0U, 4, 2};
+    EXPECT_TRUE(Format(raw, ColorFilter::Mono, whole, 0x01080099).empty()) << "unknown";
+    EXPECT_TRUE(Format(raw, ColorFilter::BayerRG, whole, ZltPixelFormatMono8).empty());
+    EXPECT_TRUE(Format(raw, ColorFilter::Mono, whole, ZltPixelFormatRGB8).empty());
+    EXPECT_TRUE(Format(raw, ColorFilter::Mono, whole, ZltPixelFormatBayerRG8).empty());
+    EXPECT_TRUE(Format(raw, ColorFilter::Mono, tooWide, ZltPixelFormatMono8).empty());
+    EXPECT_TRUE(Format(raw, ColorFilter::Mono, wrapsAround, ZltPixelFormatMono8).empty());
+    EXPECT_TRUE(Format(raw, ColorFilter::Mono, Whole(4, 5), ZltPixelFormatMono8).empty()) << "too few counts";
+    for (const ColorFilter filter : {ColorFilter::Mono, ColorFilter::BayerGR, ColorFilter::BayerBG})
+    {
+        for (const std::uint32_t format : FrameFormats(filter))
+        {
+            Bytes bytes = Format(raw, filter, whole, format);
+            EXPECT_FALSE(bytes.empty()) << std::hex << format;
+            EXPECT_FALSE(FormatFrame(raw, filter, whole, format, bytes.data(), bytes.size() - 1));
+        }
+    }
+}
+
+} // namespace Simulation

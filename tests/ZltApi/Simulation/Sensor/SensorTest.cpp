@@ -1,0 +1,213 @@
+// Frames of the simulated sensor: repeatable, physical, with just the seeded faults, and clean when corrected.
+#include "SensorTools.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <stdexcept>
+
+namespace Simulation
+{
+
+namespace
+{
+
+// In 8 bits: where a search for hot pixels on a dark frame draws the line.
+constexpr int Threshold = 40;
+// What a reader of an image sees beyond its edges.
+constexpr double OutsideBrightness = 34.7;
+
+const double Background = SceneLuminance(SceneBackground) / 255.0 * SceneWhiteCounts;
+
+SensorConfig Config(ColorFilter filter, std::uint64_t seed)
+{
+    const bool mono = filter == ColorFilter::Mono;
+    return {mono ? 1936U : 2464U, mono ? 1216U : 2056U, filter, seed, {}};
+}
+
+ExposureSettings Dark(double exposureUs = ReferenceExposureUs, double gainDb = 0.0, double temperatureC = 40.0)
+{
+    return {exposureUs, gainDb, temperatureC, 0.0, 1.0, true};
+}
+
+std::vector<std::size_t> Pixels(const Sensor& sensor, FaultKind kind)
+{
+    std::vector<std::size_t> pixels;
+    for (const PixelFault& fault : sensor.Faults())
+    {
+        if (fault.kind == kind)
+        {
+            pixels.push_back(static_cast<std::size_t>(fault.y) * sensor.Config().width + fault.x);
+        }
+    }
+    return pixels;
+}
+
+// Pixels at or above the threshold in 8 bits that are brighter than the mean of themselves and their four neighbours.
+std::vector<std::size_t> FindHot(const Counts& raw, std::uint32_t width)
+{
+    std::vector<std::size_t> found;
+    const auto brightness = [&raw](bool inside, std::size_t i) { return inside ? raw[i] >> 4U : OutsideBrightness; };
+    for (std::size_t i = 0; i < raw.size(); ++i)
+    {
+        const int own = raw[i] >> 4U;
+        if (own >= Threshold && 4 * own > brightness(i % width > 0, i - 1) + brightness(i % width + 1 < width, i + 1) +
+                                              brightness(i >= width, i - width) +
+                                              brightness(i + width < raw.size(), i + width))
+        {
+            found.push_back(i);
+        }
+    }
+    return found;
+}
+
+} // namespace
+
+TEST(SensorTest, RepeatsItself)
+{
+    Sensor one(Config(ColorFilter::Mono, 5));
+    Sensor two(Config(ColorFilter::Mono, 5));
+    Sensor other(Config(ColorFilter::Mono, 6));
+    ExposureSettings settings;
+    const Counts frame = Expose(one, settings);
+    Expose(two, Dark(123.0, 7.0, 20.0));
+    EXPECT_TRUE(frame == Expose(two, settings)) << "what was exposed before must not matter";
+    EXPECT_FALSE(frame == Expose(other, settings));
+    settings.frameNumber = 1;
+    EXPECT_FALSE(frame == Expose(one, settings));
+    EXPECT_THROW(Sensor({0, 10, ColorFilter::Mono, 1, {}}), std::runtime_error);
+    EXPECT_THROW(Sensor({10, MaxSensorSide + 1, ColorFilter::Mono, 1, {}}), std::runtime_error);
+}
+
+TEST(SensorTest, DarkFrameShowsExactlyTheHotPixels)
+{
+    for (std::uint64_t seed = 1; seed <= 8; ++seed)
+    {
+        Sensor sensor(Config(seed <= 4 ? ColorFilter::Mono : ColorFilter::BayerRG, seed));
+        std::vector<ExposureSettings> frames(15, Dark());
+        frames.insert(frames.end(), {Dark(9'000.0), Dark(20'000.0), Dark(300'000.0), Dark(ReferenceExposureUs, 24.0),
+                                     Dark(ReferenceExposureUs, 0.0, 58.0)});
+        for (std::size_t i = 0; i < frames.size(); ++i)
+        {
+            frames[i].frameNumber = i * i;
+            EXPECT_EQ(FindHot(Expose(sensor, frames[i]), sensor.Config().width), Pixels(sensor, FaultKind::Hot))
+                << "seed " << seed << ", frame " << i;
+        }
+    }
+}
+
+TEST(SensorTest, HotSignalFollowsExposureGainAndTemperature)
+{
+    Sensor sensor(Config(ColorFilter::Mono, 3));
+    const double doubledDb = 20.0 * std::log10(2.0);
+    for (const auto& [settings, factor] : {std::pair{Dark(), 1.0},
+                                           {Dark(5'000.0), 0.5},
+                                           {Dark(ReferenceExposureUs, 0.0, 33.0), 0.5},
+                                           {Dark(2'500.0, doubledDb), 0.5},
+                                           {Dark(2'500.0, 0.0, 54.0), 1.0},
+                                           {Dark(0.0), 0.0}})
+    {
+        const Counts raw = Expose(sensor, settings);
+        double expected = 0.0;
+        double sum = 0.0;
+        for (const PixelFault& fault : sensor.Faults())
+        {
+            expected += fault.kind == FaultKind::Hot ? fault.signal * factor + PedestalCounts : 0.0;
+            sum += raw[fault.y * sensor.Config().width + fault.x];
+        }
+        EXPECT_NEAR(sum / expected, 1.0, 0.005) << "factor " << factor;
+    }
+}
+
+TEST(SensorTest, NoiseIsReadNoiseAndShotNoise)
+{
+    Sensor sensor(Config(ColorFilter::Mono, 4));
+    for (auto [settings, deviation] : {std::pair{Dark(0.0), 4.0},
+                                       {Dark(0.0, 12.0), 4.0 * std::pow(10.0, 0.6)},
+                                       {ExposureSettings{}, std::sqrt(16.0 + Background / 8.0)}})
+    {
+        const Counts a = Expose(sensor, settings);
+        ++settings.frameNumber;
+        const Counts b = Expose(sensor, settings);
+        const std::size_t count = 50 * sensor.Config().width; // background, above the chart
+        double squares = 0.0;
+        for (std::size_t i = 0; i < count; ++i)
+        {
+            squares += (a[i] - b[i]) * (a[i] - b[i]) / 2.0;
+        }
+        EXPECT_NEAR(std::sqrt(squares / static_cast<double>(count)) / deviation, 1.0, 0.05);
+    }
+}
+
+TEST(SensorTest, LightReachesAllButDeadPixels)
+{
+    for (const ColorFilter filter : {ColorFilter::Mono, ColorFilter::BayerGB})
+    {
+        Sensor sensor(Config(filter, 7));
+        ExposureSettings settings;
+        settings.blackLevel = 100.0;
+        for (const double exposureUs : {100.0, ReferenceExposureUs, 1e7, 1e300})
+        {
+            settings.exposureUs = exposureUs;
+            settings.frameNumber += 300; // the disc passes some of them
+            const Counts raw = Expose(sensor, settings);
+            const std::vector<std::size_t> dead = Pixels(sensor, FaultKind::Dead);
+            EXPECT_TRUE(std::all_of(dead.begin(), dead.end(), [&raw](std::size_t pixel) { return raw[pixel] == 0; }));
+            EXPECT_EQ(std::count(raw.begin(), raw.end(), 0), static_cast<std::ptrdiff_t>(dead.size()));
+            EXPECT_LE(*std::max_element(raw.begin(), raw.end()), MaxCount);
+            EXPECT_TRUE(exposureUs < 1e7 || raw[sensor.Config().width * 3 + 1] == MaxCount) << "saturated";
+        }
+    }
+}
+
+TEST(SensorTest, DiscBlackLevelAndGammaShow)
+{
+    Sensor sensor(Config(ColorFilter::Mono, 8));
+    ExposureSettings settings;
+    settings.frameNumber = 700;
+    const Counts plain = Expose(sensor, settings);
+    const SceneRect disc = sensor.View().DiscArea(700);
+    const std::size_t middle = (disc.y + disc.height / 2) * sensor.Config().width + disc.x + disc.width / 2;
+    EXPECT_NEAR(plain[middle] * 255.0 / SceneWhiteCounts, SceneLuminance(SceneDisc) + 2, 6.0);
+    EXPECT_NE(disc.x, sensor.View().DiscArea(701).x);
+    settings.gamma = 0.5;
+    const Counts bent = Expose(sensor, settings);
+    settings.gamma = 1.0;
+    settings.blackLevel = 200.0;
+    const Counts lifted = Expose(sensor, settings);
+    for (std::size_t i = 0; i < plain.size(); ++i)
+    {
+        ASSERT_NEAR(bent[i], 4095.0 * std::sqrt(plain[i] / 4095.0), 0.51);
+        ASSERT_TRUE(plain[i] == 0 || plain[i] > 3500 || std::abs(lifted[i] - plain[i] - 200) <= 1);
+    }
+}
+
+TEST(SensorTest, CorrectionHidesTheFaultsAndNothingElse)
+{
+    for (const auto& config : {Config(ColorFilter::Mono, 1), Config(ColorFilter::Mono, 2),
+                               Config(ColorFilter::BayerRG, 1), Config(ColorFilter::BayerRG, 2)})
+    {
+        Sensor sensor(config);
+        const CorrectionMap correction = CorrectionOf(sensor);
+        Counts dark = Expose(sensor, Dark());
+        correction.Apply(dark);
+        EXPECT_TRUE(FindHot(dark, config.width).empty());
+
+        const Counts before = Expose(sensor, {});
+        Counts after = before;
+        correction.Apply(after);
+        Counts restored = after;
+        for (const PixelFault& fault : sensor.Faults())
+        {
+            const std::size_t pixel = static_cast<std::size_t>(fault.y) * config.width + fault.x;
+            restored[pixel] = before[pixel];
+            // Above the chart all is background: what was replaced looks like the rest of it.
+            EXPECT_TRUE(fault.y >= 80 || std::abs(after[pixel] - Background - PedestalCounts) < 90.0)
+                << fault.x << ", " << fault.y;
+        }
+        EXPECT_TRUE(restored == before) << "a pixel that is not listed changed";
+    }
+}
+
+} // namespace Simulation
