@@ -77,6 +77,7 @@ TEST(StaticData, IsMadeOnceByOneOfManyThreads)
     std::atomic<int> failures{0};
     std::vector<boost::shared_ptr<Slow>> results(8);
     std::vector<std::thread> threads;
+    threads.reserve(results.size());
     const auto access = [&](boost::shared_ptr<Slow>& result)
     { failures += FailureOf([&] { result = StaticData::Access<Slow>(Slow::slot); }) == "Not yet." ? 1 : 0; };
     for (auto& result : results)
