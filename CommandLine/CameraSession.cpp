@@ -52,7 +52,7 @@ ApiSession::~ApiSession()
 
 ZltApi::CameraPtr ApiSession::Find(const std::string& id)
 {
-    const ZltApi::CameraPtr camera = FindOrNull(m_api, id);
+    ZltApi::CameraPtr camera = FindOrNull(m_api, id);
     if (!camera)
     {
         throw KTR::System::Exception("There is no camera with the ID \"" + id + "\".", true);

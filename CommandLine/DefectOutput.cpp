@@ -66,7 +66,7 @@ QByteArray ReadWholeFile(const std::string& path)
         throw KTR::System::Exception(
             "The file " + path + " could not be read: " + file.errorString().toStdString() + ".", true);
     }
-    const QByteArray bytes = file.readAll();
+    QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
     {
         throw KTR::System::Exception(

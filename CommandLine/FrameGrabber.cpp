@@ -160,7 +160,7 @@ QImage GrabFrame(ApiController& api, KTR::DPC::CameraAbstraction& camera, int fr
         connection = QObject::connect(static_cast<const FrameObserver*>(observer), &FrameObserver::FrameReceivedSignal,
                                       [&collector](int status) { collector.OnFrame(status); });
     }
-    const QImage image = collector.Wait(timeout);
+    QImage image = collector.Wait(timeout);
     api.StopContinuousImageAcquisition();
     QObject::disconnect(connection);
     api.ClearFrameQueue();

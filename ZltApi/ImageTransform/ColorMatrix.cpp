@@ -26,7 +26,7 @@ Numbers ToNumbers(const cv::v_uint8x16& bytes)
     cv::v_uint16x8 half[2];
     cv::v_expand(bytes, half[0], half[1]);
     Numbers numbers;
-    for (int i = 0; i < 2; ++i)
+    for (std::size_t i = 0; i < 2; ++i)
     {
         cv::v_uint32x4 low;
         cv::v_uint32x4 high;

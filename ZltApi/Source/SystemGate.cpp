@@ -99,7 +99,9 @@ void SystemGate::Notify(const ObserverList<Observer>& list, const Call& call) no
     }
     const CallbackScope scope;
     std::unique_lock<std::mutex> lock(m_mutex);
-    const std::vector<std::shared_ptr<Observer>> round = list.GetAll();
+    // A copy: the list may change while the lock is released.
+    std::vector<std::shared_ptr<Observer>> round;
+    round = list.GetAll();
     for (const std::shared_ptr<Observer>& observer : round)
     {
         if (list.Contains(observer))

@@ -117,6 +117,7 @@ void CorrectionMap::Apply(std::vector<std::uint16_t>& raw) const
     assert(raw.size() == static_cast<std::size_t>(m_width) * m_height);
     for (const Replacement& replacement : m_replacements)
     {
+        assert(replacement.sourceCount != 0);
         std::uint32_t sum = replacement.sourceCount / 2;
         for (std::uint32_t i = 0; i < replacement.sourceCount; ++i)
         {

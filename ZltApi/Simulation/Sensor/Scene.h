@@ -27,9 +27,10 @@ constexpr double SceneLuminance(const SceneColor& color)
 
 constexpr std::uint32_t ChartColumns = 6;
 constexpr std::uint32_t ChartRows = 4;
+constexpr std::size_t ChartPatchCount = std::size_t{ChartColumns} * ChartRows;
 
 // The chart's patches in row-major order: full colours, natural colours, and greys from white to black.
-constexpr std::array<SceneColor, ChartColumns * ChartRows> ChartPatches{{
+constexpr std::array<SceneColor, ChartPatchCount> ChartPatches{{
     {200, 40, 40},   {225, 125, 30},  {230, 205, 40},  {150, 190, 40},  {45, 140, 60},  {20, 140, 130}, // full
     {30, 150, 190},  {40, 100, 190},  {40, 50, 150},   {95, 55, 150},   {190, 60, 140}, {210, 110, 120},
     {110, 78, 62},   {205, 160, 140}, {100, 130, 165}, {85, 105, 60},   {150, 75, 55},  {215, 195, 150}, // natural
