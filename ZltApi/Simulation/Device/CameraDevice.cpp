@@ -151,7 +151,8 @@ ZltErrorType CameraDevice::Boot()
     try
     {
         const auto settings = m_state.Settings();
-        m_camera.features.Restore(settings.value_or(CameraState::Values()));
+        m_keptSettings = settings.value_or(CameraState::Values());
+        m_camera.features.Restore(m_keptSettings);
         m_images.Recall();
         if (!settings)
         {
@@ -168,6 +169,16 @@ ZltErrorType CameraDevice::Boot()
     {
         std::fprintf(stderr, "The simulated camera %s cannot start: %s\n", m_config.id.c_str(), error.what());
         return ZltErrorResource;
+    }
+}
+
+void CameraDevice::KeepSettings()
+{
+    CameraState::Values values = m_camera.features.Save();
+    if (values != m_keptSettings)
+    {
+        m_state.SetSettings(values);
+        m_keptSettings = std::move(values);
     }
 }
 

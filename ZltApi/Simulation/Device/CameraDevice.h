@@ -75,7 +75,7 @@ private:
     ZltErrorType Boot();
     ZltErrorType Restart();
     void LoseConnection();
-    void KeepSettings() { m_state.SetSettings(m_camera.features.Save()); }
+    void KeepSettings();
     bool IsAway() const;
     Sensor& TheSensor();
     std::shared_ptr<const CorrectionMap> Correction();
@@ -97,6 +97,7 @@ private:
     FileLock m_lock;
     bool m_opened = false; // by a host that has not closed it yet
     bool m_acquiring = false;
+    CameraState::Values m_keptSettings; // as they stand in the state folder
     EnumNode* m_acquisitionMode = nullptr;
     std::unique_ptr<Sensor> m_sensor; // made at the first need, used for exposures by the stream's thread alone
     std::shared_ptr<const CorrectionMap> m_correction; // null: to be made from what the firmware says now

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace Simulation
 {
@@ -123,7 +124,8 @@ void ImageControl::AddPixelFormat(FeatureMap& features)
     const std::string first = entries.front().name;
     m_pixelFormat = &features.Add<EnumNode>("PixelFormat", first, std::move(entries));
     LockWhileStreaming(*m_pixelFormat);
-    auto& payload = features.Add<IntegerNode>("PayloadSize", 0, IntegerNode::Limits{0, INT64_MAX});
+    auto& payload =
+        features.Add<IntegerNode>("PayloadSize", 0, IntegerNode::Limits{0, std::numeric_limits<std::int64_t>::max()});
     payload.OnRead([this] { return static_cast<std::int64_t>(Settings().payloadSize); });
     payload.ReadOnly();
 }

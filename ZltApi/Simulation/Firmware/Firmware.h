@@ -1,6 +1,7 @@
 // What differs between camera families: correction features, files, registers, and what the camera makes of them.
 #pragma once
 
+#include "Faults/FaultPlan.h"
 #include "Features/FeatureMap.h"
 #include "Rig/CameraConfig.h"
 #include "Sensor/Sensor.h"

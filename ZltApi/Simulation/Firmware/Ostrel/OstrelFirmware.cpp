@@ -13,6 +13,7 @@ namespace
 
 constexpr const char* Preset = "Preset";
 constexpr const char* User = "User";
+constexpr std::uint32_t FactoryField = 32; // pixels
 constexpr const char* DefaultFeature = "CorrectionSetDefault";
 
 std::string FileName(const std::string& set)
@@ -82,11 +83,10 @@ FileBytes OstrelFirmware::FactoryFile() const
 {
     const CameraConfig& config = m_services.config;
     std::vector<PixelPosition> known;
-    std::size_t hotCount = 0;
     for (const PixelFault& fault : m_services.sensorFaults())
     {
-        // Half of the hot pixels were there when the camera was made; the others have come since.
-        if (fault.kind == FaultKind::Hot && hotCount++ % 2 == 0)
+        // On the fields of one colour of a chessboard the faults were there from the start; the others have come since.
+        if (fault.kind == FaultKind::Hot && (fault.x / FactoryField + fault.y / FactoryField) % 2 == 0)
         {
             known.push_back({fault.x, fault.y});
         }

@@ -1,0 +1,114 @@
+// Faults on demand.
+#include "TestRig.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+namespace Simulation
+{
+
+TEST(Faults, EachKindShowsInTheRightCall)
+{
+    struct Case
+    {
+        const char* rule;
+        std::vector<std::string> results; // of the same action, time after time
+        std::function<std::string(const ZltApi::CameraPtr&)> action;
+    };
+    const auto code = [](ZltErrorType result) { return std::to_string(result); };
+    const auto gain = [&](const ZltApi::CameraPtr& camera) { return code(Set(camera, "Gain", 2.0)); };
+    const auto write = [](const ZltApi::CameraPtr& camera) { return WriteFile(camera, Bytes(40)); };
+    const Case cases[] = {
+        // clang-format off
+        {R"({"operation": "SetValue", "feature": "Gain", "call": 2, "count": 2, "code": -12})", {"0", "-12", "-12", "0"}, gain},
+        {R"({"operation": "SetValue", "call": 1, "code": -13})", {"-13", "0"}, gain},
+        {R"({"operation": "SetValue", "feature": "Gain", "call": 2, "count": 0, "code": -1})", {"0", "-1", "-1"}, gain},
+        {R"({"operation": "FileWrite", "call": 2, "code": -14})", {"-14", "Success"}, write},
+        {R"({"operation": "FileWrite", "feature": "DefectPixelCorrectionUser", "call": 3, "value": "Failure"})", {"Failure", "Success"}, write},
+        {R"({"operation": "FileWrite", "call": 1, "shortBy": 3})", {"moved 13 to 13", "Success"}, write},
+        {R"({"operation": "GetValue", "feature": "FileOperationStatus", "value": "Busy"})", {"Busy", "FileIsOpen"}, write},
+        // clang-format on
+        {R"({"operation": "GetValue", "feature": "FileAccessBuffer", "shortBy": 4})",
+         {"12", "16"},
+         [](const auto& camera) { return std::to_string(Get<Bytes>(camera, "FileAccessBuffer").size()); }},
+        {R"({"operation": "GetValue", "feature": "FileProcessStatus", "value": "UpdateNotRequired"})",
+         {"1", "0"},
+         [](const auto& camera) { return std::to_string(Get<std::int64_t>(camera, "FileProcessStatus")); }},
+        {R"({"operation": "StartAcquisition", "code": -14})",
+         {"-14", "0", "-15"},
+         [&](const auto& camera)
+         {
+             return code(camera->StartContinuousImageAcquisition(3, std::make_shared<FrameLog>(camera),
+                                                                 ZltApi::FrameAllocationAnnounced));
+         }},
+        {R"({"operation": "Frame", "call": 2, "shortBy": 100})",
+         {"0 -1 0"},
+         [](const auto& camera)
+         {
+             std::string statuses;
+             for (const auto& entry : Grab(camera, 3))
+             {
+                 statuses += (statuses.empty() ? "" : " ") + std::to_string(entry.status);
+             }
+             return statuses.substr(0, 6);
+         }},
+    };
+    for (const Case& test : cases)
+    {
+        TestRig rig(std::string(R"({"faults": [)") + test.rule + "]}");
+        const auto camera = rig.Opened();
+        for (const auto& result : test.results)
+        {
+            EXPECT_EQ(result, test.action(camera)) << test.rule;
+        }
+    }
+}
+
+TEST(Faults, UnplugInTheMiddleOfATransfer)
+{
+    TestRig rig(R"({"faults": {"operation": "SetValue", "feature": "FileAccessBuffer", "call": 2, "unplug": true}})");
+    const auto camera = rig.Opened();
+    ASSERT_EQ("Success", OpenFile(camera, UserFile, "Write"));
+    EXPECT_EQ(ZltErrorSuccess, Set(camera, "FileAccessBuffer", Bytes(3)));
+    const auto buffer = FeatureOf(*camera, "FileAccessBuffer");
+    EXPECT_EQ(ZltErrorDeviceNotOpen, buffer->SetValue(Bytes(3)));
+    EXPECT_EQ(camera, rig.events.Next(ZltApi::UpdateTriggerUnplugged));
+    EXPECT_FALSE(rig.Camera());
+    EXPECT_EQ(ZltErrorSuccess, camera->Close());
+    ASSERT_EQ(0, rig.Control({"plug", CameraId}));
+    EXPECT_TRUE(rig.events.Next(ZltApi::UpdateTriggerPluggedIn));
+}
+
+TEST(Faults, SetAndClearedWhileRunning)
+{
+    TestRig rig;
+    auto camera = rig.Opened();
+    const auto until = [&](ZltErrorType wanted)
+    {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+        while (Set(camera, "Gain", 1.0) != wanted && std::chrono::steady_clock::now() < end)
+        {
+        }
+        return Set(camera, "Gain", 1.0);
+    };
+    const char* const failing = R"({"operation": "SetValue", "feature": "Gain", "count": 0, "code": -12})";
+    ASSERT_EQ(0, rig.Control({"fault", CameraId, failing}));
+    EXPECT_EQ(ZltErrorTimeout, until(ZltErrorTimeout));
+    ASSERT_EQ(0, rig.Control({"fault", CameraId, R"([{"operation": "GetValue", "count": 0, "delay": 60}])"}));
+    double gain = 0.0;
+    std::chrono::steady_clock::duration slowest{};
+    for (int i = 0; i < 400 && slowest < std::chrono::milliseconds(60); ++i)
+    {
+        const auto begin = std::chrono::steady_clock::now();
+        FeatureOf(*camera, "Gain")->GetValue(gain);
+        slowest = std::max(slowest, std::chrono::steady_clock::now() - begin);
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    EXPECT_GE(slowest, std::chrono::milliseconds(60));
+    EXPECT_EQ(ZltErrorTimeout, until(ZltErrorTimeout)) << "the earlier fault still stands";
+    ASSERT_EQ(0, rig.Control({"fault", CameraId, "clear"}));
+    EXPECT_EQ(ZltErrorSuccess, until(ZltErrorSuccess));
+}
+
+} // namespace Simulation

@@ -1,0 +1,244 @@
+// Simulated cameras that come, go, restart and are used by somebody else.
+#include "TestRig.h"
+
+#include "ZltApi/Provider.h"
+
+#include <gtest/gtest.h>
+
+#include <dlfcn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <numeric>
+#include <thread>
+
+namespace Simulation
+{
+
+namespace
+{
+
+std::uint32_t Permitted(const ZltApi::CameraPtr& camera)
+{
+    std::uint32_t access = 77;
+    EXPECT_EQ(ZltErrorSuccess, camera->GetPermittedAccess(access));
+    return access;
+}
+
+// Another process that has the test rig's camera open, until it is killed.
+class Holder
+{
+public:
+    Holder()
+    {
+        int pipe[2] = {};
+        EXPECT_EQ(0, ::pipe(pipe));
+        m_process = ::fork();
+        if (m_process == 0)
+        {
+            EventLog events;
+            SimulationProvider provider;
+            std::vector<ZltApi::CameraPtr> cameras;
+            provider.Startup(events);
+            provider.GetCameras(cameras);
+            const char result = cameras.at(0)->Open(ZltApi::AccessModeFull) == ZltErrorSuccess ? 'y' : 'n';
+            static_cast<void>(::write(pipe[1], &result, 1) == 1);
+            for (;;)
+            {
+                ::pause();
+            }
+        }
+        char result = 'n';
+        EXPECT_EQ(1, ::read(pipe[0], &result, 1));
+        EXPECT_EQ('y', result);
+        ::close(pipe[0]);
+        ::close(pipe[1]);
+    }
+    ~Holder() { Kill(); }
+
+    void Kill()
+    {
+        if (m_process > 0)
+        {
+            ::kill(m_process, SIGKILL);
+            ::waitpid(m_process, nullptr, 0);
+            m_process = -1;
+        }
+    }
+
+private:
+    pid_t m_process = -1;
+};
+
+} // namespace
+
+TEST(Lifecycle, OneOpenerInAProcess)
+{
+    TestRig rig;
+    SimulationProvider second; // as another program's
+    EventLog secondEvents;
+    ASSERT_EQ(ZltErrorSuccess, second.Startup(secondEvents));
+    std::vector<ZltApi::CameraPtr> cameras;
+    ASSERT_EQ(ZltErrorSuccess, second.GetCameras(cameras));
+    const auto other = cameras.at(0);
+    const auto camera = rig.Camera();
+    EXPECT_EQ(ZltErrorDeviceNotOpen, camera->Close());
+    EXPECT_EQ(ZltErrorNotSupported, camera->Open(ZltApi::AccessModeRead));
+    EXPECT_EQ(1U, Permitted(camera));
+    ASSERT_EQ(ZltErrorSuccess, camera->Open(ZltApi::AccessModeFull));
+    EXPECT_EQ(ZltErrorInvalidCall, camera->Open(ZltApi::AccessModeFull));
+    EXPECT_EQ(ZltErrorInvalidAccess, other->Open(ZltApi::AccessModeFull));
+    EXPECT_EQ(0U, Permitted(other));
+    EXPECT_EQ(other, secondEvents.Next(ZltApi::UpdateTriggerStateChanged));
+    ZltApi::FeaturePtr feature;
+    EXPECT_EQ(ZltErrorDeviceNotOpen, other->GetFeatureByName("Gain", feature));
+    ASSERT_EQ(ZltErrorSuccess, camera->GetFeatureByName("Gain", feature));
+    ASSERT_EQ(ZltErrorSuccess, camera->Close());
+    EXPECT_EQ(other, secondEvents.Next(ZltApi::UpdateTriggerStateChanged));
+    double gain = 5.0;
+    EXPECT_EQ(ZltErrorDeviceNotOpen, feature->GetValue(gain));
+    EXPECT_EQ(5.0, gain);
+    std::string name;
+    EXPECT_EQ(ZltErrorSuccess, feature->GetName(name));
+    EXPECT_EQ(ZltErrorSuccess, other->Open(ZltApi::AccessModeFull));
+    EXPECT_EQ(camera, rig.events.Next(ZltApi::UpdateTriggerStateChanged));
+    EXPECT_EQ(0U, secondEvents.Count()) << "a program is not told of what it does itself";
+    second.Shutdown();
+    EXPECT_EQ(camera, rig.events.Next(ZltApi::UpdateTriggerStateChanged)) << "a shutdown lets go";
+    EXPECT_EQ(ZltErrorSuccess, camera->Open(ZltApi::AccessModeFull));
+}
+
+TEST(Lifecycle, OneOpenerAmongProcesses)
+{
+    TestRig rig;
+    rig.provider.Shutdown(); // no threads when the process forks
+    Holder holder;
+    ASSERT_EQ(ZltErrorSuccess, rig.provider.Startup(rig.events));
+    const auto camera = rig.Camera();
+    EXPECT_EQ(ZltErrorInvalidAccess, camera->Open(ZltApi::AccessModeFull));
+    EXPECT_EQ(0U, Permitted(camera));
+    EXPECT_EQ(0, rig.Control({"list"}));
+    EXPECT_EQ("CAM\tOSTREL T-1\tplugged\tcovered\tin use\n", rig.output);
+    EXPECT_EQ(1, rig.Control({"erase", CameraId}));
+    EXPECT_EQ("The simulated camera CAM is in use.\n", rig.errors);
+    EXPECT_EQ(0U, rig.events.Count());
+    holder.Kill();
+    EXPECT_EQ(camera, rig.events.Next(ZltApi::UpdateTriggerStateChanged)) << "a process that dies lets go";
+    EXPECT_EQ(ZltErrorSuccess, camera->Open(ZltApi::AccessModeFull));
+}
+
+TEST(Lifecycle, UnpluggedInTheMiddleOfAStream)
+{
+    TestRig rig;
+    const auto camera = rig.Opened();
+    const auto feature = FeatureOf(*camera, "Gain");
+    const auto log = std::make_shared<FrameLog>(camera);
+    ASSERT_EQ(ZltErrorSuccess, camera->StartContinuousImageAcquisition(3, log, ZltApi::FrameAllocationAnnounced));
+    ASSERT_TRUE(log->WaitFor(1));
+    ASSERT_EQ(0, rig.Control({"unplug", CameraId}));
+    EXPECT_EQ(camera, rig.events.Next(ZltApi::UpdateTriggerUnplugged));
+    EXPECT_EQ(1, log.use_count()) << "the stream has ended";
+    EXPECT_FALSE(rig.Camera());
+    EXPECT_EQ(0U, Permitted(camera));
+    double gain = 0.0;
+    EXPECT_EQ(ZltErrorDeviceNotOpen, feature->GetValue(gain));
+    EXPECT_EQ(ZltErrorDeviceNotOpen, camera->StopContinuousImageAcquisition());
+    EXPECT_EQ(ZltErrorSuccess, camera->Close());
+    EXPECT_EQ(ZltErrorNotFound, camera->Open(ZltApi::AccessModeFull));
+    rig.Control({"list"});
+    EXPECT_EQ("CAM\tOSTREL T-1\tunplugged\tcovered\tfree\n", rig.output);
+    rig.StartAgain();
+    EXPECT_FALSE(rig.Camera());
+
+    ASSERT_EQ(0, rig.Control({"plug", CameraId}));
+    const auto back = rig.events.Next(ZltApi::UpdateTriggerPluggedIn);
+    EXPECT_EQ(back, rig.Camera());
+    EXPECT_NE(back, camera);
+    EXPECT_EQ(ZltErrorNotFound, camera->Open(ZltApi::AccessModeFull)) << "what has gone stays gone";
+    EXPECT_EQ(ZltErrorSuccess, back->Open(ZltApi::AccessModeFull));
+}
+
+TEST(Lifecycle, ResetLeavesAndReturns)
+{
+    TestRig rig(R"({"restartTime": 400})");
+    const auto camera = rig.Opened();
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "Gain", 6.0));
+    ASSERT_EQ(ZltErrorSuccess, RunCommand(camera, "DeviceReset"));
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_FALSE(rig.Camera()) << "gone at once";
+    rig.Control({"list"});
+    EXPECT_EQ("CAM\tOSTREL T-1\trestarting\tcovered\tfree\n", rig.output);
+    EventLog events;
+    SimulationProvider second; // another program that starts meanwhile
+    ASSERT_EQ(ZltErrorSuccess, second.Startup(events));
+    std::vector<ZltApi::CameraPtr> cameras;
+    EXPECT_EQ(ZltErrorSuccess, second.GetCameras(cameras));
+    EXPECT_TRUE(cameras.empty());
+    EXPECT_TRUE(events.Next(ZltApi::UpdateTriggerPluggedIn));
+    EXPECT_EQ(camera, rig.events.Next(ZltApi::UpdateTriggerUnplugged));
+    EXPECT_TRUE(rig.events.Next(ZltApi::UpdateTriggerPluggedIn));
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(380));
+    EXPECT_EQ(ZltErrorSuccess, camera->Close()) << "the old one can still be closed";
+    const auto fresh = rig.Opened();
+    EXPECT_NE(camera, fresh);
+    EXPECT_EQ(0.0, Get<double>(fresh, "Gain"));
+}
+
+TEST(Lifecycle, CoverAndEraseFromOutside)
+{
+    TestRig rig;
+    const auto camera = rig.Opened();
+    const auto log = std::make_shared<FrameLog>(camera);
+    ASSERT_EQ(ZltErrorSuccess, camera->StartContinuousImageAcquisition(3, log, ZltApi::FrameAllocationAnnounced));
+    const auto brightness = [](const FrameLog::Entry& entry)
+    { return std::accumulate(entry.image.begin(), entry.image.end(), std::size_t{0}) / entry.image.size(); };
+    ASSERT_TRUE(log->WaitFor(1));
+    const std::size_t dark = brightness(log->Entries().front());
+    // The control program as a process of its own.
+    ASSERT_EQ(0, std::system(CONTROL_PROGRAM " cover CAM off"));
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (brightness(log->Entries().back()) < dark + 20 && std::chrono::steady_clock::now() < end)
+    {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    EXPECT_GE(brightness(log->Entries().back()), dark + 20);
+    camera->StopContinuousImageAcquisition();
+    ASSERT_EQ("Success", WriteFile(camera, {1, 2, 3}));
+    ASSERT_EQ(ZltErrorSuccess, camera->Close());
+    ASSERT_EQ(0, rig.Control({"erase", CameraId}));
+    ASSERT_EQ(ZltErrorSuccess, camera->Open(ZltApi::AccessModeFull));
+    EXPECT_EQ(Bytes(), ReadFile(camera, UserFile));
+    EXPECT_LT(52U, ReadFile(camera, PresetFile).size()) << "the factory's set is there again";
+}
+
+TEST(Lifecycle, ProviderLibrary)
+{
+    TestRig rig;
+    rig.provider.Shutdown();
+    std::vector<ZltApi::CameraPtr> cameras;
+    EXPECT_EQ(ZltErrorNotStarted, rig.provider.GetCameras(cameras));
+    void* const library = ::dlopen(PROVIDER_LIBRARY, RTLD_NOW | RTLD_LOCAL);
+    ASSERT_TRUE(library) << ::dlerror();
+    const auto version = reinterpret_cast<std::uint32_t (*)()>(::dlsym(library, "ZltProviderVersion"));
+    const auto instance = reinterpret_cast<ZltApi::Provider* (*)()>(::dlsym(library, "ZltProviderInstance"));
+    ASSERT_TRUE(version && instance);
+    EXPECT_EQ(ZltApi::ProviderInterfaceVersion, version());
+    EventLog events;
+    ASSERT_EQ(ZltErrorSuccess, instance()->Startup(events));
+    EXPECT_EQ(ZltErrorInvalidCall, instance()->Startup(events)) << "twice";
+    std::vector<ZltApi::TransportLayerPtr> layers;
+    ASSERT_EQ(ZltErrorSuccess, instance()->GetTransportLayers(layers));
+    ASSERT_EQ(ZltErrorSuccess, instance()->GetCameras(cameras));
+    ZltApi::TransportLayerPtr layer;
+    cameras.at(0)->GetTransportLayer(layer);
+    EXPECT_EQ(layers.at(0), layer) << "the same object, by which hosts compare";
+    EXPECT_EQ(64U * 48U, (cameras[0]->Open(ZltApi::AccessModeFull), Grab(cameras[0]).front().image.size()));
+    instance()->Shutdown();
+    cameras.clear();
+    layer.reset();
+    layers.clear();
+    ::dlclose(library);
+}
+
+} // namespace Simulation

@@ -1,0 +1,207 @@
+// Continuous acquisition of simulated cameras.
+#include "TestRig.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <numeric>
+#include <thread>
+
+namespace Simulation
+{
+
+namespace
+{
+
+using Clock = std::chrono::steady_clock;
+
+ZltErrorType Start(const ZltApi::CameraPtr& camera, const std::shared_ptr<FrameLog>& log, std::uint32_t buffers = 3)
+{
+    return camera->StartContinuousImageAcquisition(buffers, log, ZltApi::FrameAllocationAnnounced);
+}
+
+double Mean(const Bytes& image)
+{
+    return std::accumulate(image.begin(), image.end(), 0.0) / static_cast<double>(image.size());
+}
+
+} // namespace
+
+TEST(Stream, StartsAndStopsAgainAndAgain)
+{
+    TestRig rig;
+    const auto camera = rig.Opened();
+    for (int i = 0; i < 200; ++i)
+    {
+        std::atomic<bool> stopped{false};
+        std::atomic<bool> late{false};
+        const auto log = std::make_shared<FrameLog>(camera);
+        log->onFrame = [&](const ZltApi::FramePtr& frame)
+        {
+            late = late || stopped;
+            camera->QueueFrame(frame);
+        };
+        ASSERT_EQ(ZltErrorSuccess, Start(camera, log));
+        if (i % 3 == 0)
+        {
+            ASSERT_TRUE(log->WaitFor(2));
+        }
+        ASSERT_EQ(ZltErrorSuccess, camera->StopContinuousImageAcquisition());
+        stopped = true;
+        const std::size_t count = log->Entries().size();
+        ASSERT_EQ(1, log.use_count()) << "the observer is forgotten";
+        ASSERT_EQ(ZltErrorSuccess, camera->ReleaseAllFrames());
+        EXPECT_EQ(count, log->Entries().size());
+        EXPECT_FALSE(late);
+    }
+}
+
+TEST(Stream, CallsThatDoNotFit)
+{
+    TestRig rig;
+    const auto camera = rig.Opened();
+    const auto log = std::make_shared<FrameLog>(camera);
+    log->keep = 1;
+    EXPECT_EQ(ZltErrorBadParameter, Start(camera, nullptr));
+    EXPECT_EQ(ZltErrorBadParameter, Start(camera, log, 0));
+    EXPECT_EQ(ZltErrorBadParameter, Start(camera, log, 100'000));
+    EXPECT_EQ(ZltErrorNotSupported,
+              camera->StartContinuousImageAcquisition(3, log, static_cast<ZltApi::FrameAllocationMode>(7)));
+    EXPECT_EQ(ZltErrorSuccess, camera->StopContinuousImageAcquisition()) << "without a stream";
+    std::atomic<ZltErrorType> inside{ZltErrorSuccess};
+    std::atomic<ZltErrorType> startInside{ZltErrorSuccess};
+    log->onFrame = [&](const ZltApi::FramePtr&)
+    {
+        inside = camera->StopContinuousImageAcquisition();
+        startInside = Start(camera, log);
+    };
+    ASSERT_EQ(ZltErrorSuccess, Start(camera, log));
+    ASSERT_TRUE(log->WaitFor(2));
+    EXPECT_EQ(ZltErrorInvalidCall, Start(camera, log));
+    EXPECT_EQ(ZltErrorInvalidCall, camera->ReleaseAllFrames());
+    const ZltApi::FramePtr frame = log->Kept().at(0);
+    EXPECT_EQ(ZltErrorSuccess, camera->QueueFrame(frame));
+    EXPECT_EQ(ZltErrorInvalidCall, camera->QueueFrame(frame)) << "queued already";
+    EXPECT_EQ(ZltErrorBadParameter, camera->QueueFrame(nullptr));
+    ASSERT_EQ(ZltErrorSuccess, camera->StopContinuousImageAcquisition());
+    EXPECT_EQ(ZltErrorInvalidCall, inside);
+    EXPECT_EQ(ZltErrorInvalidCall, startInside);
+    const auto next = std::make_shared<FrameLog>(camera);
+    ASSERT_EQ(ZltErrorSuccess, Start(camera, next));
+    EXPECT_EQ(ZltErrorInvalidCall, camera->QueueFrame(frame)) << "a frame of an earlier acquisition";
+    ASSERT_EQ(ZltErrorSuccess, camera->Close());
+    unsigned char* image = nullptr;
+    frame->GetImage(image);
+    image[0] = 1; // the memory of a frame lives as long as the frame
+    EXPECT_EQ(ZltErrorDeviceNotOpen, camera->StopContinuousImageAcquisition());
+    EXPECT_EQ(ZltErrorDeviceNotOpen, Start(camera, next));
+}
+
+TEST(Stream, WithoutFreeBuffersFramesAreLost)
+{
+    TestRig rig;
+    const auto camera = rig.Opened();
+    const auto log = std::make_shared<FrameLog>(camera);
+    log->keep = 3;
+    ASSERT_EQ(ZltErrorSuccess, Start(camera, log));
+    ASSERT_TRUE(log->WaitFor(3));
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    EXPECT_EQ(3U, log->Entries().size());
+    for (const auto& frame : log->Kept())
+    {
+        EXPECT_EQ(ZltErrorSuccess, camera->QueueFrame(frame));
+    }
+    ASSERT_TRUE(log->WaitFor(5));
+    camera->StopContinuousImageAcquisition();
+    const auto entries = log->Entries();
+    EXPECT_EQ(2U, entries[2].id);
+    EXPECT_GT(entries[3].id, 3U) << "lost frames are counted";
+    EXPECT_EQ(entries[3].id + 1, entries[4].id);
+}
+
+TEST(Stream, FramesComeAtTheirRate)
+{
+    TestRig rig(R"({"frameRate": 100})");
+    const auto camera = rig.Opened();
+    const auto timed = [&](double exposureUs, double rate)
+    {
+        EXPECT_EQ(ZltErrorSuccess, Set(camera, "ExposureTime", exposureUs));
+        EXPECT_EQ(ZltErrorSuccess, Set(camera, "AcquisitionFrameRate", rate));
+        const auto begin = Clock::now();
+        Grab(camera, 6);
+        return std::chrono::duration<double>(Clock::now() - begin).count();
+    };
+    // Never faster than asked for; a busy machine may be slower.
+    EXPECT_GE(timed(1'000.0, 100.0), 0.060);
+    EXPECT_GE(timed(1'000.0, 50.0), 0.120);
+    EXPECT_GE(timed(40'000.0, 100.0), 0.240) << "an exposure takes its time";
+    EXPECT_EQ(ZltErrorSuccess, Set(camera, "ExposureTime", 10'000'000.0));
+    const auto log = std::make_shared<FrameLog>(camera);
+    ASSERT_EQ(ZltErrorSuccess, Start(camera, log));
+    const auto begin = Clock::now();
+    camera->StopContinuousImageAcquisition();
+    EXPECT_LT(Clock::now() - begin, std::chrono::seconds(5)) << "a stop does not wait for the exposure";
+}
+
+TEST(Stream, RegionOfTheMirroredImage)
+{
+    TestRig rig(R"({"covered": false})");
+    const auto camera = rig.Opened();
+    const Bytes whole = Grab(camera).front().image;
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "ReverseX", true));
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "Width", std::int64_t{20}));
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "OffsetX", std::int64_t{6}));
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "Height", std::int64_t{16}));
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "OffsetY", std::int64_t{4}));
+    const auto region = Grab(camera).front();
+    ASSERT_EQ(20U * 16U, region.image.size());
+    EXPECT_EQ(20U, region.width);
+    for (std::size_t i = 0; i < region.image.size(); ++i)
+    {
+        ASSERT_EQ(whole[(4 + i / 20) * 64 + 63 - (6 + i % 20)], region.image[i]) << i;
+    }
+}
+
+TEST(Stream, AutomaticModesConverge)
+{
+    TestRig rig(R"({"covered": false})");
+    const auto camera = rig.Opened();
+    for (const char* mode : {"ExposureAuto", "GainAuto"})
+    {
+        ASSERT_EQ(ZltErrorSuccess, Set(camera, "Gain", 0.0));
+        ASSERT_EQ(ZltErrorSuccess, Set(camera, "ExposureTime", 500.0));
+        const double dark = Mean(Grab(camera).front().image);
+        ASSERT_EQ(ZltErrorSuccess, Set(camera, mode, "Once"));
+        Grab(camera, 40);
+        EXPECT_EQ("Off", Get<std::string>(camera, mode)) << "done once";
+        const double lit = Mean(Grab(camera).front().image);
+        EXPECT_GT(lit, dark + 20.0) << mode;
+        ASSERT_EQ(ZltErrorSuccess, Set(camera, mode, "Continuous"));
+        Grab(camera, 5);
+        EXPECT_EQ("Continuous", Get<std::string>(camera, mode));
+        ASSERT_EQ(ZltErrorSuccess, Set(camera, mode, "Off"));
+    }
+}
+
+TEST(Stream, AcquisitionCommands)
+{
+    TestRig rig;
+    const auto camera = rig.Opened();
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "AcquisitionMode", "SingleFrame"));
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "ExposureTime", 1'000.0));
+    const auto log = std::make_shared<FrameLog>(camera);
+    ASSERT_EQ(ZltErrorSuccess, Start(camera, log));
+    ASSERT_TRUE(log->WaitFor(1));
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    EXPECT_EQ(1U, log->Entries().size());
+    ASSERT_EQ(ZltErrorSuccess, RunCommand(camera, "AcquisitionStart"));
+    EXPECT_TRUE(log->WaitFor(2));
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "AcquisitionMode", "Continuous"));
+    ASSERT_EQ(ZltErrorSuccess, RunCommand(camera, "AcquisitionStart"));
+    EXPECT_TRUE(log->WaitFor(6));
+    ASSERT_EQ(ZltErrorSuccess, RunCommand(camera, "AcquisitionStop"));
+    camera->StopContinuousImageAcquisition();
+}
+
+} // namespace Simulation
