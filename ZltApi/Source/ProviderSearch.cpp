@@ -28,10 +28,7 @@ std::vector<std::filesystem::path> ProviderDirectories()
     std::istringstream parts(variable);
     for (std::string part; std::getline(parts, part, ':');)
     {
-        if (!part.empty())
-        {
-            directories.emplace_back(part);
-        }
+        directories.emplace_back(part); // an empty one names no directory, and is passed over like a missing one
     }
     return directories;
 }

@@ -13,7 +13,8 @@
 #endif
 
 // Describes one image buffer. The caller sets Size to sizeof(ZltImage), lets one of the ZltSetImageInfo functions fill
-// in the format, and points Data at the pixels. Rows follow one another without padding.
+// in the format, and points Data at the pixels. Rows follow one another without padding; in packed formats a row may
+// begin within a byte, and BytesPerLine is rounded up.
 struct ZltImage
 {
     std::uint32_t Size;         // sizeof(ZltImage): tells the library which form of the record it is given
@@ -55,11 +56,15 @@ extern "C"
                                                                     std::uint32_t height, ZltImage* image);
 
     // Makes the parameter that multiplies each pixel's (red, green, blue) by a 3 x 3 matrix, given row by row.
+    // ZltErrorBadParameter: a null pointer. ZltErrorInvalidValue: an element that is not finite.
     ZLTIMAGETRANSFORM_EXPORT ZltErrorType ZltSetColorCorrectionMatrix3x3(const float* matrix, ZltTransformInfo* info);
 
     // Converts source into destination, interpolating the colours of Bayer mosaics. Deeper pixels lose their low bits.
-    // The destination is "BGRA32", whose fourth byte becomes 255. Both images have the same width and height.
-    // Thread-safe as long as the buffers are not shared.
+    // The destination is "BGRA32", whose fourth byte becomes 255. Parameters apply one after another; results are
+    // rounded and clamped. Thread-safe as long as the buffers are not shared. Nothing is written on failure:
+    // ZltErrorBadParameter: a null pointer or wrong Size. ZltErrorNotSupported: a format or parameter that is not
+    // known, or another destination. ZltErrorInvalidValue: descriptors that disagree with their format or with one
+    // another, overlapping buffers, a matrix element that is not finite.
     ZLTIMAGETRANSFORM_EXPORT ZltErrorType ZltImageTransform(const ZltImage* source, ZltImage* destination,
                                                             const ZltTransformInfo* parameters,
                                                             std::uint32_t parameterCount);

@@ -3,33 +3,14 @@
 
 #include "ZltImageTransform/ZltImageTransform.h"
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
-#include <random>
 #include <string>
 #include <vector>
 
 using Bytes = std::vector<std::uint8_t>;
 using Colors = std::vector<std::uint32_t>; // 0xRRGGBB
-
-enum class Packing
-{
-    Words,
-    Nibbles, // 3 bytes for 2 pixels
-    Bits
-};
-
-// One way to store grey or mosaic pixels, by the end of its formats' names.
-struct Depth
-{
-    const char* Suffix;
-    unsigned Bits;
-    Packing Form;
-};
-
-constexpr Depth Depths[] = {
-    {"8", 8, Packing::Bits},    {"10", 10, Packing::Words},         {"12", 12, Packing::Words},
-    {"14", 14, Packing::Words}, {"16", 16, Packing::Words},         {"10Packed", 10, Packing::Nibbles},
-    {"10p", 10, Packing::Bits}, {"12Packed", 12, Packing::Nibbles}, {"12p", 12, Packing::Bits}};
 
 struct Size
 {
@@ -37,16 +18,30 @@ struct Size
     std::size_t Pixels() const { return std::size_t{Width} * Height; }
 };
 
-ZltImage Describe(const std::string& format, const Size& size, void* data = nullptr);
-
-// Puts each bit of the values where the packing has it.
-Bytes Pack(const Depth& depth, const std::vector<std::uint32_t>& values);
+inline ZltImage Describe(const std::string& format, const Size& size, void* data = nullptr)
+{
+    ZltImage image{};
+    image.Size = sizeof image;
+    EXPECT_EQ(ZltSetImageInfoFromString(format.c_str(), size.Width, size.Height, &image), ZltErrorSuccess) << format;
+    image.Data = data;
+    return image;
+}
 
 // Converts, with each buffer exactly as large as it must be, and expects the fourth byte to be 255.
-Colors Convert(const std::string& format, const Size& size, Bytes source,
-               const std::vector<ZltTransformInfo>& parameters = {});
-
-inline std::uint32_t Grey(std::uint32_t value)
+inline Colors Convert(const std::string& format, const Size& size, Bytes source,
+                      const std::vector<ZltTransformInfo>& parameters = {})
 {
-    return value * 0x010101U;
+    Bytes converted(size.Pixels() * 4, 0xA5);
+    const ZltImage from = Describe(format, size, source.data());
+    ZltImage to = Describe("BGRA32", size, converted.data());
+    EXPECT_EQ(from.BufferSize, source.size());
+    EXPECT_EQ(ZltImageTransform(&from, &to, parameters.data(), static_cast<std::uint32_t>(parameters.size())),
+              ZltErrorSuccess);
+    Colors colors;
+    for (std::size_t i = 0; i < converted.size(); i += 4)
+    {
+        colors.push_back(converted[i] | static_cast<std::uint32_t>(converted[i + 1] << 8 | converted[i + 2] << 16));
+        EXPECT_EQ(converted[i + 3], 255);
+    }
+    return colors;
 }

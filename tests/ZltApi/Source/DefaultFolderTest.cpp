@@ -1,11 +1,12 @@
-// Succeeds when the providers beside the library that it runs with bring two cameras.
+// Succeeds when the providers beside the library that it runs with bring two transport layers.
 #include "ZltApi/ZltSystem.h"
 
 int main()
 {
     ZltApi::ZltSystem& system = ZltApi::ZltSystem::GetInstance();
-    std::vector<ZltApi::CameraPtr> cameras;
-    const bool found = system.Startup() == ZltErrorSuccess && system.GetCameras(cameras) == ZltErrorSuccess;
+    std::vector<ZltApi::TransportLayerPtr> layers;
+    system.Startup();
+    system.GetTransportLayers(layers);
     system.Shutdown();
-    return found && cameras.size() == 2 ? 0 : 1;
+    return layers.size() == 2 ? 0 : 1;
 }

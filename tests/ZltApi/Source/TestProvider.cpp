@@ -1,4 +1,4 @@
-// A provider with two cameras and a stream of events, or with the one fault that its kind names.
+// A provider with two transport layers and a stream of events, or with the one fault that its kind names.
 #include "ZltApi/Provider.h"
 
 #include <atomic>
@@ -19,37 +19,16 @@ namespace
 {
 
 constexpr std::string_view Kind = TEST_PROVIDER_KIND;
-constexpr ZltErrorType None = ZltErrorNotImplemented;
 
-class TestCamera final : public Camera
+class TestLayer final : public TransportLayer
 {
 public:
-    explicit TestCamera(std::string id) : m_id(std::move(id)) {}
-
-    ZltErrorType GetID(std::string& id) const override { return id = m_id, ZltErrorSuccess; }
-    ZltErrorType GetName(std::string&) const override { return None; }
-    ZltErrorType GetModel(std::string&) const override { return None; }
-    ZltErrorType GetSerialNumber(std::string&) const override { return None; }
-    ZltErrorType GetInterfaceID(std::string&) const override { return None; }
-    ZltErrorType GetTransportLayer(TransportLayerPtr&) const override { return None; }
-    ZltErrorType GetPermittedAccess(std::uint32_t&) const override { return None; }
-    ZltErrorType Open(AccessMode) override { return None; }
-    ZltErrorType Close() override { return None; }
-    ZltErrorType GetStreams(std::vector<StreamPtr>&) override { return None; }
-    ZltErrorType GetFeatures(std::vector<FeaturePtr>&) override { return None; }
-    ZltErrorType GetFeatureByName(const char*, FeaturePtr&) override { return None; }
-    ZltErrorType ReadMemory(std::uint64_t, std::vector<unsigned char>&) override { return None; }
-    ZltErrorType WriteMemory(std::uint64_t, const std::vector<unsigned char>&) override { return None; }
-    ZltErrorType StartContinuousImageAcquisition(std::uint32_t, const IFrameObserverPtr&, FrameAllocationMode) override
-    {
-        return None;
-    }
-    ZltErrorType StopContinuousImageAcquisition() override { return None; }
-    ZltErrorType QueueFrame(const FramePtr&) override { return None; }
-    ZltErrorType ReleaseAllFrames() override { return None; }
+    explicit TestLayer(int number) : m_name(std::string(Kind) + std::to_string(number)) {}
+    ZltErrorType GetVendor(std::string&) const override { return ZltErrorNotImplemented; }
+    ZltErrorType GetName(std::string& name) const override { return name = m_name, ZltErrorSuccess; }
 
 private:
-    std::string m_id;
+    std::string m_name;
 };
 
 class TestProvider final : public Provider
@@ -63,15 +42,11 @@ public:
         {
             throw 42;
         }
-        if (Kind == "StartupFails")
-        {
-            return ZltErrorTransportLayer;
-        }
-        if (!m_running.exchange(true))
+        if (Kind != "StartupFails" && !m_running.exchange(true))
         {
             m_thread = std::thread([this, &events] { SendEvents(events); });
         }
-        return ZltErrorSuccess;
+        return Kind == "StartupFails" ? ZltErrorTransportLayer : ZltErrorSuccess;
     }
 
     // A rogue goes on after it was told to stop.
@@ -87,27 +62,21 @@ public:
         }
     }
 
-    ZltErrorType GetTransportLayers(std::vector<TransportLayerPtr>&) override { return ZltErrorSuccess; }
-    ZltErrorType GetInterfaces(std::vector<InterfacePtr>&) override { throw 42; }
-    ZltErrorType GetCameras(std::vector<CameraPtr>& cameras) override
+    ZltErrorType GetTransportLayers(std::vector<TransportLayerPtr>& layers) override
     {
-        const std::string kind(Kind);
-        cameras = {std::make_shared<TestCamera>(kind + "1"), nullptr, std::make_shared<TestCamera>(kind + "2")};
-        if (Kind == "ListsThrow")
-        {
-            throw std::string(kind);
-        }
-        return ZltErrorSuccess;
+        layers = {std::make_shared<TestLayer>(1), nullptr, std::make_shared<TestLayer>(2)};
+        return Kind == "ListsThrow" ? throw std::string(Kind) : ZltErrorSuccess;
     }
+    ZltErrorType GetInterfaces(std::vector<InterfacePtr>&) override { return ZltErrorNotSupported; }
+    ZltErrorType GetCameras(std::vector<CameraPtr>&) override { throw 42; }
 
 private:
     void SendEvents(ProviderEvents& events)
     {
-        while (m_running)
+        for (; m_running; std::this_thread::sleep_for(std::chrono::microseconds(200)))
         {
-            events.CameraListChanged(std::make_shared<TestCamera>("event"), UpdateTriggerStateChanged);
+            events.CameraListChanged(nullptr, UpdateTriggerStateChanged);
             events.InterfaceListChanged(nullptr, UpdateTriggerUnplugged);
-            std::this_thread::sleep_for(std::chrono::microseconds(200));
         }
     }
 
@@ -134,9 +103,5 @@ ZLT_PROVIDER_EXPORT std::uint32_t ZltProviderVersion()
 ZLT_PROVIDER_EXPORT Provider* ZltProviderInstance()
 {
     static TestProvider provider;
-    if (Kind == "InstanceThrows")
-    {
-        throw std::string("no instance");
-    }
-    return Kind == "NullInstance" ? nullptr : &provider;
+    return Kind == "InstanceThrows" ? throw std::string(Kind) : Kind == "NullInstance" ? nullptr : &provider;
 }
