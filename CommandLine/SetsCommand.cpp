@@ -10,6 +10,7 @@
 #include <nlohmann/json.hpp>
 
 #include <iostream>
+#include <optional>
 
 namespace CommandLine
 {
@@ -27,8 +28,8 @@ std::string MetadataText(const std::map<std::string, double>& metadata)
     return text.empty() ? "-" : text;
 }
 
-// A set whose content cannot be decoded is not empty: something stands there.
-bool IsEmpty(KTR::DPC::DpcAdapter& adapter, const boost::shared_ptr<KTR::DPC::CorrectionSet>& set)
+// Nothing when the content cannot be read: some cameras do not let an empty file be opened for reading.
+std::optional<bool> IsEmpty(KTR::DPC::DpcAdapter& adapter, const boost::shared_ptr<KTR::DPC::CorrectionSet>& set)
 {
     try
     {
@@ -37,7 +38,7 @@ bool IsEmpty(KTR::DPC::DpcAdapter& adapter, const boost::shared_ptr<KTR::DPC::Co
     catch (const KTR::System::Exception& failure)
     {
         std::cerr << "Correction set \"" << set->getName() << "\" cannot be read: " << failure.ToString() << '\n';
-        return false;
+        return std::nullopt;
     }
 }
 
@@ -52,7 +53,7 @@ ExitStatus List(const std::string& cameraId, const Request& request)
     {
         const bool writable = adapter->IsCorrectionSetWritable(set);
         const bool available = adapter->IsCorrectionSetAvailable(set);
-        const bool empty = IsEmpty(*adapter, set);
+        const std::optional<bool> empty = IsEmpty(*adapter, set);
         const bool enabled = adapter->IsCorrectionSetEnabled(set);
         const bool isDefault = set->getName() == defaultName;
         if (request.json)
@@ -60,16 +61,16 @@ ExitStatus List(const std::string& cameraId, const Request& request)
             document.push_back({{"name", set->getName()},
                                 {"writable", writable},
                                 {"available", available},
-                                {"empty", empty},
+                                {"empty", empty ? nlohmann::ordered_json(*empty) : nlohmann::ordered_json()},
                                 {"enabled", enabled},
                                 {"default", isDefault},
                                 {"metadata", set->getAllMetadata()}});
         }
         else
         {
-            std::cout << set->getName() << '\t' << word(writable) << '\t' << word(available) << '\t' << word(empty)
-                      << '\t' << word(enabled) << '\t' << word(isDefault) << '\t' << MetadataText(set->getAllMetadata())
-                      << '\n';
+            std::cout << set->getName() << '\t' << word(writable) << '\t' << word(available) << '\t'
+                      << (empty ? word(*empty) : "unknown") << '\t' << word(enabled) << '\t' << word(isDefault) << '\t'
+                      << MetadataText(set->getAllMetadata()) << '\n';
         }
     }
     if (request.json)

@@ -20,7 +20,7 @@ tidy() {
   scripts/sources.sh units | xargs -P "$(nproc)" -I{} bash -c '
     stamp='"$stamps"'/$(cat "{}" | sha256sum | cut -c1-24)-'"$headers"'
     [ -e "$stamp" ] && exit 0
-    clang-tidy --quiet -p build "{}" 2>"$stamp.log" >"$stamp.out" && touch "$stamp" && rm -f "$stamp.log" "$stamp.out" && exit 0
+    clang-tidy --quiet -p build --extra-arg=-std=c++17 "{}" 2>"$stamp.log" >"$stamp.out" && touch "$stamp" && rm -f "$stamp.log" "$stamp.out" && exit 0
     cat "$stamp.out" "$stamp.log" >&2; exit 1'
 }
 

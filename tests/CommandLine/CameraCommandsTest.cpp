@@ -5,7 +5,6 @@
 #include <QElapsedTimer>
 #include <QImage>
 #include <QRegularExpression>
-#include <QThread>
 
 #include <nlohmann/json.hpp>
 
@@ -81,7 +80,8 @@ TEST_F(CameraCommands, ReadsAndWritesFeatures)
 
 TEST_F(CameraCommands, ReadGivesBackWhatWasWritten)
 {
-    EXPECT_EQ(Cli({"sets", "COLOUR"}).Lines()[1], "User\tyes\tyes\tyes\tno\tno\t-");
+    // This camera does not let its empty file be opened for reading.
+    EXPECT_TRUE(Cli({"sets", "COLOUR"}).out.contains("User\tyes\tyes\tunknown\tno\tno\t-\n"));
     EXPECT_EQ(Cli({"sets", "MONO"}).out.toStdString(), "Preset\tno\tyes\tno\tyes\tyes\t-\n"
                                                        "User\tyes\tyes\tyes\tno\tno\t-\n");
     EXPECT_EQ(Cli({"read", "MONO", "User"}).out.toStdString(), "");
@@ -127,12 +127,14 @@ TEST_F(CameraCommands, ReadGivesBackWhatWasWritten)
 TEST_F(CameraCommands, TellsThatAnotherProgramHoldsTheCamera)
 {
     const std::unique_ptr<QProcess> other = StartCli({"grab", "MONO", "--frames", "100000", "-o", Path("never.png")});
+    // Listing with the tool would open the camera, and could snatch it away from the other process.
     QElapsedTimer timer;
     timer.start();
-    while (!Cli({"cameras"}).out.contains("MONO\tOSTREL S-1m\t1\t-\tunknown\tin-use") && timer.elapsed() < 30'000)
+    for (int inUse = 0; inUse < 3 && timer.elapsed() < 30'000;)
     {
-        QThread::msleep(20);
+        inUse = Control({"list"}).Lines()[0].endsWith("free") ? 0 : inUse + 1;
     }
+    EXPECT_TRUE(Cli({"cameras"}).out.contains("MONO\tOSTREL S-1m\t1\t-\tunknown\tin-use\n"));
     const Outcome refused = Cli({"read", "MONO", "User"});
     EXPECT_EQ(refused.status, 1);
     EXPECT_TRUE(refused.err.contains("Camera is in use by another application")) << refused.err.toStdString();
@@ -201,8 +203,8 @@ TEST_F(CameraCommands, CommissionsACoveredCamera)
         ASSERT_EQ(Cli({"set", camera, "ExposureTime", "12000"}).status, 0);
         for (int run = 0; run < 2; ++run) // the second one starts from what the first has left
         {
-            const Outcome outcome = Cli({"commission", camera, "User", "--exposure", "10000"});
-            EXPECT_EQ(outcome.status, 0) << outcome.err.toStdString();
+            const Outcome outcome = Cli({"commission", camera, "User", "--exposure", "10000", "--limit", "2000"});
+            ASSERT_EQ(outcome.status, 0) << outcome.err.toStdString();
             const QRegularExpressionMatch figures =
                 QRegularExpression("^found (\\d+), written (\\d+), hidden (\\d+), visible 0$")
                     .match(outcome.Lines().last());

@@ -1,40 +1,32 @@
 // All adapters under the common contract, and broken ones that it must reject.
 #include "AdapterConformance.h"
-#include "OstrelCamera.h"
-
 #include "DpcAdapterOstrel.h"
-#include "Exception.h"
-#include "PixelDefect.h"
+#include "OstrelCamera.h"
 #include "PixelRowDefect.h"
 #include "RowDefect.h"
 
 #include <gmock/gmock.h>
 
 using namespace KTR::DPC;
-using testing::Contains;
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 namespace
 {
 
-template <typename Adapter> AdapterCase ostrelCase(const std::string& name)
+template <typename Adapter> AdapterCase ostrelCase()
 {
-    return {name,
+    return {"Ostrel",
             [] { return makeOstrelCamera(); },
             [](const auto& camera) { return boost::make_shared<Adapter>(camera); },
             "User",
-            {boost::make_shared<PixelDefect>(639, 479), boost::make_shared<RowDefect>(3),
-             boost::make_shared<PixelRowDefect>(10, 3, 11)}};
+            {boost::make_shared<RowDefect>(3), boost::make_shared<PixelRowDefect>(10, 3, 11)}};
 }
 
-struct LosesLastDefect final : DpcAdapterOstrel
+struct LosesDefects final : DpcAdapterOstrel
 {
     using DpcAdapterOstrel::DpcAdapterOstrel;
     void WriteCorrectionSet(const CorrectionSetPtr& set, const SensorDefectList& defects) override
     {
-        const bool any = !defects.empty();
-        DpcAdapterOstrel::WriteCorrectionSet(set, {defects.begin(), defects.end() - (any ? 1 : 0)});
+        DpcAdapterOstrel::WriteCorrectionSet(set, {defects.begin(), defects.begin() + (defects.empty() ? 0 : 1)});
     }
 };
 
@@ -58,7 +50,7 @@ struct TakesAnything final : DpcAdapterOstrel
     bool IsCorrectionSetValid(const CorrectionSetPtr&, const SensorDefectList&) override { return true; }
 };
 
-struct ForgetsToClose final : DpcAdapterOstrel
+struct LeavesOpen final : DpcAdapterOstrel
 {
     using DpcAdapterOstrel::DpcAdapterOstrel;
     void EraseCorrectionSet(CorrectionSetPtr& set) override
@@ -70,24 +62,22 @@ struct ForgetsToClose final : DpcAdapterOstrel
     }
 };
 
-class AdapterConformance : public testing::TestWithParam<AdapterCase>
+TEST(AdapterConformance, IsKeptByAllAdapters)
 {
-};
-
-TEST_P(AdapterConformance, KeepsTheContract)
-{
-    EXPECT_THAT(adapterViolations(GetParam()), IsEmpty());
+    for (const auto& adapterCase : {ostrelCase<DpcAdapterOstrel>()})
+    {
+        EXPECT_THAT(adapterViolations(adapterCase), testing::IsEmpty()) << adapterCase.name;
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Adapters, AdapterConformance, testing::Values(ostrelCase<DpcAdapterOstrel>("Ostrel")),
-                         [](const auto& adapterCase) { return adapterCase.param.name; });
-
-TEST(AdapterConformanceSuite, RejectsBrokenAdapters)
+TEST(AdapterConformance, RejectsBrokenAdapters)
 {
-    EXPECT_THAT(adapterViolations(ostrelCase<LosesLastDefect>("")), Contains(HasSubstr("WriteCorrectionSet: other")));
-    EXPECT_THAT(adapterViolations(ostrelCase<HidesFailures>("")), Contains(HasSubstr("ReadCorrectionSet: hides")));
-    EXPECT_THAT(adapterViolations(ostrelCase<TakesAnything>("")), Contains(HasSubstr("IsCorrectionSetValid: not by")));
-    EXPECT_THAT(adapterViolations(ostrelCase<ForgetsToClose>("")), Contains("EraseCorrectionSet: leaves a file open"));
+    using testing::Contains;
+    using testing::StartsWith;
+    EXPECT_THAT(adapterViolations(ostrelCase<LosesDefects>()), Contains(StartsWith("WriteCorrectionSet: other")));
+    EXPECT_THAT(adapterViolations(ostrelCase<HidesFailures>()), Contains(StartsWith("ReadCorrectionSet: hides")));
+    EXPECT_THAT(adapterViolations(ostrelCase<TakesAnything>()), Contains(StartsWith("IsCorrectionSetValid: not by")));
+    EXPECT_THAT(adapterViolations(ostrelCase<LeavesOpen>()), Contains("EraseCorrectionSet: leaves a file open"));
 }
 
 } // namespace

@@ -1,10 +1,9 @@
 // The Ostrel adapter: what it says when a camera fails, and which calls it makes.
 #include "DpcAdapterOstrel.h"
 #include "ColumnDefect.h"
-#include "Exception.h"
+#include "Failure.h"
 #include "OstrelCamera.h"
 #include "PixelDefect.h"
-#include "PixelRowDefect.h"
 #include "ScopedOpenFile.h"
 
 #include <gmock/gmock.h>
@@ -29,51 +28,50 @@ struct TestAdapter final : DpcAdapterOstrel
     }
 };
 
-class DpcAdapterOstrelTest : public testing::Test
+struct DpcAdapterOstrelTest : testing::Test
 {
-protected:
-    const boost::shared_ptr<MemoryCamera> m_camera = makeOstrelCamera();
-    TestAdapter m_adapter{m_camera};
-    DpcAdapter::CorrectionSetPtr m_user = boost::make_shared<CorrectionSet>("User");
+    boost::shared_ptr<MemoryCamera> camera = makeOstrelCamera();
+    TestAdapter adapter{camera};
+    DpcAdapter::CorrectionSetPtr user = boost::make_shared<CorrectionSet>("User");
+
+    void SetUp() override { camera->log = {}; }
 };
 
 TEST_F(DpcAdapterOstrelTest, SaysWhatFailed)
 {
     using Set = DpcAdapter::CorrectionSetPtr;
-    auto& a = m_adapter;
+    const auto sets = [&](const Set&) { adapter.GetAvailableCorrectionSets(); };
+    const auto getDefault = [&](const Set&) { adapter.GetDefaultCorrectionSet(); };
+    const auto setDefault = [&](const Set& set) { adapter.SetDefaultCorrectionSet(set); };
+    const auto on = [&](const Set& set) { adapter.SetCorrectionSetEnabled(set, true); };
+    const auto off = [&](const Set& set) { adapter.SetCorrectionSetEnabled(set, false); };
+    const auto available = [&](const Set& set) { adapter.IsCorrectionSetAvailable(set); };
+    const auto read = [&](const Set& set) { adapter.ReadCorrectionSet(set); };
+    const auto writable = [&](const Set& set) { adapter.IsCorrectionSetWritable(set); };
+    const auto write = [&](const Set& set) { adapter.WriteCorrectionSet(set, {}); };
+    const auto space = [&](const Set& set) { adapter.IsSpaceSufficient(set, {}); };
+    const auto erase = [&](Set set) { adapter.EraseCorrectionSet(set); };
+    const auto restore = [&](const Set& set) { adapter.RestoreFactorySettings(set); };
     const std::string selector = "Set CorrectionSelector=DefectPixelCorrection";
-    const auto getSets = [&](const Set&) { a.GetAvailableCorrectionSets(); };
-    const auto getDefault = [&](const Set&) { a.GetDefaultCorrectionSet(); };
-    const auto setDefault = [&](const Set& set) { a.SetDefaultCorrectionSet(set); };
-    const auto enable = [&](const Set& set) { a.SetCorrectionSetEnabled(set, true); };
-    const auto disable = [&](const Set& set) { a.SetCorrectionSetEnabled(set, false); };
-    const auto available = [&](const Set& set) { a.IsCorrectionSetAvailable(set); };
-    const auto read = [&](const Set& set) { a.ReadCorrectionSet(set); };
-    const auto writable = [&](const Set& set) { a.IsCorrectionSetWritable(set); };
-    const auto write = [&](const Set& set) { a.WriteCorrectionSet(set, {}); };
-    const auto space = [&](const Set& set) { a.IsSpaceSufficient(set, {}); };
-    const auto erase = [&](Set set) { a.EraseCorrectionSet(set); };
-    const auto restore = [&](const Set& set) { a.RestoreFactorySettings(set); };
     const struct
     {
         std::string refused; // the camera's call that fails, whose words follow the text
-        std::function<void(const Set&)> act;
+        std::function<void(const Set&)> call;
         std::string set, text;
     } cases[] = {
-        {selector, getSets, "User", "Could not set CorrectionSelector: "},
+        {selector, sets, "User", "Could not set CorrectionSelector: "},
         {selector, getDefault, "User", "Could not set CorrectionSelector: "},
         {selector, setDefault, "User", "Could not set CorrectionSelector: "},
-        {selector, enable, "User", "Could not set CorrectionSelector: "},
+        {selector, on, "User", "Could not set CorrectionSelector: "},
         {selector, available, "User", "Could not set CorrectionSelector: "},
-        {"Set CorrectionSet=User", enable, "User", "Could not set CorrectionSetSelector for CorrectionSetUser.\n"},
-        {"List CorrectionSet", getSets, "User", "Could not get enum values of CorrectionSetSelect : "},
+        {"Set CorrectionSet=User", on, "User", "Could not set CorrectionSetSelector for CorrectionSetUser.\n"},
+        {"List CorrectionSet", sets, "User", "Could not get enum values of CorrectionSetSelect : "},
         {"Get CorrectionSetDefault", getDefault, "User", "Could not get enum value of CorrectionSetDefault: "},
         {"List CorrectionSetDefault", setDefault, "User", "Could not get enum values of CorrectionSetDefault: "},
         {"", setDefault, "Lost", "The given CorrectionSet Lost is not valid for CorrectionSetDefault"},
         {"Set CorrectionSetDefault=User", setDefault, "User", "Could not set value of CorrectionSetDefault: "},
-        {"Set CorrectionMode=On", enable, "User", "Could not set value of Correction mode for Correction Set User.\n"},
-        {"Set CorrectionMode=Off", disable, "User",
-         "Could not set value of Correction mode for Correction Set User.\n"},
+        {"Set CorrectionMode=On", on, "User", "Could not set value of Correction mode for Correction Set User.\n"},
+        {"Set CorrectionMode=Off", off, "User", "Could not set value of Correction mode for Correction Set User.\n"},
         {"", read, "Secret", "CorrectionSet Secret is not readable!"},
         {"", read, "Lost", "Could not get file DefectPixelCorrection"},
         {"", writable, "Gone", "Could not get file DefectPixelCorrection"},
@@ -83,68 +81,52 @@ TEST_F(DpcAdapterOstrelTest, SaysWhatFailed)
         {"", space, "Lost", "Could not get file for correction set Lost"},
         {"", restore, "User", "RestoreFactorySettings is not available for Ostrel Cameras"},
     };
-    for (const auto& [refused, act, set, text] : cases)
+    for (const auto& [refused, call, set, text] : cases)
     {
-        m_camera->log.refused = refused;
-        try
-        {
-            act(boost::make_shared<CorrectionSet>(set));
-            ADD_FAILURE() << "nothing failed: " << text;
-        }
-        catch (const KTR::System::Exception& exception)
-        {
-            EXPECT_EQ(exception.ToString(), text + (refused.empty() ? "" : "Refused: " + refused));
-        }
+        camera->log.refused = refused;
+        const auto cause = refused.empty() ? "" : "Refused: " + refused;
+        EXPECT_EQ(FailureOf([&, &call = call, &set = set] { call(boost::make_shared<CorrectionSet>(set)); }),
+                  text + cause);
     }
 }
 
 TEST_F(DpcAdapterOstrelTest, MovesOnlyTheSelectorsThatItNeeds)
 {
-    m_adapter.SetCorrectionSetEnabled(m_user, true);
-    EXPECT_THAT(m_camera->log.calls, ElementsAre("Set CorrectionSelector=DefectPixelCorrection",
-                                                 "Set CorrectionSet=User", "Set CorrectionMode=On"));
-    m_camera->log.clear();
-    EXPECT_TRUE(m_adapter.IsCorrectionSetEnabled(m_user));
-    EXPECT_FALSE(m_adapter.IsCorrectionSetEnabled(boost::make_shared<CorrectionSet>("Preset")));
-    EXPECT_THAT(m_camera->log.calls, testing::Each(testing::StartsWith("Get ")));
-    m_camera->features.erase("CorrectionMode");
-    EXPECT_FALSE(m_adapter.IsCorrectionSetEnabled(m_user)) << "a camera that cannot tell";
-
-    m_camera->features["CorrectionSet"].unavailable = {"User"};
-    EXPECT_FALSE(m_adapter.IsCorrectionSetAvailable(m_user));
-    EXPECT_EQ(m_adapter.GetAvailableCorrectionSets().size(), 2U) << "also sets not available now";
-}
-
-TEST_F(DpcAdapterOstrelTest, OpensAnEmptyFileOnce)
-{
-    EXPECT_THAT(m_adapter.ReadCorrectionSet(m_user), IsEmpty());
+    adapter.SetCorrectionSetEnabled(user, true);
+    EXPECT_THAT(camera->log.calls, ElementsAre("Set CorrectionSelector=DefectPixelCorrection", "Set CorrectionSet=User",
+                                               "Set CorrectionMode=On"));
+    camera->log = {};
+    EXPECT_TRUE(adapter.IsCorrectionSetEnabled(user));
+    EXPECT_FALSE(adapter.IsCorrectionSetEnabled(boost::make_shared<CorrectionSet>("Preset")));
+    EXPECT_THAT(camera->log.calls, testing::Each(testing::StartsWith("Get ")));
+    camera->features.erase("CorrectionMode");
+    EXPECT_FALSE(adapter.IsCorrectionSetEnabled(user)) << "a camera that cannot tell";
+    camera->features["CorrectionSet"].unavailable = "User";
+    EXPECT_FALSE(adapter.IsCorrectionSetAvailable(user));
+    camera->log = {};
+    EXPECT_THAT(adapter.ReadCorrectionSet(user), IsEmpty());
     const std::string name = " DefectPixelCorrectionUser";
-    EXPECT_THAT(m_camera->log.calls, ElementsAre("GetFiles", "OpenRead" + name, "GetSize" + name, "Close" + name));
+    EXPECT_THAT(camera->log.calls, ElementsAre("GetFiles", "OpenRead" + name, "GetSize" + name, "Close" + name));
 }
 
 TEST_F(DpcAdapterOstrelTest, StoresWhatTheFamilyCanStore)
 {
     const auto pixel = boost::make_shared<PixelDefect>(0x10007, 0x10005); // cut to 16 bits
-    m_adapter.WriteCorrectionSet(m_user, {boost::make_shared<ColumnDefect>(3), pixel});
-    const auto stored = m_adapter.ReadCorrectionSet(m_user);
+    adapter.WriteCorrectionSet(user, {boost::make_shared<ColumnDefect>(3), pixel});
+    const auto stored = adapter.ReadCorrectionSet(user);
     ASSERT_EQ(stored.size(), 1U);
     EXPECT_TRUE(*stored.front() == PixelDefect(7, 5));
-    EXPECT_THAT(m_adapter.GetAvailableDefectTypes(),
+    EXPECT_THAT(adapter.GetAvailableDefectTypes(),
                 ElementsAre(SensorDefectType::Pixel, SensorDefectType::Row, SensorDefectType::PixelRow));
 
-    m_camera->add("ReverseX", 0);
-    EXPECT_EQ(m_adapter.ConvertDefectsListToBinary({}).size(), 52U + 3 * 80 + 8 + 3 * 34);
-    m_camera->features.erase("ReverseX");
-    m_camera->add("ReverseY", 0);
-    const auto before = m_camera->files.back()->content;
-    EXPECT_THROW(m_adapter.EraseCorrectionSet(m_user), KTR::System::Exception) << "no file for mirroring in y alone";
-    EXPECT_EQ(m_camera->files.back()->content, before);
-}
+    camera->features["ReverseX"] = {};
+    EXPECT_EQ(adapter.ConvertDefectsListToBinary({}).size(), 52U + 3 * 80 + 8 + 3 * 34);
+    camera->features.erase("ReverseX");
+    camera->features["ReverseY"] = {};
+    EXPECT_THROW(adapter.EraseCorrectionSet(user), KTR::System::Exception) << "no file for mirroring in y alone";
+    EXPECT_EQ(adapter.ReadCorrectionSet(user).size(), 1U);
 
-TEST(DpcAdapterOstrel, CallsAFileOfMaximumSizeTooLarge)
-{
-    const auto user = boost::make_shared<CorrectionSet>("User");
-    EXPECT_FALSE(DpcAdapterOstrel(makeOstrelCamera(174)).IsSpaceSufficient(user, {}));
+    EXPECT_FALSE(DpcAdapterOstrel(makeOstrelCamera(174)).IsSpaceSufficient(user, {})) << "a file of just this size";
     EXPECT_TRUE(DpcAdapterOstrel(makeOstrelCamera(175)).IsSpaceSufficient(user, {}));
 }
 
@@ -158,12 +140,8 @@ TEST(ScopedOpenFile, ClosesOnEveryWayOut)
     camera->log.failAt = 2;
     EXPECT_THROW(ScopedOpenFile(file, FileInterface::FileOpenMode::Read)->GetSize(), KTR::System::Exception);
     EXPECT_FALSE(file->IsOpen());
-    EXPECT_DEATH(
-        {
-            const ScopedOpenFile open(file, FileInterface::FileOpenMode::Read);
-            file->Close();
-        },
-        "");
+    const auto closeTwice = [&] { ScopedOpenFile(file, FileInterface::FileOpenMode::Read)->Close(); };
+    EXPECT_DEATH(closeTwice(), "") << "a guard that cannot close";
 }
 
 } // namespace

@@ -8,15 +8,17 @@
 inline boost::shared_ptr<MemoryCamera> makeOstrelCamera(std::uint64_t sizeMax = 4096)
 {
     auto camera = boost::make_shared<MemoryCamera>();
-    camera->add("DeviceFamilyName", std::string("OSTREL"));
-    camera->add("SensorWidth", 640);
-    camera->add("SensorHeight", 480);
-    camera->addEnum("CorrectionSelector", {"FixedPatternNoiseCorrection", "DefectPixelCorrection"});
-    camera->addEnum("CorrectionSet", {"Preset", "User"});
-    camera->addEnum("CorrectionSetDefault", {"Preset", "User"});
-    camera->addEnum("CorrectionMode", {"Off", "On"});
-    camera->addFile("FixedPatternNoiseUser", sizeMax, true);
-    camera->addFile("DefectPixelCorrectionPreset", sizeMax, false);
-    camera->addFile("DefectPixelCorrectionUser", sizeMax, true);
+    camera->features = {{"DeviceFamilyName", {0, "OSTREL", {}, {}}},
+                        {"SensorWidth", {640, {}, {}, {}}},
+                        {"SensorHeight", {480, {}, {}, {}}},
+                        {"CorrectionSelector", {0, "Other", {"Other", "DefectPixelCorrection"}, {}}},
+                        {"CorrectionSet", {0, "Preset", {"Preset", "User"}, {}}},
+                        {"CorrectionSetDefault", {0, "Preset", {"Preset", "User"}, {}}},
+                        {"CorrectionMode", {0, "Off", {"Off", "On"}, {}}}};
+    for (const char* name : {"OtherUser", "DefectPixelCorrectionPreset", "DefectPixelCorrectionUser"})
+    {
+        const bool writable = name != std::string("DefectPixelCorrectionPreset");
+        camera->files.push_back(boost::make_shared<MemoryFile>(name, sizeMax, writable, camera->log));
+    }
     return camera;
 }

@@ -45,5 +45,5 @@ TEST(Logger, GetsWhatIsLoggedWhileItIsSet)
 
 TEST(ExceptionDeathTest, RefusesAnEmptyMessage)
 {
-    EXPECT_DEATH(Exception("", false), "!m_strMessage.empty\\(\\)");
+    EXPECT_DEATH(throw Exception("", false), "!m_strMessage.empty\\(\\)");
 }

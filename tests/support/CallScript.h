@@ -13,27 +13,28 @@ class CallScript
 public:
     static constexpr ZltErrorType Failure = ZltErrorTransportLayer; // -13, the code of Fail()
 
-    // The action runs before the n-th such call from now on (0: before each), which goes on if it returns success.
-    // What was added last runs first.
-    void On(const std::string& call, unsigned n, std::function<ZltErrorType()> action)
+    // The action runs first thing in the n-th such call from now on (0: in each).
+    void On(const std::string& call, unsigned n, std::function<void()> action)
     {
-        m_rules.insert(m_rules.begin(), Rule{call, n, 0, std::move(action)});
+        m_rules.push_back({call, n, 0, std::move(action), ZltErrorSuccess});
     }
+    // The n-th such call from now on fails (0: each).
     void Fail(const std::string& call, unsigned n = 1)
     {
-        On(call, n, [] { return Failure; });
+        m_rules.push_back({call, n, 0, [] {}, Failure});
     }
     ZltErrorType Call(const std::string& call)
     {
+        ZltErrorType code = ZltErrorSuccess;
         for (Rule& rule : m_rules)
         {
-            const bool due = rule.call == call && (++rule.seen == rule.n || rule.n == 0);
-            if (const ZltErrorType code = due ? rule.action() : ZltErrorSuccess; code != ZltErrorSuccess)
+            if (rule.call == call && (++rule.seen == rule.n || rule.n == 0))
             {
-                return code;
+                rule.action();
+                code = rule.code;
             }
         }
-        return ZltErrorSuccess;
+        return code;
     }
 
     std::vector<std::string> changes; // calls that change the camera, in order, such as "Set FileSelector A"
@@ -44,7 +45,8 @@ private:
         std::string call;
         unsigned n;
         unsigned seen;
-        std::function<ZltErrorType()> action;
+        std::function<void()> action;
+        ZltErrorType code;
     };
     std::vector<Rule> m_rules;
 };

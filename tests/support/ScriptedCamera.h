@@ -11,8 +11,6 @@
 struct ScriptedFile
 {
     ScriptedFeature::Bytes content;
-    std::string modes = "Read Write"; // in which it opens
-    bool deletable = true;
     bool open = false;
 };
 
@@ -28,15 +26,14 @@ public:
     ScriptedFeature& Add(const std::string& name, ZltFeatureDataType type, const ScriptedFeature::Value& value);
     ScriptedFeature& operator[](const std::string& name) { return *featureNamed(name); }
     template <class T> T& Get(const std::string& name) { return std::get<T>(featureNamed(name)->value); }
-    void Remove(const std::string& name);
 
-    std::vector<std::shared_ptr<ScriptedFeature>> features;
     std::set<std::string> emptyHandles; // features that are found, without a handle
     std::map<std::string, ScriptedFile> files;
     std::vector<unsigned char> memory = std::vector<unsigned char>(16);
 
     ZltErrorType GetFeatures(std::vector<ZltApi::FeaturePtr>& result) override;
     ZltErrorType GetFeatureByName(const char* name, ZltApi::FeaturePtr& feature) override;
+    // The lowest four bits of an address count.
     ZltErrorType ReadMemory(std::uint64_t address, std::vector<unsigned char>& data) override;
     ZltErrorType WriteMemory(std::uint64_t address, const std::vector<unsigned char>& data) override;
     ZltErrorType GetID(std::string&) const override { return ZltErrorNotImplemented; }
@@ -60,6 +57,9 @@ public:
 
 private:
     std::shared_ptr<ScriptedFeature> featureNamed(const std::string& name);
+    ScriptedFile& selectedFile() { return files[Get<std::string>("FileSelector")]; }
     // Runs the selected file operation.
     void execute();
+
+    std::vector<std::shared_ptr<ScriptedFeature>> m_features;
 };

@@ -12,27 +12,21 @@
 // Everything takes effect after the script of the call has run.
 class ScriptedFeature : public ZltApi::Feature
 {
+    using Result = ZltErrorType;
+    using EntryPtr = ZltApi::EnumEntryPtr;
+
 public:
     using Bytes = std::vector<unsigned char>;
     using Value = std::variant<bool, std::int64_t, double, std::string, Bytes>;
     struct Entry : ZltApi::EnumEntry
     {
-        Entry(CallScript& callScript, std::string entryName, std::int64_t value, bool isAvailable)
-            : script(callScript),
-              name(std::move(entryName)),
-              number(value),
-              available(isAvailable)
-        {
-        }
-        ZltErrorType GetName(std::string& result) const override { return result = name, script.Call("EntryName"); }
-        ZltErrorType GetValue(std::int64_t& result) const override
-        {
-            return result = number, script.Call("EntryValue");
-        }
+        Entry(CallScript& s, std::string n, std::int64_t v) : script(s), name(std::move(n)), number(v) {}
+        Result GetName(std::string& result) const override { return result = name, script.Call("EntryName"); }
+        Result GetValue(std::int64_t& result) const override { return result = number, script.Call("EntryValue"); }
         CallScript& script;
         std::string name;
         std::int64_t number;
-        bool available;
+        bool available = true;
     };
 
     ScriptedFeature(CallScript& script, std::string featureName, ZltFeatureDataType dataType, Value start)
@@ -42,9 +36,9 @@ public:
           m_script(script)
     {
     }
-    void AddEntry(const std::string& entry, std::int64_t number = 0, bool available = true)
+    void AddEntry(const std::string& entry, std::int64_t number = 0)
     {
-        entries.push_back(std::make_shared<Entry>(m_script, entry, number, available));
+        entries.push_back(std::make_shared<Entry>(m_script, entry, number));
     }
 
     const std::string name;
@@ -54,73 +48,71 @@ public:
     bool readable = true;
     bool writable = true;
 
-    ZltErrorType GetName(std::string& result) const override { return answer("Name ", result, name); }
-    ZltErrorType GetDataType(ZltFeatureDataType& result) const override { return answer("Type ", result, type); }
-    ZltErrorType IsReadable(bool& result) const override { return answer("Readable ", result, readable); }
-    ZltErrorType IsWritable(bool& result) const override { return answer("Writable ", result, writable); }
-    ZltErrorType GetValue(bool& result) const override { return answer("Get ", result, value); }
-    ZltErrorType GetValue(std::int64_t& result) const override { return answer("Get ", result, value); }
-    ZltErrorType GetValue(double& result) const override { return answer("Get ", result, value); }
-    ZltErrorType GetValue(std::string& result) const override { return answer("Get ", result, value); }
-    ZltErrorType GetValue(Bytes& result) const override { return answer("Get ", result, value); }
-    ZltErrorType SetValue(bool wanted) override { return change("Set ", wanted, wanted ? " true" : " false"); }
-    ZltErrorType SetValue(std::int64_t wanted) override { return change("Set ", wanted, ' ' + std::to_string(wanted)); }
-    ZltErrorType SetValue(double wanted) override { return change("Set ", wanted, ' ' + std::to_string(wanted)); }
-    ZltErrorType SetValue(const char* wanted) override
+    Result GetName(std::string& result) const override { return answer("Name ", result, name); }
+    Result GetDataType(ZltFeatureDataType& result) const override { return answer("Type ", result, type); }
+    Result IsReadable(bool& result) const override { return answer("Readable ", result, readable); }
+    Result IsWritable(bool& result) const override { return answer("Writable ", result, writable); }
+    Result GetValue(bool& result) const override { return answer("Get ", result, value); }
+    Result GetValue(std::int64_t& result) const override { return answer("Get ", result, value); }
+    Result GetValue(double& result) const override { return answer("Get ", result, value); }
+    Result GetValue(std::string& result) const override { return answer("Get ", result, value); }
+    Result GetValue(Bytes& result) const override { return answer("Get ", result, value); }
+    Result SetValue(bool wanted) override { return change("Set ", wanted, wanted ? " true" : " false"); }
+    Result SetValue(std::int64_t wanted) override { return change("Set ", wanted, ' ' + std::to_string(wanted)); }
+    Result SetValue(double wanted) override { return change("Set ", wanted, ' ' + std::to_string(wanted)); }
+    Result SetValue(const char* wanted) override
     {
-        return change("Set ", std::string(wanted), ' ' + std::string(wanted));
+        return change("Set ", std::string(wanted), std::string(" ") + wanted);
     }
-    ZltErrorType SetValue(const Bytes& wanted) override { return change("Set ", wanted, {}); }
-    ZltErrorType RunCommand() override { return change("Run ", value, {}); }
-    ZltErrorType GetRange(std::int64_t& low, std::int64_t& high) const override { return range(low, high); }
-    ZltErrorType GetRange(double& low, double& high) const override { return range(low, high); }
-    ZltErrorType GetIncrement(std::int64_t& step) const override { return answer("Increment ", step, increment); }
-    ZltErrorType GetIncrement(double& step) const override { return answer("Increment ", step, increment); }
-    ZltErrorType GetEntry(ZltApi::EnumEntryPtr& entry, const char* wanted) const override
+    Result SetValue(const Bytes& wanted) override { return change("Set ", wanted, {}); }
+    Result RunCommand() override { return change("Run ", value, {}); }
+    Result GetRange(std::int64_t& low, std::int64_t& high) const override { return range(low, high); }
+    Result GetRange(double& low, double& high) const override { return range(low, high); }
+    Result GetIncrement(std::int64_t& step) const override { return answer("Increment ", step, increment); }
+    Result GetIncrement(double& step) const override { return answer("Increment ", step, increment); }
+    Result GetEntry(EntryPtr& entry, const char* of) const override { return answer("Entry ", entry, find(of)); }
+    Result IsValueAvailable(const char* of, bool& is) const override
     {
-        return answer("Entry ", entry, find(wanted));
+        return answer("Available ", is, find(of)->available);
     }
-    ZltErrorType GetEntries(std::vector<ZltApi::EnumEntryPtr>& result) const override
+    Result GetEntries(std::vector<EntryPtr>& result) const override
     {
         result.assign(entries.begin(), entries.end());
         return m_script.Call("Entries " + name);
     }
-    ZltErrorType IsValueAvailable(const char* wanted, bool& available) const override
-    {
-        return answer("Available ", available, find(wanted)->available);
-    }
-    ZltErrorType GetValues(std::vector<std::string>&) const override { return ZltErrorNotImplemented; }
-    ZltErrorType IsCommandDone(bool&) const override { return ZltErrorNotImplemented; }
+    Result GetValues(std::vector<std::string>&) const override { return ZltErrorNotImplemented; }
+    Result IsCommandDone(bool&) const override { return ZltErrorNotImplemented; }
 
 private:
     std::shared_ptr<Entry> find(const std::string& wanted) const
     {
         return *std::find_if(entries.begin(), entries.end(), [&](const auto& entry) { return entry->name == wanted; });
     }
-    template <class T, class Source> ZltErrorType answer(const char* operation, T& result, const Source& source) const
+    template <class T, class Source> Result answer(const char* operation, T& result, const Source& source) const
     {
-        const ZltErrorType code = m_script.Call(operation + name);
-        if constexpr (!std::is_same_v<Source, Value>)
+        const Result code = m_script.Call(operation + name);
+        if constexpr (std::is_same_v<Source, Value>)
+        {
+            const T* const held = std::get_if<T>(&source);
+            result = code == ZltErrorSuccess && held ? *held : result;
+            return code == ZltErrorSuccess && !held ? ZltErrorWrongType : code;
+        }
+        else
         {
             result = code == ZltErrorSuccess ? T(source) : result;
+            return code;
         }
-        else if (const T* held = std::get_if<T>(&source); code == ZltErrorSuccess)
-        {
-            result = held ? *held : result;
-            return held ? code : ZltErrorWrongType;
-        }
-        return code;
     }
-    template <class T> ZltErrorType range(T& low, T& high) const
+    template <class T> Result range(T& low, T& high) const
     {
-        const ZltErrorType code = answer("Range ", low, minimum);
+        const Result code = answer("Range ", low, minimum);
         high = code == ZltErrorSuccess ? std::get<T>(maximum) : high;
         return code;
     }
-    ZltErrorType change(const char* operation, const Value& wanted, const std::string& text)
+    Result change(const char* operation, const Value& wanted, const std::string& text)
     {
         m_script.changes.push_back(operation + name + text);
-        const ZltErrorType code = m_script.Call(operation + name);
+        const Result code = m_script.Call(operation + name);
         value = code == ZltErrorSuccess ? wanted : value;
         return code;
     }

@@ -79,7 +79,7 @@ private:
     }
 
     // The frame without its counts.
-    DarkFrame MakeFrame(std::uint64_t width, std::uint64_t height) const
+    [[nodiscard]] DarkFrame MakeFrame(std::uint64_t width, std::uint64_t height) const
     {
         if (width == 0 || height == 0)
         {
@@ -187,7 +187,7 @@ private:
         frame.counts.reserve(pixels.size());
         for (const unsigned char value : pixels)
         {
-            frame.counts.push_back(value * (FullScaleCounts / 255.0F));
+            frame.counts.push_back(static_cast<float>(value) * FullScaleCounts / 255.0F);
         }
         return frame;
     }

@@ -131,11 +131,11 @@ float Sensor::Brightness(const SceneColor& color, std::uint32_t x, std::uint32_t
     switch (FilterChannel(m_config.filter, x, y))
     {
     case ColorChannel::Red:
-        return LightUnits * color.red;
+        return LightUnits * static_cast<float>(color.red);
     case ColorChannel::Green:
-        return LightUnits * color.green;
+        return LightUnits * static_cast<float>(color.green);
     case ColorChannel::Blue:
-        return LightUnits * color.blue;
+        return LightUnits * static_cast<float>(color.blue);
     case ColorChannel::All:
         break;
     }

@@ -152,7 +152,7 @@ private:
         return ShortestLinePart + m_random.Below(longest - ShortestLinePart + 1);
     }
 
-    bool IsFree(const Area& area) const
+    [[nodiscard]] bool IsFree(const Area& area) const
     {
         return area.x + area.width <= m_width && area.y + area.height <= m_height &&
                std::all_of(m_taken.begin(), m_taken.end(),

@@ -1,75 +1,65 @@
-// A camera in memory for tests of adapters: plain features, registers, memory and files, and a log of all calls.
+// A camera in memory for tests of adapters: features with values, files, and a log of all calls.
 #pragma once
 
-#include "CallLog.h"
 #include "MemoryFile.h"
 
 #include "CameraAbstraction.h"
 
 #include <map>
-#include <set>
 
-// A family with behaviour of its own derives from it.
+// Registers, memory and commands do nothing here: a family that has them derives from it.
 class MemoryCamera : public KTR::DPC::CameraAbstraction
 {
 public:
     using FeatureType = KTR::DPC::FeatureType;
+    using Names = std::vector<std::string>;
 
     struct Feature
     {
-        FeatureType type = FeatureType::Unknown;
-        double value = 0, min = 0, max = 0, increment = 1; // numbers and booleans
-        std::string text;                                  // strings and enumerations
-        std::vector<std::string> entries;
-        std::set<std::string> unavailable;
+        double value = 0; // numbers and booleans
+        std::string text; // strings and enumerations
+        Names entries;
+        std::string unavailable; // an entry that cannot be selected now
     };
 
-    void add(const std::string& name, std::int64_t value);
-    void add(const std::string& name, const std::string& text);
-    // The first entry is the current one.
-    void addEnum(const std::string& name, const std::vector<std::string>& entries);
-    boost::shared_ptr<MemoryFile> addFile(const std::string& name, std::uint64_t sizeMax, bool writable);
-
     bool IsOpen() override { return true; }
-    std::vector<std::string> GetAvailableFeatures() override;
-    FeatureType GetFeatureType(const std::string& name) override { return feature(name).type; }
-    void SetFeatureBooleanValue(const std::string& name, bool value) override { set(name, value); }
+    Names GetAvailableFeatures() override;
+    FeatureType GetFeatureType(const std::string&) override { return FeatureType::Unknown; }
+    void SetFeatureBooleanValue(const std::string& name, bool value) override { set(name).value = value; }
     bool GetFeatureBooleanValue(const std::string& name) override { return get(name).value != 0; }
-    void SetFeatureIntegerValue(const std::string& name, std::int64_t v) override { set(name, static_cast<double>(v)); }
-    std::int64_t GetFeatureIntegerValue(const std::string& name) override { return whole(get(name).value); }
-    std::int64_t GetFeatureIntegerMin(const std::string& name) override { return whole(get(name).min); }
-    std::int64_t GetFeatureIntegerMax(const std::string& name) override { return whole(get(name).max); }
-    std::int64_t GetFeatureIntegerIncrement(const std::string& name) override { return whole(get(name).increment); }
-    void SetFeatureDoubleValue(const std::string& name, double value) override { set(name, value); }
+    void SetFeatureIntegerValue(const std::string& name, std::int64_t v) override { set(name).value = double(v); }
+    std::int64_t GetFeatureIntegerValue(const std::string& name) override { return std::int64_t(get(name).value); }
+    std::int64_t GetFeatureIntegerMin(const std::string&) override { return INT64_MIN; }
+    std::int64_t GetFeatureIntegerMax(const std::string&) override { return INT64_MAX; }
+    std::int64_t GetFeatureIntegerIncrement(const std::string&) override { return 1; }
+    void SetFeatureDoubleValue(const std::string& name, double value) override { set(name).value = value; }
     double GetFeatureDoubleValue(const std::string& name) override { return get(name).value; }
-    double GetFeatureDoubleMin(const std::string& name) override { return get(name).min; }
-    double GetFeatureDoubleMax(const std::string& name) override { return get(name).max; }
-    double GetFeatureDoubleIncrement(const std::string& name) override { return get(name).increment; }
+    double GetFeatureDoubleMin(const std::string&) override { return -1e9; }
+    double GetFeatureDoubleMax(const std::string&) override { return 1e9; }
+    double GetFeatureDoubleIncrement(const std::string&) override { return 0; }
     std::string GetFeatureStringValue(const std::string& name) override { return get(name).text; }
     void SetFeatureStringValue(const std::string& name, const std::string& value) override;
     void SetFeatureEnumValue(const std::string& name, const std::string& entry) override;
     std::string GetFeatureEnumValue(const std::string& name) override { return get(name).text; }
-    std::vector<std::string> GetFeatureEnumValues(const std::string& name) override;
+    Names GetFeatureEnumValues(const std::string& name) override { return at("List " + name, name).entries; }
     bool IsEnumEntryAvailable(const std::string& name, const std::string& entry) override;
     void RunFeatureCommand(const std::string& name) override { log.note("Run " + name); }
     bool IsFeatureReadable(const std::string& name) override { return features.count(name) != 0; }
     bool IsFeatureWritable(const std::string& name) override { return features.count(name) != 0; }
-    std::uint32_t ReadRegisterZoltaLegacy(const std::uint64_t& address) override;
-    void WriteRegisterZoltaLegacy(const std::uint64_t& address, std::uint32_t value) override;
-    void ReadMemory(const std::uint64_t& address, std::vector<std::uint8_t>& data) override;
-    void WriteMemory(const std::uint64_t& address, const std::vector<std::uint8_t>& data) override;
+    std::uint32_t ReadRegisterZoltaLegacy(const std::uint64_t&) override { return 0; }
+    void WriteRegisterZoltaLegacy(const std::uint64_t&, std::uint32_t) override {}
+    void ReadMemory(const std::uint64_t&, std::vector<std::uint8_t>&) override {}
+    void WriteMemory(const std::uint64_t&, const std::vector<std::uint8_t>&) override {}
     bool IsFileAccessSupported() override { return !files.empty(); }
     std::vector<boost::shared_ptr<KTR::DPC::FileInterface>> GetFiles() override;
-    boost::shared_ptr<KTR::DPC::FileInterface> GetFile(const std::string& name) override;
+    boost::shared_ptr<KTR::DPC::FileInterface> GetFile(const std::string&) override { return nullptr; }
 
     std::map<std::string, Feature> features;
-    std::map<std::uint64_t, std::uint8_t> memory; // what was never written reads as 0
     std::vector<boost::shared_ptr<MemoryFile>> files;
     CallLog log;
 
 private:
-    static std::int64_t whole(double value) { return static_cast<std::int64_t>(value); }
-    Feature& feature(const std::string& name);
-    const Feature& get(const std::string& name);
-    void set(const std::string& name, double value);
+    Feature& at(const std::string& call, const std::string& name);
+    Feature& get(const std::string& name) { return at("Get " + name, name); }
+    Feature& set(const std::string& name) { return at("Set " + name, name); }
 };

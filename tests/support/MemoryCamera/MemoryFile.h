@@ -1,37 +1,60 @@
 // A camera file in memory that insists on the rules: opened once, in the right mode, within its size.
 #pragma once
 
-#include "CallLog.h"
-
+#include "Exception.h"
 #include "FileInterface.h"
 
 #include <optional>
 
+// What was asked of a camera in memory, in order, and which of it fails.
+struct CallLog
+{
+    std::vector<std::string> calls;
+    std::string refused;           // this call fails whenever it comes
+    std::size_t failAt = SIZE_MAX; // the call with this number fails
+
+    void note(const std::string& call)
+    {
+        calls.push_back(call);
+        require(call != refused && calls.size() - 1 != failAt, "Refused: " + call);
+    }
+    static void require(bool rule, const std::string& message)
+    {
+        rule ? void() : throw KTR::System::Exception(message, true);
+    }
+};
+
 class MemoryFile : public KTR::DPC::FileInterface
 {
 public:
-    MemoryFile(std::string name, std::uint64_t sizeMax, bool writable, CallLog& log);
+    MemoryFile(std::string fileName, std::uint64_t max, bool mayWrite, CallLog& callLog)
+        : name(std::move(fileName)),
+          sizeMax(max),
+          writable(mayWrite),
+          log(callLog)
+    {
+    }
 
-    std::string GetName() override { return m_name; }
-    bool IsOpen() override { return m_mode.has_value(); }
-    void Open(FileOpenMode mode) override;
+    std::string GetName() override { return name; }
+    bool IsOpen() override { return mode.has_value(); }
+    void Open(FileOpenMode openMode) override;
     void Close() override; // never refused: a failing Close ends the process
     void Delete() override;
     void Read(std::vector<std::uint8_t>& data, std::uint64_t size) override;
     void Append(const std::vector<std::uint8_t>& data) override;
     void Write(const std::vector<std::uint8_t>& data) override;
     std::uint64_t GetSize() override;
-    std::uint64_t GetSizeMax() override { return m_sizeMax; }
-    bool IsWritable() override { return m_writable; }
+    std::uint64_t GetSizeMax() override { return sizeMax; }
+    bool IsWritable() override { return writable; }
 
     std::vector<std::uint8_t> content;
 
 private:
-    void require(bool rule, const char* call) const;
+    void note(const char* call, bool allowed);
 
-    std::string m_name;
-    std::uint64_t m_sizeMax;
-    bool m_writable;
-    std::optional<FileOpenMode> m_mode;
-    CallLog& m_log;
+    std::string name;
+    std::uint64_t sizeMax;
+    bool writable;
+    std::optional<FileOpenMode> mode;
+    CallLog& log;
 };

@@ -1,9 +1,10 @@
 // Replacement of listed pixels from their good neighbours.
-#include "CorrectionMap.h"
+#include "SensorTools.h"
 
 #include <gtest/gtest.h>
 
-#include <string>
+#include <sstream>
+#include <tuple>
 
 namespace Simulation
 {
@@ -11,105 +12,57 @@ namespace Simulation
 namespace
 {
 
-using Counts = std::vector<std::uint16_t>;
+constexpr std::uint16_t Bad = 999;
 
-struct Case
+Counts Grid(const std::string& text)
 {
-    std::string name;
-    ColorFilter filter;
-    std::uint32_t width;
-    std::uint32_t height;
-    std::vector<PixelPosition> pixels;
-    Counts before;
-    Counts after;
-};
-
-// 999 marks what must vanish.
-const std::vector<Case> Cases{
-    {"lone pixel: the mean of four, rounded",
-     ColorFilter::Mono,
-     3,
-     3,
-     {{1, 1}},
-     {7, 10, 7, 20, 999, 40, 7, 31, 7},
-     {7, 10, 7, 20, 25, 40, 7, 31, 7}},
-    {"corner", ColorFilter::Mono, 2, 2, {{0, 0}}, {999, 10, 20, 7}, {15, 10, 20, 7}},
-    {"pair: nothing taken from the other bad one",
-     ColorFilter::Mono,
-     4,
-     1,
-     {{1, 0}, {2, 0}},
-     {10, 999, 999, 20},
-     {10, 10, 20, 20}},
-    {"whole column at the edge", ColorFilter::Mono, 3, 2, {{0, 0}, {0, 1}}, {999, 5, 7, 999, 6, 7}, {5, 5, 7, 6, 6, 7}},
-    {"whole double row",
-     ColorFilter::Mono,
-     2,
-     4,
-     {{0, 1}, {1, 1}, {0, 2}, {1, 2}},
-     {1, 2, 999, 999, 999, 999, 3, 4},
-     {1, 2, 1, 2, 3, 4, 3, 4}},
-    {"whole row across whole column",
-     ColorFilter::Mono,
-     3,
-     3,
-     {{1, 0}, {1, 1}, {1, 2}, {0, 1}, {2, 1}},
-     {10, 999, 30, 999, 999, 999, 30, 999, 50},
-     {10, 20, 30, 20, 30, 40, 30, 40, 50}},
-    {"the nearer side wins",
-     ColorFilter::Mono,
-     5,
-     1,
-     {{1, 0}, {2, 0}, {3, 0}, {1, 0}},
-     {10, 999, 999, 999, 30},
-     {10, 10, 20, 30, 30}},
-    {"same colour only, twice as far",
-     ColorFilter::BayerRG,
-     5,
-     3,
-     {{2, 0}},
-     {10, 7, 999, 7, 30, 7, 7, 7, 7, 7, 7, 7, 20, 7, 7},
-     {10, 7, 20, 7, 30, 7, 7, 7, 7, 7, 7, 7, 20, 7, 7}},
-    {"no good pixel of the colour left", ColorFilter::BayerGB, 2, 1, {{0, 0}}, {999, 7}, {999, 7}},
-    {"all bad", ColorFilter::Mono, 2, 1, {{0, 0}, {1, 0}}, {999, 999}, {999, 999}},
-    {"outside the sensor", ColorFilter::Mono, 2, 1, {{2, 0}, {0, 1}, {~0U, ~0U}}, {1, 2}, {1, 2}},
-};
+    std::istringstream words(text);
+    Counts counts;
+    for (std::string word; words >> word;)
+    {
+        counts.push_back(word == "#" ? Bad : static_cast<std::uint16_t>(std::stoi(word)));
+    }
+    return counts;
+}
 
 } // namespace
 
 TEST(CorrectionMapTest, ReplacesFromNearestGoodPixels)
 {
-    for (const Case& c : Cases)
+    constexpr ColorFilter Mono = ColorFilter::Mono;
+    // A listed pixel is #.
+    for (const auto& [name, filter, width, before, after] :
+         std::vector<std::tuple<const char*, ColorFilter, std::uint32_t, const char*, const char*>>{
+             {"mean of four, rounded", Mono, 3, "7 10 7  20 # 40  7 33 7", "7 10 7  20 26 40  7 33 7"},
+             {"corner", Mono, 2, "# 10  20 7", "15 10  20 7"},
+             {"pair: nothing from the other one", Mono, 4, "10 # # 20", "10 10 20 20"},
+             {"whole column at the edge", Mono, 3, "# 5 7  # 6 7", "5 5 7  6 6 7"},
+             {"whole double row", Mono, 2, "1 2  # #  # #  3 4", "1 2  1 2  3 4  3 4"},
+             {"crossing lines", Mono, 3, "10 # 30  # # #  30 # 50", "10 20 30  20 30 40  30 40 50"},
+             {"the nearer side wins", Mono, 5, "10 # # # 30", "10 10 20 30 30"},
+             {"same colour only", ColorFilter::BayerRG, 3, "# 7 30  7 7 7  20 7 7", "25 7 30  7 7 7  20 7 7"},
+             {"same colour, pair", ColorFilter::BayerGB, 6, "1 2 # # 5 6", "1 2 3 4 5 6"},
+             {"no good pixel of the colour", ColorFilter::BayerGR, 2, "# 7", "999 7"},
+             {"all bad", Mono, 2, "# #", "999 999"},
+         })
     {
-        Counts raw = c.before;
-        CorrectionMap(c.width, c.height, c.filter, c.pixels).Apply(raw);
-        EXPECT_EQ(raw, c.after) << c.name;
-    }
-}
-
-TEST(CorrectionMapTest, CountsDistinctPixels)
-{
-    EXPECT_EQ(CorrectionMap(4, 4, ColorFilter::Mono, {{1, 1}, {2, 1}, {1, 1}, {4, 0}}).Size(), 2U);
-    EXPECT_EQ(CorrectionMap(4, 4, ColorFilter::Mono, {}).Size(), 0U);
-}
-
-TEST(CorrectionMapTest, OneGoodPixelServesAll)
-{
-    constexpr std::uint32_t Width = 700;
-    constexpr std::uint32_t Height = 500;
-    constexpr std::uint32_t Good = 123 * Width + 456;
-    std::vector<PixelPosition> pixels;
-    for (std::uint32_t i = 0; i < Width * Height; ++i)
-    {
-        if (i != Good)
+        Counts raw = Grid(before);
+        const auto height = static_cast<std::uint32_t>(raw.size() / width);
+        // Outside, and each twice: neither may matter.
+        std::vector<PixelPosition> pixels{{width, 0}, {0, height}, {~0U, ~0U}};
+        for (std::uint32_t i = 0; i < 2 * raw.size(); ++i)
         {
-            pixels.push_back({i % Width, i / Width});
+            const auto place = static_cast<std::uint32_t>(i % raw.size());
+            if (raw[place] == Bad)
+            {
+                pixels.push_back({place % width, place / width});
+            }
         }
+        const CorrectionMap correction(width, height, filter, pixels);
+        EXPECT_EQ(correction.Size(), (pixels.size() - 3) / 2) << name;
+        correction.Apply(raw);
+        EXPECT_EQ(raw, Grid(after)) << name;
     }
-    Counts raw(Width * Height, 999);
-    raw[Good] = 77;
-    CorrectionMap(Width, Height, ColorFilter::Mono, pixels).Apply(raw);
-    EXPECT_EQ(raw, Counts(raw.size(), 77));
 }
 
 } // namespace Simulation

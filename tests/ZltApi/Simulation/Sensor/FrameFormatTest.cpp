@@ -1,24 +1,18 @@
 // Pixel formats against bytes written out by hand, mirrored and cropped images, interpolated colours.
-#include "FrameFormat.h"
-
-#include "Sensor.h"
+#include "SensorTools.h"
 
 #include <ZltApi/PixelFormat.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
-#include <string>
+#include <tuple>
 
 namespace Simulation
 {
 
 namespace
 {
-
-using Bytes = std::vector<unsigned char>;
-using Counts = std::vector<std::uint16_t>;
 
 constexpr std::array<ColorFilter, 4> BayerFilters{ColorFilter::BayerGR, ColorFilter::BayerRG, ColorFilter::BayerGB,
                                                   ColorFilter::BayerBG};
@@ -28,124 +22,108 @@ FrameGeometry Whole(std::uint32_t width, std::uint32_t height, bool reverseX = f
     return {width, height, 0, 0, width, height, reverseX, reverseY};
 }
 
+// Counts that show these values in 8 bits.
+Counts FromBytes(const Bytes& bytes)
+{
+    Counts raw;
+    std::transform(bytes.begin(), bytes.end(), std::back_inserter(raw), [](unsigned byte) { return byte << 4U; });
+    return raw;
+}
+
 // The frame's bytes, and a proof that no more are written; empty when refused.
 Bytes Format(const Counts& raw, ColorFilter filter, const FrameGeometry& geometry, std::uint32_t format)
 {
     const std::uint64_t size = FrameSize(format, geometry.width, geometry.height);
     Bytes bytes(size + 4, 0xEE);
-    if (!FormatFrame(raw, filter, geometry, format, bytes.data(), size))
-    {
-        EXPECT_EQ(bytes, Bytes(size + 4, 0xEE)) << "refused, but written";
-        return {};
-    }
-    EXPECT_EQ(Bytes(bytes.end() - 4, bytes.end()), Bytes(4, 0xEE));
-    bytes.resize(size);
+    const bool made = FormatFrame(raw, filter, geometry, format, bytes.data(), size);
+    const auto untouched = bytes.begin() + static_cast<std::ptrdiff_t>(made ? size : 0);
+    EXPECT_TRUE(std::all_of(untouched, bytes.end(), [](unsigned byte) { return byte == 0xEE; }));
+    bytes.resize(made ? size : 0);
     return bytes;
 }
 
 } // namespace
 
-TEST(FrameFormatTest, PacksToTheByte)
+// No bytes: refused.
+TEST(FrameFormatTest, GivesTheseBytes)
 {
-    struct Case
+    constexpr ColorFilter Mono = ColorFilter::Mono;
+    constexpr ColorFilter BayerRG = ColorFilter::BayerRG;
+    const Counts two{0xABC, 0x123};
+    const Counts six{0xABC, 0x123, 0x456, 0x789, 0xDEF, 0x012};
+    const Counts grid = FromBytes({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}); // 4 x 3
+    for (const auto& [format, filter, geometry, raw, bytes] :
+         std::vector<std::tuple<std::uint32_t, ColorFilter, FrameGeometry, Counts, Bytes>>{
+             {ZltPixelFormatMono8, Mono, Whole(3, 1), {0xABC, 0x00F, 0xFFF}, {0xAB, 0x00, 0xFF}},
+             {ZltPixelFormatMono10, Mono, Whole(2, 1), {0xABC, 0xFFF}, {0xAF, 0x02, 0xFF, 0x03}},
+             {ZltPixelFormatMono12, Mono, Whole(2, 1), two, {0xBC, 0x0A, 0x23, 0x01}},
+             {ZltPixelFormatMono12Packed, Mono, Whole(2, 1), two, {0xAB, 0x3C, 0x12}},
+             {ZltPixelFormatMono12Packed, Mono, Whole(1, 1), {0xABC}, {0xAB, 0x0C}},
+             {ZltPixelFormatMono12Packed,
+              Mono,
+              Whole(3, 2),
+              six,
+              {0xAB, 0x3C, 0x12, 0x45, 0x96, 0x78, 0xDE, 0x2F, 0x01}},
+             {ZltPixelFormatMono12p, Mono, Whole(2, 1), two, {0xBC, 0x3A, 0x12}},
+             {ZltPixelFormatMono12p, Mono, Whole(1, 3), {0xABC, 0x123, 0x456}, {0xBC, 0x3A, 0x12, 0x56, 0x04}},
+             {ZltPixelFormatMono10p, Mono, Whole(4, 1), {0xABC, 0x123, 0xFFF, 0}, {0xAF, 0x22, 0xF1, 0x3F, 0x00}},
+             {ZltPixelFormatMono10p, Mono, Whole(1, 2), {0xFFF, 0x004}, {0xFF, 0x07, 0x00}},
+             {ZltPixelFormatBayerRG8, BayerRG, Whole(2, 1), two, {0xAB, 0x12}},
+             {ZltPixelFormatBayerRG10, BayerRG, Whole(2, 1), two, {0xAF, 0x02, 0x48, 0x00}},
+             {ZltPixelFormatBayerRG12, BayerRG, Whole(2, 1), two, {0xBC, 0x0A, 0x23, 0x01}},
+             {ZltPixelFormatBayerRG12Packed, BayerRG, Whole(2, 1), two, {0xAB, 0x3C, 0x12}},
+             {ZltPixelFormatMono8, Mono, {4, 3, 1, 1, 2, 2, false, false}, grid, {5, 6, 9, 10}},
+             {ZltPixelFormatMono8, Mono, {4, 3, 0, 0, 3, 2, true, false}, grid, {3, 2, 1, 7, 6, 5}},
+             {ZltPixelFormatMono8, Mono, {4, 3, 0, 0, 2, 2, false, true}, grid, {8, 9, 4, 5}},
+             {ZltPixelFormatMono8, Mono, {4, 3, 1, 0, 3, 1, true, true}, grid, {10, 9, 8}},
+             {ZltPixelFormatMono8, Mono, {4, 3, 1, 0, 4, 3}, grid, {}},
+             {ZltPixelFormatMono8, Mono, {4, 3, 0, ~0U, 4, 2}, grid, {}},
+             {ZltPixelFormatMono8, Mono, Whole(4, 4), grid, {}},
+             {ZltPixelFormatMono8, BayerRG, Whole(4, 3), grid, {}},
+             {ZltPixelFormatRGB8, Mono, Whole(4, 3), grid, {}},
+             {ZltPixelFormatBayerRG8, Mono, Whole(4, 3), grid, {}},
+             {0x01080099, Mono, Whole(4, 3), grid, {}},
+         })
     {
-        std::uint32_t format;
-        std::uint32_t width;
-        std::uint32_t height;
-        Counts raw;
-        Bytes bytes;
-    };
-    const std::vector<Case> cases{
-        {ZltPixelFormatMono8, 3, 1, {0xABC, 0x00F, 0xFFF}, {0xAB, 0x00, 0xFF}},
-        {ZltPixelFormatMono10, 2, 1, {0xABC, 0xFFF}, {0xAF, 0x02, 0xFF, 0x03}},
-        {ZltPixelFormatMono12, 2, 1, {0xABC, 0x123}, {0xBC, 0x0A, 0x23, 0x01}},
-        {ZltPixelFormatMono12Packed, 2, 1, {0xABC, 0x123}, {0xAB, 0x3C, 0x12}},
-        {ZltPixelFormatMono12Packed, 1, 1, {0xABC}, {0xAB, 0x0C}},
-        {ZltPixelFormatMono12Packed,
-         3,
-         2,
-         {0xABC, 0x123, 0x456, 0x789, 0xDEF, 0x012},
-         {0xAB, 0x3C, 0x12, 0x45, 0x96, 0x78, 0xDE, 0x2F, 0x01}},
-        {ZltPixelFormatMono12p, 2, 1, {0xABC, 0x123}, {0xBC, 0x3A, 0x12}},
-        {ZltPixelFormatMono12p, 1, 3, {0xABC, 0x123, 0x456}, {0xBC, 0x3A, 0x12, 0x56, 0x04}},
-        {ZltPixelFormatMono10p, 4, 1, {0xABC, 0x123, 0xFFF, 0x000}, {0xAF, 0x22, 0xF1, 0x3F, 0x00}},
-        {ZltPixelFormatMono10p, 2, 1, {0xFFF, 0x004}, {0xFF, 0x07, 0x00}},
-        {ZltPixelFormatBayerRG8, 2, 1, {0xABC, 0x123}, {0xAB, 0x12}},
-        {ZltPixelFormatBayerRG10, 2, 1, {0xABC, 0xFFF}, {0xAF, 0x02, 0xFF, 0x03}},
-        {ZltPixelFormatBayerRG12, 2, 1, {0xABC, 0x123}, {0xBC, 0x0A, 0x23, 0x01}},
-        {ZltPixelFormatBayerRG12Packed, 2, 1, {0xABC, 0x123}, {0xAB, 0x3C, 0x12}},
-    };
-    for (const Case& c : cases)
-    {
-        const bool mono = (c.format & 0xFFU) < 8 || (c.format & 0xFFU) >= 0x46;
-        EXPECT_EQ(Format(c.raw, mono ? ColorFilter::Mono : ColorFilter::BayerRG, Whole(c.width, c.height), c.format),
-                  c.bytes)
-            << std::hex << c.format << ", " << c.width << " x " << c.height;
-    }
-}
-
-TEST(FrameFormatTest, CutsOutOfTheMirroredImage)
-{
-    // 4 x 3, numbered in reading order.
-    Counts raw;
-    for (std::uint16_t i = 0; i < 12; ++i)
-    {
-        raw.push_back(static_cast<std::uint16_t>(i << 4U));
-    }
-    const std::vector<std::pair<FrameGeometry, Bytes>> cases{
-        {{4, 3, 1, 1, 2, 2, false, false}, {5, 6, 9, 10}},     {{4, 3, 0, 0, 4, 1, true, false}, {3, 2, 1, 0}},
-        {{4, 3, 0, 0, 3, 2, true, false}, {3, 2, 1, 7, 6, 5}}, {{4, 3, 0, 0, 2, 2, false, true}, {8, 9, 4, 5}},
-        {{4, 3, 1, 0, 3, 1, true, true}, {10, 9, 8}},          {{4, 3, 4, 3, 0, 0, true, true}, {}},
-    };
-    for (const auto& [geometry, bytes] : cases)
-    {
-        EXPECT_EQ(Format(raw, ColorFilter::Mono, geometry, ZltPixelFormatMono8), bytes);
+        EXPECT_EQ(Format(raw, filter, geometry, format), bytes) << std::hex << format;
     }
 }
 
 // Every raw pixel tells its own colour: a reader must find it where the format's mosaic says.
 TEST(FrameFormatTest, NamesTheMosaicOfTheMirroredRegion)
 {
-    for (const ColorFilter filter : BayerFilters)
+    for (unsigned variant = 0; variant < 256; ++variant)
     {
-        for (unsigned variant = 0; variant < 64; ++variant)
+        const auto bit = [variant](unsigned n) { return variant >> n & 1U; };
+        const FrameGeometry geometry{8 + bit(0), 6 + bit(1), bit(2), bit(3), 6, 4, bit(4) == 1, bit(5) == 1};
+        const ColorFilter filter = BayerFilters[variant / 64];
+        Bytes colors;
+        for (std::uint32_t i = 0; i < geometry.sensorWidth * geometry.sensorHeight; ++i)
         {
-            const auto bit = [variant](unsigned n) { return variant >> n & 1U; };
-            const FrameGeometry geometry{8 + bit(0), 6 + bit(1), bit(2), bit(3), 6, 4, bit(4) == 1, bit(5) == 1};
-            Counts raw;
-            for (std::uint32_t i = 0; i < geometry.sensorWidth * geometry.sensorHeight; ++i)
-            {
-                const ColorChannel color = FilterChannel(filter, i % geometry.sensorWidth, i / geometry.sensorWidth);
-                raw.push_back(static_cast<std::uint16_t>((static_cast<unsigned>(color) + 1) << 4U));
-            }
-            int accepted = 0;
-            for (const ColorFilter mosaic : BayerFilters)
-            {
-                const Bytes bytes = Format(raw, filter, geometry, FrameFormats(mosaic).front());
-                for (std::uint32_t i = 0; i < bytes.size(); ++i)
-                {
-                    EXPECT_EQ(bytes[i], static_cast<unsigned>(FilterChannel(mosaic, i % 6, i / 6)) + 1) << variant;
-                }
-                accepted += bytes.empty() ? 0 : 1;
-                const bool even = geometry.offsetX == 0 && geometry.offsetY == 0;
-                const bool named = mosaic == MirroredFilter(filter, geometry.sensorWidth, geometry.sensorHeight,
-                                                            geometry.reverseX, geometry.reverseY);
-                EXPECT_TRUE(!even || bytes.empty() != named);
-            }
-            EXPECT_EQ(accepted, 1);
+            const ColorChannel color = FilterChannel(filter, i % geometry.sensorWidth, i / geometry.sensorWidth);
+            colors.push_back(static_cast<unsigned char>(color));
         }
+        const ColorFilter mosaic =
+            ShiftedFilter(MirroredFilter(filter, 8 + bit(0), 6 + bit(1), geometry.reverseX, geometry.reverseY),
+                          geometry.offsetX, geometry.offsetY);
+        const Bytes bytes = Format(FromBytes(colors), filter, geometry, FrameFormats(mosaic).front());
+        ASSERT_EQ(bytes.size(), 24U);
+        for (std::uint32_t i = 0; i < bytes.size(); ++i)
+        {
+            EXPECT_EQ(bytes[i], static_cast<unsigned>(FilterChannel(mosaic, i % 6, i / 6))) << variant;
+        }
+        const std::uint32_t other = FrameFormats(ShiftedFilter(mosaic, 1, bit(0))).front();
+        EXPECT_TRUE(Format(FromBytes(colors), filter, geometry, other).empty());
     }
+    EXPECT_EQ(FilterChannel(ColorFilter::BayerGB, 0, 1), ColorChannel::Red);
+    EXPECT_EQ(MirroredFilter(ColorFilter::BayerRG, 4, 3, true, true), ColorFilter::BayerGR);
 }
 
 TEST(FrameFormatTest, InterpolatesTheNearestNeighbours)
 {
-    // Red 0x10 and 0x50, blue 0x20 and 0xA0, green from 0x30 to 0x90; RG mosaic.
-    const Bytes mosaic{0x10, 0x30, 0x50, 0x30, //
-                       0x40, 0x20, 0x60, 0xA0, //
-                       0x10, 0x90, 0x50, 0x30};
-    Counts raw(mosaic.size());
-    std::transform(mosaic.begin(), mosaic.end(), raw.begin(),
-                   [](unsigned value) { return static_cast<std::uint16_t>(value << 4U); });
+    const Counts raw = FromBytes({0x10, 0x30, 0x50, 0x30, //
+                                  0x40, 0x20, 0x60, 0xA0, //
+                                  0x10, 0x90, 0x50, 0x30});
     const Bytes rgb = Format(raw, ColorFilter::BayerRG, Whole(4, 3), ZltPixelFormatRGB8);
     ASSERT_EQ(rgb.size(), 36U);
     const auto pixel = [&rgb](std::ptrdiff_t i) { return Bytes(rgb.begin() + 3 * i, rgb.begin() + 3 * i + 3); };
@@ -159,17 +137,13 @@ TEST(FrameFormatTest, InterpolatesTheNearestNeighbours)
     std::reverse(bgr.begin(), bgr.end());
     EXPECT_EQ(bgr, rgb) << "mirrored both ways and blue first is the same backwards";
 
-    // One grey and one pure red pixel: a pair shares the mean colour; an odd line ends within a pair.
-    const Counts red(15, 0);
-    EXPECT_EQ(Format(red, ColorFilter::BayerRG, Whole(5, 3), ZltPixelFormatYUV422_8).size(), 30U);
-    const Counts grey(6, 0x808);
-    EXPECT_EQ(Format(grey, ColorFilter::BayerRG, Whole(3, 2), ZltPixelFormatYUV422_8_UYVY),
-              (Bytes{0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80}));
-    // A flat field of red 0xFF: Y 76, U 85, V 255 by the full-range formula.
-    const Counts pure{0xFFF, 0, 0xFFF, 0, 0, 0, 0, 0};
-    EXPECT_EQ(Format(pure, ColorFilter::BayerRG, {4, 2, 0, 0, 2, 1}, ZltPixelFormatYUV422_8), (Bytes{76, 85, 76, 255}));
-    EXPECT_EQ(Format(pure, ColorFilter::BayerRG, {4, 2, 0, 0, 2, 1}, ZltPixelFormatYUV422_8_UYVY),
-              (Bytes{85, 76, 255, 76}));
+    // Red 200, green 100, blue 50 all over; by the full-range formula Y is 124, U 86, V 182. A line of odd width ends
+    // within a pair.
+    const Counts orange = FromBytes({200, 100, 200, 100, 50, 100});
+    const FrameGeometry line{3, 2, 0, 0, 3, 1};
+    EXPECT_EQ(Format(orange, ColorFilter::BayerRG, line, ZltPixelFormatYUV422_8), (Bytes{124, 86, 124, 182, 124, 86}));
+    EXPECT_EQ(Format(orange, ColorFilter::BayerRG, line, ZltPixelFormatYUV422_8_UYVY),
+              (Bytes{86, 124, 182, 124, 86, 124}));
 }
 
 TEST(FrameFormatTest, ShowsTheChartInItsColours)
@@ -177,79 +151,37 @@ TEST(FrameFormatTest, ShowsTheChartInItsColours)
     SensorConfig config;
     config.width = 480;
     config.height = 320;
-    for (const ColorFilter filter : BayerFilters)
+    for (unsigned variant = 0; variant < 8; ++variant)
     {
-        config.filter = filter;
+        config.filter = BayerFilters[variant / 2];
+        const bool reverse = variant % 2 == 1;
         Sensor sensor(config);
-        Counts raw;
-        sensor.Expose({}, raw);
-        std::vector<PixelPosition> faults;
-        for (const PixelFault& fault : sensor.Faults())
+        Counts raw = Expose(sensor, {});
+        CorrectionOf(sensor).Apply(raw);
+        const Bytes bytes = Format(raw, config.filter, Whole(480, 320, reverse, reverse), ZltPixelFormatRGB8);
+        for (std::size_t i = 0; i < ChartPatches.size(); ++i)
         {
-            faults.push_back({fault.x, fault.y});
-        }
-        CorrectionMap(480, 320, filter, faults).Apply(raw);
-        for (const bool reverse : {false, true})
-        {
-            const Bytes bytes = Format(raw, filter, Whole(480, 320, reverse, reverse), ZltPixelFormatRGB8);
-            for (std::size_t i = 0; i < ChartPatches.size(); ++i)
-            {
-                const SceneRect area = sensor.View().PatchArea(i);
-                std::array<double, 3> mean{};
-                for (std::uint32_t y = area.y + 2; y < area.y + area.height - 2; ++y)
-                {
-                    for (std::uint32_t x = area.x + 2; x < area.x + area.width - 2; ++x)
-                    {
-                        const std::uint32_t pixel = (reverse ? 319 - y : y) * 480 + (reverse ? 479 - x : x);
-                        for (std::size_t channel = 0; channel < 3; ++channel)
-                        {
-                            mean[channel] += bytes[3 * pixel + channel];
-                        }
-                    }
-                }
-                const double pixels = (area.width - 4.0) * (area.height - 4.0);
-                // The pedestal alone makes it 2 brighter.
-                EXPECT_NEAR(mean[0] / pixels, ChartPatches[i].red, 2.5) << "patch " << i;
-                EXPECT_NEAR(mean[1] / pixels, ChartPatches[i].green, 2.5) << "patch " << i;
-                EXPECT_NEAR(mean[2] / pixels, ChartPatches[i].blue, 2.5) << "patch " << i;
-            }
+            const SceneRect area = sensor.View().PatchArea(i);
+            const std::uint32_t x = area.x + area.width / 2;
+            const std::uint32_t y = area.y + area.height / 2;
+            const unsigned char* rgb = &bytes[3 * ((reverse ? 319 - y : y) * 480 + (reverse ? 479 - x : x))];
+            // The pedestal makes it 2 brighter; the rest is noise.
+            EXPECT_NEAR(rgb[0], ChartPatches[i].red + 2, 5) << "patch " << i;
+            EXPECT_NEAR(rgb[1], ChartPatches[i].green + 2, 5) << "patch " << i;
+            EXPECT_NEAR(rgb[2], ChartPatches[i].blue + 2, 5) << "patch " << i;
         }
     }
 }
 
-TEST(FrameFormatTest, RefusesWhatItCannotMake)
+TEST(FrameFormatTest, MakesWhatItOffersAndNeedsAllItsRoom)
 {
-    const Counts raw(16, 0);
-    struct Case
-    {
-        std::string name;
-        ColorFilter filter;
-        FrameGeometry geometry;
-        std::uint32_t format;
-        std::uint64_t size;
-    };
-    const FrameGeometry whole = Whole(4, 4);
-    const std::vector<Case> cases{
-        {"unknown format", ColorFilter::Mono, whole, 0x01080099, 1000},
-        {"mono from a mosaic", ColorFilter::BayerRG, whole, ZltPixelFormatMono8, 1000},
-        {"colour without filter", ColorFilter::Mono, whole, ZltPixelFormatRGB8, 1000},
-        {"mosaic without filter", ColorFilter::Mono, whole, ZltPixelFormatBayerRG8, 1000},
-        {"one byte too few", ColorFilter::Mono, whole, ZltPixelFormatMono8, 15},
-        {"too wide", ColorFilter::Mono, {4, 4, 1, 0, 4, 4}, ZltPixelFormatMono8, 1000},
-        {"offset wraps around", ColorFilter::Mono, {4, 4, 0, ~0U, 4, 2}, ZltPixelFormatMono8, 1000},
-        {"fewer counts than pixels", ColorFilter::Mono, Whole(4, 5), ZltPixelFormatMono8, 1000},
-    };
-    for (const Case& c : cases)
-    {
-        Bytes bytes(1000);
-        EXPECT_FALSE(FormatFrame(raw, c.filter, c.geometry, c.format, bytes.data(), c.size)) << c.name;
-    }
-    EXPECT_EQ(FrameSize(0x01080099, 4, 4), 0U);
     for (const ColorFilter filter : {ColorFilter::Mono, ColorFilter::BayerGR, ColorFilter::BayerBG})
     {
         for (const std::uint32_t format : FrameFormats(filter))
         {
-            EXPECT_FALSE(Format(raw, filter, whole, format).empty()) << std::hex << format;
+            Bytes bytes = Format(Counts(16), filter, Whole(4, 4), format);
+            EXPECT_FALSE(bytes.empty()) << std::hex << format;
+            EXPECT_FALSE(FormatFrame(Counts(16), filter, Whole(4, 4), format, bytes.data(), bytes.size() - 1));
         }
     }
 }

@@ -1,0 +1,241 @@
+// The detection against its plain form, on random and recorded frames, and its stops.
+#include "AutomaticDetectionThread.h"
+
+#include "FrameFile.h"
+#include "FrameScanner.h"
+#include "LiteralDetection.h"
+
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <map>
+#include <random>
+#include <tuple>
+
+namespace
+{
+
+// "x y width height type", and the value to its last bit.
+QStringList Texts(const QList<TemporaryDefectInfo>& list, bool withValues = true)
+{
+    QStringList texts;
+    for (const TemporaryDefectInfo& d : list)
+    {
+        texts << QStringLiteral("%1 %2 %3 %4 %5").arg(d.x).arg(d.y).arg(d.width).arg(d.height).arg(d.type) +
+                     (withValues ? QStringLiteral(" %1").arg(d.value, 0, 'g', 17) : QString());
+    }
+    return texts;
+}
+
+// Works on a setup, and is stopped when it looks at its flag for the n-th time; 0 for never.
+class SteppedDetection : public AutomaticDetectionThread
+{
+public:
+    explicit SteppedDetection(LiteralDetection& setup, int stopAtLook = 0)
+        : AutomaticDetectionThread(nullptr, setup.image, setup.defects, setup.threshold, setup.width, setup.height,
+                                   setup.supported, &mutex),
+          m_stopAtLook(stopAtLook)
+    {
+        connect(this, &AutomaticDetectionThread::DetectionFinished, this, [this] { ++finished; });
+    }
+
+    QMutex mutex;
+    std::atomic<int> finished{0};
+    std::atomic<int> looks{0};
+
+protected:
+    bool IsRunning() override
+    {
+        if (++looks == m_stopAtLook)
+        {
+            Stop();
+        }
+        return AutomaticDetectionThread::IsRunning();
+    }
+
+private:
+    int m_stopAtLook;
+};
+
+class Detection : public ::testing::Test
+{
+protected:
+    // The plain form reads outside the image, which Qt comments each time.
+    Detection()
+    {
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    }
+    ~Detection() override { qInstallMessageHandler(nullptr); }
+
+    int Random(int from, int to) { return std::uniform_int_distribution(from, to)(m_random); }
+
+    // Few grey levels make equal luminances, blocks make long runs, colour keeps mean and luminance apart.
+    LiteralDetection RandomSetup(QImage::Format format, bool isListEmpty)
+    {
+        LiteralDetection setup;
+        const bool isWide = Random(1, 40) == 1;
+        const QSize size(isWide ? Random(250, 600) : Random(1, 24), isWide ? 2 : Random(1, 12));
+        const int levels[] = {Random(0, 255), Random(0, 255), Random(0, 255)};
+        const int brightPercent = Random(0, 100);
+        const bool isColoured = Random(0, 1) == 1;
+        const QRect block(Random(0, 9), Random(0, 9), Random(0, 1) * Random(1, 600), Random(1, 4));
+        setup.image = QImage(size, QImage::Format_ARGB32);
+        for (int i = 0; i < size.width() * size.height(); ++i)
+        {
+            const QPoint point(i % size.width(), i / size.width());
+            const int grey = block.contains(point) || Random(1, 100) <= brightPercent ? levels[Random(0, 2)] : 0;
+            setup.image.setPixel(point, isColoured ? qRgba(grey, Random(0, 255), Random(0, 9), Random(0, 255))
+                                                   : qRgb(grey, grey, grey));
+        }
+        setup.image = setup.image.convertToFormat(format);
+        setup.threshold = Random(0, 3) ? Random(0, 220) : Random(-1, 256);
+        setup.width = Random(0, 1) ? size.width() : Random(1, 5);
+        setup.height = Random(0, 1) ? size.height() : Random(1, 5);
+        setup.supported =
+            std::vector<std::vector<int>>{{}, {0}, {1}, {2}, {2, 1}, {1, 2, 0}}[static_cast<std::size_t>(Random(0, 5))];
+        for (int i = isListEmpty ? 0 : Random(0, 60); i > 0; --i)
+        {
+            setup.defects.append({Random(-2, size.width()), Random(-2, size.height()), Random(1, 3), Random(1, 3),
+                                  Random(0, 5), 1.0 * i});
+        }
+        return setup;
+    }
+
+    std::mt19937 m_random{20240517};
+};
+
+TEST_F(Detection, EqualsThePlainFormOnRandomFrames)
+{
+    constexpr QImage::Format Formats[] = {QImage::Format_RGB32,  QImage::Format_ARGB32,   QImage::Format_Grayscale8,
+                                          QImage::Format_RGB888, QImage::Format_Indexed8, QImage::Format_Grayscale16,
+                                          QImage::Format_Mono,   QImage::Format_RGBX8888};
+    for (int i = 0; i < 6000; ++i)
+    {
+        LiteralDetection plain = RandomSetup(Formats[i % std::size(Formats)], i % 3 != 0);
+        LiteralDetection fast = plain;
+        plain.Run();
+        SteppedDetection(fast).Start();
+        ASSERT_EQ(Texts(fast.defects), Texts(plain.defects)) << "case " << i;
+    }
+}
+
+TEST_F(Detection, FindsTheHotPixelsOfRecordedFrames)
+{
+    const std::vector<std::tuple<const char*, int, int>> frames{
+        {"25ms", 2, 0},      {"500ms", 40, 0},     {"2000ms", 40, 4},   {"3916ms-a", 40, 6},
+        {"3916ms-b", 40, 7}, {"3916ms-a", 16, 18}, {"3916ms-b", 16, 18}};
+    for (const auto& [name, threshold, count] : frames)
+    {
+        LiteralDetection plain;
+        plain.image = LoadFrameFile(QStringLiteral(LORVANE_TEST_DATA "/darks/dark-%1.pgm").arg(name), nullptr);
+        plain.threshold = threshold;
+        plain.supported = {0, 1, 2};
+        plain.Run();
+        const QList<TemporaryDefectInfo> found = DetectDefects(plain.image, threshold, 408, 344, plain.supported);
+        EXPECT_EQ(Texts(found), Texts(plain.defects)) << name;
+        const QImage wide = plain.image.convertToFormat(QImage::Format_RGB32);
+        EXPECT_EQ(Texts(DetectDefects(wide, threshold, 408, 344, plain.supported)), Texts(plain.defects)) << name;
+        EXPECT_EQ(found.size(), count) << name << " at " << threshold;
+        for (const char* hot : {"0 86 1 1 0", "109 200 1 1 0", "33 315 1 1 0", "286 340 1 1 0"})
+        {
+            EXPECT_EQ(Texts(found, false).contains(hot), count >= 4) << name << ": " << hot;
+        }
+    }
+}
+
+// In the scan a stop leaves a head of the candidates, later a state between two steps.
+TEST_F(Detection, StopsLeaveWhatThePlainFormLeaves)
+{
+    for (int i = 0; i < 25; ++i)
+    {
+        const LiteralDetection setup = RandomSetup(QImage::Format_RGB32, i % 2 == 0);
+        const int width = setup.image.width();
+        const int blocksPerRow = (width + FrameScanner::BlockWidth - 1) / FrameScanner::BlockWidth;
+        const int blocks = blocksPerRow * setup.image.height();
+        LiteralDetection whole = setup;
+        SteppedDetection uninterrupted(whole);
+        uninterrupted.Start();
+        for (int look = 1; look <= uninterrupted.looks; ++look)
+        {
+            LiteralDetection plain = setup;
+            const int column = std::min(width, ((look - 1) % blocksPerRow + 1) * FrameScanner::BlockWidth);
+            plain.stopAtLook = look <= blocks ? (look - 1) / blocksPerRow * width + column
+                                              : width * setup.image.height() + look - blocks;
+            plain.Run();
+            LiteralDetection fast = setup;
+            SteppedDetection worker(fast, look);
+            worker.Start();
+            ASSERT_EQ(worker.finished, 1);
+            ASSERT_EQ(Texts(fast.defects), Texts(plain.defects)) << "case " << i << ", stop at " << look;
+        }
+    }
+}
+
+TEST_F(Detection, StopFromAnotherThreadActsAtOnce)
+{
+    for (const bool isMutexHeld : {false, true})
+    {
+        LiteralDetection setup;
+        setup.image = QImage(4000, 3000, QImage::Format_RGB32);
+        setup.image.fill(Qt::white);
+        SteppedDetection worker(setup);
+        QThread thread;
+        worker.moveToThread(&thread);
+        QObject::connect(&thread, &QThread::started, &worker, &AutomaticDetectionThread::Start);
+        QObject::connect(&worker, &AutomaticDetectionThread::DetectionFinished, &thread, &QThread::quit,
+                         Qt::DirectConnection);
+        // Held as by a dialog that stops the worker before its first step and waits for it.
+        const QMutexLocker locker(isMutexHeld ? &worker.mutex : nullptr);
+        thread.start();
+        while (!isMutexHeld && worker.looks == 0)
+        {
+            QThread::yieldCurrentThread();
+        }
+        worker.Stop();
+        ASSERT_TRUE(thread.wait(20000));
+        EXPECT_LT(setup.defects.size(), 4000 * 3000);
+        EXPECT_TRUE(!isMutexHeld || setup.defects.isEmpty());
+    }
+}
+
+TEST_F(Detection, KnownFramesGiveKnownDefects)
+{
+    struct Case
+    {
+        const char* fault;
+        const char* rows; // a letter for each pixel
+        int threshold;
+        std::vector<int> supported;
+        const char* expected; // with runs of 3 as whole rows and runs of 2 as whole columns
+    };
+    const Case cases[] = {
+        {"a mean at the threshold counts", "...|.t.|...", 40, {}, "1 1 1 1 0"},
+        {"a mean below it does not", "...|.t.|...", 41, {}, ""},
+        {"below the mean of its cross", "#t#|.#.", 1, {}, "0 0 1 1 0|2 0 1 1 0|1 1 1 1 0"},
+        {"points outside shine with 34.67", "d..|...|.d.|...", 10, {}, "1 2 1 1 0"},
+        {"one pixel has no neighbour to lose to", ".", 0, {}, "0 0 1 1 0"},
+        {"shorter and longer than the reference", "......##|........|.####...", 40, {2}, "6 0 2 1 2|1 2 4 1 2"},
+        {"as wide as the reference", "........|.....###", 40, {2}, "5 1 3 1 5"},
+        {"as tall as the reference", "#..|#.#|..#", 40, {1}, "0 0 1 2 4|2 1 1 2 4"},
+        {"no run kind is supported", "##", 40, {0, 3, 4, 5}, "0 0 1 1 0|1 0 1 1 0"},
+        {"a row run that grows down", "....|.##.|.#..|.#..", 40, {1, 2}, "1 1 2 3 1"},
+        {"a run in the way loses its width", ".#..|.#..|.##.", 40, {1, 2}, "1 0 1 3 1"}};
+    const std::map<char, int> greys{{'.', 0}, {'d', 15}, {'t', 40}, {'#', 200}};
+    for (const Case& test : cases)
+    {
+        const QList<QByteArray> rows = QByteArray(test.rows).split('|');
+        QImage frame(rows[0].size(), rows.size(), QImage::Format_RGB32);
+        for (int i = 0; i < frame.width() * frame.height(); ++i)
+        {
+            const int grey = greys.at(rows[i / frame.width()][i % frame.width()]);
+            frame.setPixel(i % frame.width(), i / frame.width(), qRgb(grey, grey, grey));
+        }
+        const QStringList found = Texts(DetectDefects(frame, test.threshold, 3, 2, test.supported), false);
+        EXPECT_EQ(found.join('|'), test.expected) << test.fault;
+    }
+}
+
+} // namespace

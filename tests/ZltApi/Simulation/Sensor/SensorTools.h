@@ -1,0 +1,32 @@
+// What the tests of the simulated sensor share.
+#pragma once
+
+#include "Sensor.h"
+
+#include <string>
+#include <vector>
+
+namespace Simulation
+{
+
+using Bytes = std::vector<unsigned char>;
+using Counts = std::vector<std::uint16_t>;
+
+inline Counts Expose(Sensor& sensor, const ExposureSettings& settings)
+{
+    Counts raw;
+    sensor.Expose(settings, raw);
+    return raw;
+}
+
+inline CorrectionMap CorrectionOf(const Sensor& sensor)
+{
+    std::vector<PixelPosition> positions;
+    for (const PixelFault& fault : sensor.Faults())
+    {
+        positions.push_back({fault.x, fault.y});
+    }
+    return {sensor.Config().width, sensor.Config().height, sensor.Config().filter, positions};
+}
+
+} // namespace Simulation
