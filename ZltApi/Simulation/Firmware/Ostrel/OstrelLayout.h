@@ -43,7 +43,7 @@ constexpr std::uint32_t ReverseX = 1;
 constexpr std::uint32_t ReverseY = 2;
 constexpr std::size_t MostDataSets = 4;
 
-constexpr std::size_t SegmentCount = 16; // words in the index table
+constexpr std::uint32_t SegmentCount = 16; // words in the index table
 constexpr std::uint16_t WordKind = 0xC000;
 constexpr std::uint16_t WordValue = 0x3FFF;
 constexpr std::uint16_t PixelWord = 0x0000;
@@ -52,7 +52,7 @@ constexpr std::uint16_t RowWord = 0x8000;
 constexpr std::uint16_t EndWord = 0xC000;
 
 // The sixteenth of the sensor that a row lies in; the last one takes what the division leaves over.
-constexpr std::size_t SegmentOf(std::uint32_t row, std::uint32_t height)
+constexpr std::uint32_t SegmentOf(std::uint32_t row, std::uint32_t height)
 {
     const std::uint32_t rows = height / SegmentCount;
     return rows == 0 ? 0 : (row / rows < SegmentCount ? row / rows : SegmentCount - 1);
