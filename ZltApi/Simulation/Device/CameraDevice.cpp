@@ -150,6 +150,10 @@ ZltErrorType CameraDevice::Boot()
 {
     try
     {
+        if (!m_config.sensor.darkFrameFile.empty())
+        {
+            TheSensor(); // refuses a file that cannot be used
+        }
         const auto settings = m_state.Settings();
         m_keptSettings = settings.value_or(CameraState::Values());
         m_camera.features.Restore(m_keptSettings);

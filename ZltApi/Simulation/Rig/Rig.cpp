@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <map>
 #include <set>
 #include <stdexcept>
@@ -196,7 +197,15 @@ std::vector<CameraConfig> LoadRig()
     {
         throw std::runtime_error(std::string("The rig file ") + path + " cannot be read.");
     }
-    return ParseRig(std::string(bytes->begin(), bytes->end()));
+    auto rig = ParseRig(std::string(bytes->begin(), bytes->end()));
+    for (CameraConfig& camera : rig)
+    {
+        if (std::string& name = camera.sensor.darkFrameFile; !name.empty())
+        {
+            name = std::filesystem::path(path).parent_path() / name;
+        }
+    }
+    return rig;
 }
 
 } // namespace Simulation

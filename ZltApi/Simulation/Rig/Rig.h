@@ -17,7 +17,8 @@ std::vector<CameraConfig> BuiltInRig();
 //   "firmware"                                       "ostrel" or "plain"; required
 //   "name", "family"                                 texts; by default model and serial, and the firmware's family
 //   "width", "height", "filter", "seed"              the sensor; filter is "Mono", "BayerGR", "BayerRG", ...
-//   "darkFrameFile", "darkFrameExposure"             a recorded dark frame and its exposure in microseconds
+//   "darkFrameFile", "darkFrameExposure"             a recorded dark frame and its exposure in microseconds;
+//                                                  a relative name is looked for beside the rig file
 //   "reverseX", "reverseY", "covered", "adjustsPacketSize", "userReadFailsWhenEmpty"   true or false
 //   "frameRate", "blockSize", "fileSizeMax", "restartTime"   frames a second, bytes, bytes, milliseconds
 //   "faults"                                         as ParseFaultRules

@@ -24,8 +24,9 @@ public:
 //
 // Every operation returns ZltErrorSuccess or the reason why it failed, and leaves its out arguments alone on failure. A
 // form that does not fit the feature's data type returns ZltErrorWrongType; a feature that cannot be read or written
-// now returns ZltErrorInvalidAccess; a value out of range or off the increment returns ZltErrorInvalidValue. Once the
-// camera is closed or gone every operation but GetName and GetDataType returns ZltErrorDeviceNotOpen.
+// now returns ZltErrorInvalidAccess; a value out of range returns ZltErrorInvalidValue, and so does an integer off the
+// increment, while a float is rounded to it. Once the camera is closed or gone every operation but GetName and
+// GetDataType returns ZltErrorDeviceNotOpen.
 //
 // Thread-safe: any thread may call any operation. No operation throws.
 class Feature

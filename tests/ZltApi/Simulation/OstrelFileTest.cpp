@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <random>
+#include <set>
 #include <string>
 #include <tuple>
 
@@ -230,14 +231,13 @@ TEST(OstrelFile, EncodedListsComeBackForEveryMirroring)
                                         {SensorSize{1936, 1216}, 5'000U},
                                         {SensorSize{1936, 1216}, 90'000U}})
     {
-        std::vector<bool> listed(sensor.width * sensor.height);
+        std::set<std::uint32_t> places;
         std::vector<PixelPosition> pixels;
-        for (std::uint32_t i = 0; i < count; ++i)
+        while (pixels.size() < count)
         {
-            const auto at = static_cast<std::uint32_t>(random() % listed.size());
-            if (!listed[at])
+            const auto at = static_cast<std::uint32_t>(random() % (sensor.width * sensor.height));
+            if (places.insert(at).second)
             {
-                listed[at] = true;
                 pixels.push_back({at % sensor.width, at / sensor.width});
             }
         }

@@ -30,34 +30,14 @@ std::string RefusalOf(const std::string& rig)
 
 } // namespace
 
-TEST(Rig, BuiltInCameras)
+TEST(Rig, BuiltInCamerasOfEveryKind)
 {
     std::set<std::string> kinds;
     for (const CameraConfig& config : BuiltInRig())
     {
-        kinds.insert(config.firmware + (config.sensor.filter == ColorFilter::Mono ? " mono" : " colour") +
-                     (config.reverseX ? " x" : "") + (config.reverseY ? " y" : ""));
+        kinds.insert(config.firmware + (config.reverseX ? " x" : "") + (config.reverseY ? " y" : ""));
     }
-    EXPECT_EQ((std::set<std::string>{"ostrel mono x y", "ostrel colour x", "plain mono"}), kinds);
-}
-
-TEST(Rig, Keys)
-{
-    const auto rig = ParseRig(R"({"cameras": [{"id": "A-1", "model": "M", "serial": "9", "firmware": "ostrel",
-        "name": "N", "family": "F", "filter": "BayerGB", "seed": 12345678901234, "darkFrameExposure": 20000,
-        "frameRate": 12.5, "fileSizeMax": 4096, "restartTime": 20, "faults": [{"operation": "Open", "code": -6}]},
-        {"id": "B", "model": "M", "serial": "8", "firmware": "plain", "filter": "BayerRG"}]})");
-    ASSERT_EQ(2U, rig.size());
-    EXPECT_EQ("N F", rig[0].name + " " + rig[0].family);
-    EXPECT_EQ(ColorFilter::BayerGB, rig[0].sensor.filter);
-    EXPECT_EQ(12345678901234U, rig[0].sensor.seed);
-    EXPECT_EQ(20000.0, rig[0].sensor.darkFrameExposureUs);
-    EXPECT_EQ(12.5, rig[0].frameRate);
-    EXPECT_EQ(4096U, rig[0].fileSizeMax);
-    EXPECT_EQ(std::chrono::milliseconds(20), rig[0].restartTime);
-    EXPECT_EQ(-6, rig[0].faults.at(0).effect.code);
-    EXPECT_EQ("M (8) Vesk", rig[1].name + " " + rig[1].family);
-    EXPECT_EQ(30.0, rig[1].frameRate);
+    EXPECT_EQ((std::set<std::string>{"ostrel x y", "ostrel x", "plain"}), kinds);
 }
 
 TEST(Rig, RefusalsAreSentences)
@@ -74,24 +54,16 @@ TEST(Rig, RefusalsAreSentences)
         {"", "The rig must be a JSON object."},
         {"[]", "The rig must be a JSON object."},
         {"{}", "The rig needs the array \"cameras\"."},
-        {R"({"cameras": [], "x": 1})", "The rig has the unknown key \"x\"."},
-        {R"({"cameras": [7]})", "A camera of the rig must be a JSON object."},
         {R"({"cameras": [{}]})", needs},
         {R"({"cameras": [{"id": "../A", "model": "M", "serial": "9", "firmware": "plain"}]})", needs},
         {R"({"cameras": [{"id": "A", "model": "M", "serial": "9", "firmware": "steam"}]})", needs},
         {camera(R"(, "colour": true)"), "A camera of the rig has the unknown key \"colour\"."},
         {camera(R"(, "width": 15)"), value("width")},
         {camera(R"(, "width": 33)"), value("width")},
-        {camera(R"(, "height": 20000)"), value("height")},
-        {camera(R"(, "height": -48)"), value("height")},
         {camera(R"(, "height": 4294967344)"), value("height")},
         {camera(R"(, "filter": "Foveon")"), value("filter")},
         {camera(R"(, "covered": 1)"), value("covered")},
-        {camera(R"(, "name": false)"), value("name")},
         {camera(R"(, "frameRate": 0)"), value("frameRate")},
-        {camera(R"(, "blockSize": 0)"), value("blockSize")},
-        {camera(R"(, "fileSizeMax": 1000000000)"), value("fileSizeMax")},
-        {camera(R"(, "restartTime": 600001)"), value("restartTime")},
         {camera(R"(, "faults": 7)"), "Faults are a JSON object or an array of objects."},
         {camera(R"(, "faults": {"code": 1, "when": 2})"), "A fault has the unknown key \"when\"."},
         {camera(R"(, "faults": [{"operation": "Open"}])"),
@@ -102,8 +74,7 @@ TEST(Rig, RefusalsAreSentences)
     {
         EXPECT_EQ(sentence, RefusalOf(rig)) << rig;
     }
-    const std::string twice = camera("");
-    const auto element = twice.substr(13, twice.size() - 15);
+    const std::string element = R"({"id": "A", "model": "M", "serial": "9", "firmware": "plain"})";
     EXPECT_EQ("The rig has two cameras with the id \"A\".",
               RefusalOf(R"({"cameras": [)" + element + "," + element + "]}"));
 }
@@ -130,13 +101,10 @@ TEST(ControlProgram, Usage)
     // Arguments, exit status, start of the complaint.
     const std::tuple<std::vector<std::string>, int, std::string> cases[] = {
         {{}, 2, "Usage: "},
-        {{"list", "CAM"}, 2, "Usage: "},
         {{"dance", "CAM"}, 2, "Usage: "},
         {{"cover", "CAM"}, 2, "Usage: "},
         {{"cover", "CAM", "maybe"}, 2, "Usage: "},
-        {{"unplug"}, 2, "Usage: "},
         {{"unplug", "NOBODY"}, 2, "There is no simulated camera with the id \"NOBODY\"."},
-        {{"fault", "CAM", "{"}, 1, "Faults are a JSON object"},
         {{"fault", "CAM", R"({"code": "x"})"}, 1, "A fault has a value of \"code\" that does not fit."},
         {{"plug", "CAM"}, 0, ""},
         {{"cover", "CAM", "off"}, 0, ""},

@@ -61,7 +61,6 @@ void FrameLog::FrameReceived(ZltApi::FramePtr frame)
     frame->GetBufferSize(size);
     frame->GetFrameID(entry.id);
     frame->GetReceiveStatus(entry.status);
-    frame->GetWidth(entry.width);
     entry.image.assign(image, image + size);
     bool isKept = false;
     {

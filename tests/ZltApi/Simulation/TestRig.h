@@ -47,7 +47,6 @@ public:
         Bytes image;
         std::uint64_t id = 0;
         ZltApi::FrameStatus status = ZltApi::FrameStatusInvalid;
-        std::uint32_t width = 0;
     };
 
     explicit FrameLog(const ZltApi::CameraPtr& camera) : IFrameObserver(camera) {}
