@@ -68,12 +68,21 @@ function(lorvane_test name)
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300 ${ARG_PROPERTIES})
 endfunction()
 
+# Adds a target to a collective one, so that a check builds no more than it runs.
+function(lorvane_collect collection name)
+  if(NOT TARGET ${collection})
+    add_custom_target(${collection})
+  endif()
+  add_dependencies(${collection} ${name})
+endfunction()
+
 # lorvane_benchmark(NAME SOURCES ... LIBRARIES ...)
 function(lorvane_benchmark name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE LorvaneOptions ${ARG_LIBRARIES} benchmark::benchmark benchmark::benchmark_main)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/benchmarks")
+  lorvane_collect(benchmarks ${name})
 endfunction()
 
 # lorvane_fuzzer(NAME SOURCES ... LIBRARIES ...): one libFuzzer target; the whole build then runs under -fsanitize=fuzzer-no-link.
@@ -83,6 +92,7 @@ function(lorvane_fuzzer name)
   target_link_libraries(${name} PRIVATE LorvaneOptions ${ARG_LIBRARIES})
   target_link_options(${name} PRIVATE -fsanitize=fuzzer)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/fuzz")
+  lorvane_collect(fuzzers ${name})
 endfunction()
 
 if(LORVANE_BUILD_FUZZERS)

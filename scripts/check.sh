@@ -26,7 +26,7 @@ tidy() {
 
 fuzz() {
   configure fuzz
-  cmake --build build/fuzz
+  cmake --build build/fuzz --target fuzzers
   local target corpus failed=0 pids=()
   for target in build/fuzz/fuzz/*; do
     [ -x "$target" ] && [ -f "$target" ] || continue
@@ -61,7 +61,7 @@ for check in "$@"; do
     benchmarks)
       # Built and run for an instant, so that they do not rot; scripts/benchmarks.sh measures.
       configure benchmark
-      cmake --build build/benchmark
+      cmake --build build/benchmark --target benchmarks
       for program in build/benchmark/benchmarks/*; do
         [ -x "$program" ] && [ -f "$program" ] || continue
         "$program" --benchmark_min_time=0.001 >/dev/null
