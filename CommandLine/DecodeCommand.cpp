@@ -42,12 +42,7 @@ void AddDecode(CLI::App& app, Request& request)
     CLI::App* command = app.add_subcommand("decode", "List the defects in on-camera bytes");
     command->add_option("FAMILY", options->family, "Camera family")->required()->check(CLI::IsMember(FamilyNames()));
     command->add_option("FILE", options->file, "File with the bytes")->required();
-    command->add_option("--width", options->sensor.width, "Sensor width in pixels")
-        ->required()
-        ->check(CLI::Range(1, 65535));
-    command->add_option("--height", options->sensor.height, "Sensor height in pixels")
-        ->required()
-        ->check(CLI::Range(1, 65535));
+    AddSensorSize(*command, options->sensor);
     command->add_option("-o,--output", options->output,
                         "XML file to write; else one defect a line: type x y width height");
     command->callback([options, &request]

@@ -48,12 +48,7 @@ void AddEncode(CLI::App& app, Request& request)
     CLI::App* command = app.add_subcommand("encode", "Write the on-camera bytes of a pixel list to a file");
     command->add_option("FAMILY", options->family, "Camera family")->required()->check(CLI::IsMember(FamilyNames()));
     command->add_option("FILE", options->file, "Pixel list XML")->required();
-    command->add_option("--width", options->sensor.width, "Sensor width in pixels")
-        ->required()
-        ->check(CLI::Range(1, 65535));
-    command->add_option("--height", options->sensor.height, "Sensor height in pixels")
-        ->required()
-        ->check(CLI::Range(1, 65535));
+    AddSensorSize(*command, options->sensor);
     const std::map<std::string, ReverseCapability> mirrors = {{"non", ReverseCapability::Non},
                                                               {"x", ReverseCapability::X},
                                                               {"y", ReverseCapability::Y},

@@ -4,6 +4,8 @@
 #include "DpcFileOstrel.h"
 #include "Exception.h"
 
+#include <CLI/CLI.hpp>
+
 #include <algorithm>
 
 namespace CommandLine
@@ -35,6 +37,13 @@ const std::vector<Family>& Families()
 }
 
 } // namespace
+
+void AddSensorSize(CLI::App& command, SensorDescription& sensor)
+{
+    // On-camera forms hold sizes in 16 bits.
+    command.add_option("--width", sensor.width, "Sensor width in pixels")->required()->check(CLI::Range(1, 65535));
+    command.add_option("--height", sensor.height, "Sensor height in pixels")->required()->check(CLI::Range(1, 65535));
+}
 
 std::vector<std::string> FamilyNames()
 {

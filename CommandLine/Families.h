@@ -12,6 +12,11 @@
 #include <string>
 #include <vector>
 
+namespace CLI
+{
+class App;
+}
+
 namespace CommandLine
 {
 
@@ -41,6 +46,9 @@ struct Family
                                         const Conditions& conditions);
     KTR::DPC::SensorDefectList (*decode)(const std::vector<std::uint8_t>& bytes, const SensorDescription& sensor);
 };
+
+// Adds the required options "--width" and "--height".
+void AddSensorSize(CLI::App& command, SensorDescription& sensor);
 
 // Names that the command line takes.
 std::vector<std::string> FamilyNames();
