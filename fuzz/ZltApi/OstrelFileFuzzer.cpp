@@ -1,4 +1,5 @@
-// Arbitrary bytes as a defect file inside a camera of the Ostrel family: never a crash, never a pixel outside the sensor.
+// Arbitrary bytes as a defect file inside a camera of the Ostrel family: never a crash, never a pixel outside the
+// sensor.
 #include "Firmware/Ostrel/OstrelFile.h"
 
 #include <cassert>

@@ -235,7 +235,7 @@ TEST(OstrelFile, EncodedListsComeBackForEveryMirroring)
         std::vector<PixelPosition> pixels;
         while (pixels.size() < count)
         {
-            const auto at = static_cast<std::uint32_t>(random() % (sensor.width * sensor.height));
+            const auto at = static_cast<std::uint32_t>(random()) % (sensor.width * sensor.height);
             if (places.insert(at).second)
             {
                 pixels.push_back({at % sensor.width, at / sensor.width});

@@ -85,10 +85,9 @@ TEST(Rig, StartUpThatFails)
     EventLog events;
     SimulationProvider other;
     const std::string path = rig.StateFolder().parent_path().parent_path() / "rig.json";
-    const std::string good = ::getenv("ZLT_SIMULATION_RIG");
     ::setenv("ZLT_SIMULATION_RIG", (path + ".missing").c_str(), 1);
     EXPECT_EQ(ZltErrorBadParameter, other.Startup(events));
-    ::setenv("ZLT_SIMULATION_RIG", good.c_str(), 1);
+    ::setenv("ZLT_SIMULATION_RIG", path.c_str(), 1);
     ::setenv("ZLT_SIMULATION_STATE", (path + "/state").c_str(), 1); // below a file
     EXPECT_EQ(ZltErrorResource, other.Startup(events));
     ::setenv("ZLT_SIMULATION_STATE", rig.StateFolder().parent_path().c_str(), 1);

@@ -141,7 +141,7 @@ ZltApi::CameraPtr TestRig::Camera()
 
 ZltApi::CameraPtr TestRig::Opened()
 {
-    const ZltApi::CameraPtr camera = Camera();
+    ZltApi::CameraPtr camera = Camera();
     EXPECT_TRUE(camera);
     EXPECT_EQ(ZltErrorSuccess, camera->Open(ZltApi::AccessModeFull));
     return camera;
@@ -205,7 +205,7 @@ std::string WriteBlocks(const ZltApi::CameraPtr& camera, const std::string& file
         const auto begin = bytes.begin() + static_cast<std::ptrdiff_t>(done);
         Set(camera, "FileAccessLength", static_cast<std::int64_t>(length));
         Set(camera, "FileAccessBuffer", Bytes(begin, begin + static_cast<std::ptrdiff_t>(length)));
-        if (const std::string status = Execute(camera, file, "Write"); status != "Success")
+        if (std::string status = Execute(camera, file, "Write"); status != "Success")
         {
             return status;
         }

@@ -241,8 +241,8 @@ void TakeByTable(const Body& body, Span table, SensorSize sensor, std::vector<Pi
 
 std::vector<PixelPosition> DecodeDataSet(Span bytes, SensorSize sensor, bool mirroredY)
 {
-    const auto table = bytes.Part(0, 2 * SegmentCount);
-    const auto words = bytes.Part(2 * SegmentCount, bytes.size - 2 * SegmentCount);
+    const auto table = bytes.Part(0, TableSize);
+    const auto words = bytes.Part(TableSize, bytes.size - TableSize);
     const auto body = table && words && bytes.size % 2 == 0 ? Body::Parse(*words) : std::nullopt;
     std::vector<PixelPosition> pixels;
     if (body && mirroredY)

@@ -44,6 +44,7 @@ constexpr std::uint32_t ReverseY = 2;
 constexpr std::size_t MostDataSets = 4;
 
 constexpr std::uint32_t SegmentCount = 16; // words in the index table
+constexpr std::size_t TableSize = 32;      // bytes
 constexpr std::uint16_t WordKind = 0xC000;
 constexpr std::uint16_t WordValue = 0x3FFF;
 constexpr std::uint16_t PixelWord = 0x0000;
