@@ -61,6 +61,14 @@ public:
     {
     }
 
+    // Fetches the memory at the left end of a row, and so that at the right end of the one above.
+    void Prefetch(int y) const
+    {
+        const std::ptrdiff_t pixel = std::ptrdiff_t{y} * m_width;
+        __builtin_prefetch(m_source + pixel);
+        __builtin_prefetch(m_bgra + pixel * static_cast<std::ptrdiff_t>(BgraBytes), 1);
+    }
+
     void Interpolate(int x, int y) const
     {
         const bool up = y > 0;
@@ -123,8 +131,13 @@ void Demosaic(Mosaic mosaic, const std::uint8_t* source, std::uint8_t* bgra, int
         cv::cvtColor(from, to, tile.Conversion);
         assert(to.data == bgra);
     }
+    constexpr int RowsAhead = 16;
     for (int y = 0; y < height; ++y)
     {
+        if (y + RowsAhead < height)
+        {
+            interpolator.Prefetch(y + RowsAhead);
+        }
         const bool isBorderRow = !hasInside || y == 0 || y == height - 1;
         const int step = isBorderRow ? 1 : width - 1;
         for (int x = 0; x < width; x += step)
