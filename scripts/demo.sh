@@ -20,10 +20,10 @@ commission() { # CAMERA NAME
   "$bin/lorvane-cli" commission "$camera" User >"$demo/$name.txt" || status=1
   tail -n 1 "$demo/$name.txt"
   "$bin/lorvane-cli" grab "$camera" -o "$demo/$name-after.png"
-  # The same piece of the sensor before and after, enlarged, around the first defect that is a run.
+  # The same piece of the sensor before and after, enlarged, around the middle of the longest run.
   region=$("$bin/lorvane-cli" read "$camera" User | awk '
-    NR == 1 || ($1 == 2 && !run) { x = $2 - 40; y = $3 - 40; run = $1 == 2 }
-    END { printf "%d,%d,120,90", x < 0 ? 0 : x, y < 0 ? 0 : y }')
+    $4 > longest { longest = $4; x = $2 + int($4 / 2) - 80; y = $3 - 60 }
+    END { printf "%d,%d,160,120", x < 0 ? 0 : x, y < 0 ? 0 : y }')
   "$bin/lorvane-cli" crop "$demo/$name-before.png" --region "$region" --zoom 6 -o "$demo/$name-before-detail.png"
   "$bin/lorvane-cli" crop "$demo/$name-after.png" --region "$region" --zoom 6 -o "$demo/$name-after-detail.png"
   verdict=$(tail -n 1 "$demo/$name.txt")
