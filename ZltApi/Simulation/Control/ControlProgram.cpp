@@ -110,7 +110,7 @@ ControlProgram::ExitStatus ControlProgram::List()
         const ControlState control = state.Control();
         m_output << camera.id << '\t' << camera.model << '\t' << Presence(state, control) << '\t'
                  << (control.covered.value_or(camera.covered) ? "covered" : "uncovered") << '\t'
-                 << (FileLock::IsTaken(state.LockPath()) ? "in use" : "free") << '\n';
+                 << (FileLock::IsTaken(state.LockPath()) ? "in-use" : "free") << '\n';
     }
     return Done;
 }

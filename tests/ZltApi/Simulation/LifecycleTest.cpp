@@ -116,7 +116,7 @@ TEST(Lifecycle, OneOpenerAmongProcesses)
     EXPECT_EQ(ZltErrorInvalidAccess, camera->Open(ZltApi::AccessModeFull));
     EXPECT_EQ(0U, Permitted(camera));
     EXPECT_EQ(0, rig.Control({"list"}));
-    EXPECT_EQ("CAM\tOSTREL T-1\tplugged\tcovered\tin use\n", rig.output);
+    EXPECT_EQ("CAM\tOSTREL T-1\tplugged\tcovered\tin-use\n", rig.output);
     EXPECT_EQ(1, rig.Control({"erase", CameraId}));
     EXPECT_EQ("The simulated camera CAM is in use.\n", rig.errors);
     EXPECT_EQ(0U, rig.events.Count());
@@ -160,7 +160,8 @@ TEST(Lifecycle, ResetLeavesAndReturns)
     const auto begin = std::chrono::steady_clock::now();
     EXPECT_FALSE(rig.Camera()) << "gone at once";
     rig.Control({"list"});
-    EXPECT_EQ("CAM\tOSTREL T-1\trestarting\tcovered\tfree\n", rig.output);
+    // The host's end of the connection may take a moment longer to go.
+    EXPECT_EQ(0U, rig.output.find("CAM\tOSTREL T-1\trestarting\tcovered\t")) << rig.output;
     EventLog events;
     SimulationProvider second; // another program that starts meanwhile
     ASSERT_EQ(ZltErrorSuccess, second.Startup(events));
