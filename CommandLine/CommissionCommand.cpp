@@ -71,6 +71,10 @@ public:
             PutBack(enabledBefore);
             throw;
         }
+        if (m_found.isEmpty())
+        {
+            RestoreCorrection(enabledBefore);
+        }
         m_settings.Restore(*m_camera);
         Print(request);
         return !m_equal || m_visible > 0 ? Differences : Done;
@@ -225,14 +229,18 @@ private:
         }
     }
 
+    // The correction as it was found: on with that set, or off when there was none.
+    void RestoreCorrection(const boost::shared_ptr<KTR::DPC::CorrectionSet>& enabledBefore)
+    {
+        m_adapter->SetCorrectionSetEnabled(enabledBefore ? enabledBefore : FindSet(Sets(), m_options.set),
+                                           enabledBefore != nullptr);
+    }
+
     void PutBack(const boost::shared_ptr<KTR::DPC::CorrectionSet>& enabledBefore)
     {
         try
         {
-            if (enabledBefore)
-            {
-                m_adapter->SetCorrectionSetEnabled(enabledBefore, true);
-            }
+            RestoreCorrection(enabledBefore);
             m_settings.Restore(*m_camera);
         }
         catch (const KTR::System::Exception& failure)

@@ -65,12 +65,7 @@ QVector<DefectInfo> LoadPixelList(const std::string& path, int width, int height
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     const std::optional<QVector<DefectInfo>> entries = ParsePixelListXml(buffer);
-    if (entries && entries->isEmpty())
-    {
-        return {};
-    }
-    std::optional<QVector<DefectInfo>> list =
-        ReadXmlPixelList(QString::fromLocal8Bit(path.c_str()), width, height, allTypes);
+    std::optional<QVector<DefectInfo>> list = entries ? AcceptEntries(*entries, width, height, allTypes) : std::nullopt;
     if (!list)
     {
         throw KTR::System::Exception("File is corrupted: " + path, true);

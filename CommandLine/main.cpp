@@ -37,13 +37,35 @@ std::string CurrentFailure()
     }
 }
 
+// Whether the exception that ends the process comes from the camera layers.
+bool IsCameraFailure()
+{
+    try
+    {
+        if (const std::exception_ptr failure = std::current_exception())
+        {
+            std::rethrow_exception(failure);
+        }
+    }
+    catch (const KTR::System::Exception&)
+    {
+        return true;
+    }
+    catch (...)
+    {
+        return false;
+    }
+    return false;
+}
+
 // A camera that leaves while one of its files is open cannot close that file, and the guard around the open file lets
 // nothing out: the process ends here. The user still gets a sentence and the status of a failure.
 [[noreturn]] void OnTerminate()
 {
     const std::string text =
         std::current_exception() ? CurrentFailure() : std::string("The program has run into a fault.");
-    std::fprintf(stderr, "lorvane-cli: The camera was lost in the middle of a file transfer: %s\n", text.c_str());
+    std::fprintf(stderr, "lorvane-cli: %s%s\n",
+                 IsCameraFailure() ? "The camera was lost in the middle of a file transfer: " : "", text.c_str());
     std::fflush(nullptr);
     std::_Exit(CommandLine::Failed);
 }

@@ -97,10 +97,15 @@ std::optional<QVector<DefectInfo>> ReadXmlPixelList(const QString& path, int wid
     {
         return std::nullopt;
     }
+    return AcceptEntries(*entries, width, height, allowedTypes);
+}
 
+std::optional<QVector<DefectInfo>> AcceptEntries(const QVector<DefectInfo>& entries, int width, int height,
+                                                 const std::vector<int>& allowedTypes)
+{
     QVector<DefectInfo> list;
     QSet<QPair<int, int>> taken;
-    for (DefectInfo entry : *entries)
+    for (DefectInfo entry : entries)
     {
         if (!FitsSensor(entry, width, height) || !IsAllowedType(entry.type, allowedTypes))
         {

@@ -23,3 +23,7 @@ void SaveAsXmlImpl(const QString& path, const QVector<DefectInfo>& list);
 // allowedTypes (DefectUiType).
 std::optional<QVector<DefectInfo>> ReadXmlPixelList(const QString& path, int width, int height,
                                                     const std::vector<int>& allowedTypes);
+
+// The same checks on entries that ParsePixelListXml read; no entries are the empty list.
+std::optional<QVector<DefectInfo>> AcceptEntries(const QVector<DefectInfo>& entries, int width, int height,
+                                                 const std::vector<int>& allowedTypes);

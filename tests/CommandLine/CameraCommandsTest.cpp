@@ -235,6 +235,7 @@ TEST_F(CameraCommands, AFrameThatIsNotDarkIsNoReasonToTouchTheCamera)
     const Outcome nothing = Cli({"commission", "MONO", "User", "--threshold", "255", "--exposure", "100"});
     EXPECT_EQ(nothing.status, 0);
     EXPECT_EQ(nothing.Lines().last(), "found 0, written 0, hidden 0, visible 0");
+    EXPECT_EQ(Cli({"sets", "MONO"}).Lines()[0].section('\t', 4, 4), "yes");
     EXPECT_EQ(ReadUser(), SampleList);
 }
 
