@@ -4,7 +4,8 @@ set -euo pipefail
 
 build=(
   g++ cmake ninja-build ccache pkg-config
-  qtbase5-dev qt5-image-formats-plugins
+  qtbase5-dev libqt5svg5-dev qttools5-dev qttools5-dev-tools qt5-image-formats-plugins
+  fonts-open-sans librsvg2-bin imagemagick
   libboost-dev libboost-filesystem-dev libboost-thread-dev
   libopencv-core-dev libopencv-imgproc-dev
   libcli11-dev nlohmann-json3-dev libpng-dev
