@@ -21,6 +21,7 @@ std::unique_ptr<QTreeView> ShowView(TreeModel& model)
     view->setModel(&model);
     view->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     view->setHeaderHidden(true);
+    view->setUniformRowHeights(true); // else the view measures every row before it scrolls
     view->resize(300, 800);
     view->show();
     QCoreApplication::processEvents();
