@@ -11,8 +11,9 @@ namespace
 
 // In device-independent pixels.
 constexpr int IconSize = 24;
-constexpr int IconSpace = IconSize + 12; // with the style's margins around icon and text
-constexpr int RowMargin = 6;             // above and below
+constexpr int IconSpace = IconSize + 9; // with the style's margins, where the text begins
+constexpr int TextMargin = 8;           // on its right
+constexpr int RowMargin = 6;            // above and below
 constexpr int BadgeHeight = 14;
 constexpr int BadgeSpace = BadgeHeight + 6;
 constexpr int NarrowestText = 40;
@@ -26,6 +27,7 @@ void CameraItemDelegate::initStyleOption(QStyleOptionViewItem* option, const QMo
     QStyledItemDelegate::initStyleOption(option, index);
     option->features |= QStyleOptionViewItem::WrapText;
     option->decorationSize = QSize(IconSize, IconSize);
+    option->font.setBold(true);
     // The focus frame is for those who work with the keyboard.
     if (!option->state.testFlag(QStyle::State_KeyboardFocusChange))
     {
@@ -48,7 +50,7 @@ QSize CameraItemDelegate::sizeHint(const QStyleOptionViewItem& option, const QMo
     const int width = m_view.viewport()->width();
     QFont font(option.font);
     font.setBold(true);
-    const QRect room(0, 0, std::max(width - IconSpace - RowMargin, NarrowestText), QWIDGETSIZE_MAX);
+    const QRect room(0, 0, std::max(width - IconSpace - TextMargin, NarrowestText), QWIDGETSIZE_MAX);
     const QRect text = QFontMetrics(font).boundingRect(room, Qt::TextWordWrap, index.data().toString());
     const int badge = m_view.indexWidget(index) != nullptr ? BadgeSpace : 0;
     return {width, std::max(text.height(), IconSize) + 2 * RowMargin + badge};
