@@ -25,6 +25,8 @@ started+=($!)
 for _ in $(seq 50); do xdotool getmouselocation >/dev/null 2>&1 && break; sleep 0.1; done
 openbox >"$work/openbox.log" 2>&1 &
 started+=($!)
+xcompmgr -n >"$work/xcompmgr.log" 2>&1 &
+started+=($!)
 xsetroot -solid '#3b4a5a'
 
 # The window whose title matches, once it is there.
@@ -43,7 +45,20 @@ shoot() {
 }
 
 cd "$work"
-"$program" &
+"$program" >"$work/lorvane.log" 2>&1 &
 started+=($!)
 main=$(window '^Lorvane$')
 shoot welcome 2
+xdotool key Escape
+shoot main-window 1.5
+xdotool key p
+shoot select-a-camera
+xdotool key Escape
+click 190 60
+shoot tour 1
+click 190 60
+click 70 16
+shoot about 1
+xdotool key Escape
+click 140 16
+shoot about-qt 1

@@ -75,7 +75,7 @@ QString IconCheckBoxStyle(const QString& icon)
 QString IconButtonStyle(const QString& icon)
 {
     return QStringLiteral(
-               "QPushButton{background:transparent;border:1px solid transparent;border-radius:6px;padding:0px;"
+               "QPushButton{background:transparent;border:1px solid transparent;border-radius:6px;padding:4px 7px;"
                "image:url(:/icons/resources/%1.svg);}"
                "QPushButton:hover{background-color:rgb(46,47,48);}"
                "QPushButton:pressed{background-color:rgb(66,67,68);}"

@@ -75,6 +75,7 @@ MainWindow::MainWindow(QWidget* parent)
     }
     PlaceBottomPanel();
     m_ui->cameraListButton->setChecked(true);
+    m_cameraListView->setFocus();
     CamerasInfoWriterReader().GetConfigInfo(m_tutorialFinished, m_automaticDetectionEnabled);
 }
 
@@ -125,6 +126,7 @@ void MainWindow::StyleChrome()
                                              "QPushButton:focus{border-color:rgb(47,128,237);}"
                                              "QLabel{font-size:12px;}"));
     style(m_ui->widget, QStringLiteral("QWidget{background-color:rgb(19,20,21);}"));
+    style(m_ui->widget_2, QStringLiteral("QWidget#widget_2{background-color:rgb(46,47,48);}"));
     style(m_ui->label, QStringLiteral("background-color:rgb(66,67,68);"));
     m_ui->label_9->setPixmap(QIcon(QStringLiteral(":/icons/resources/logo.svg")).pixmap(windowHandle(), QSize(20, 20)));
 

@@ -4,6 +4,22 @@
 #include "Resources.h"
 
 #include <QApplication>
+#include <QScreen>
+
+namespace
+{
+
+// In the middle of the primary screen, and no larger than it. Placed by hand, so that the position is known before the
+// window manager has answered: the welcome covers the window by it.
+void PlaceOnScreen(QWidget& window)
+{
+    const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
+    QRect place(QPoint(), window.size().boundedTo(available.size()));
+    place.moveCenter(available.center());
+    window.setGeometry(place);
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
@@ -18,6 +34,7 @@ int main(int argc, char** argv)
     application.setStyleSheet(Lorvane::ApplicationStyleSheet());
 
     MainWindow window;
+    PlaceOnScreen(window);
     window.show();
     // Only a shown window has its real size, by which the floating panels are placed and which the welcome covers.
     window.SetProperSizes();
