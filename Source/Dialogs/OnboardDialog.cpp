@@ -23,7 +23,7 @@ constexpr QColor Veil(19, 20, 21, 190);
 OnboardDialog::OnboardDialog(QWidget* parent) : FramelessDialog(parent), m_ui(std::make_unique<Ui::OnboardDialog>())
 {
     setAttribute(Qt::WA_TranslucentBackground);
-    m_ui->setupUi(this);
+    // Before the children come: what they look up in the style is kept.
     setStyleSheet(styleSheet() + QStringLiteral(R"(
 QFrame#cameraHint, QFrame#toolHint, QFrame#pixelHint {
     background: rgb(46,47,48); border: 1px solid rgb(89,89,89); border-radius: 6px;
@@ -32,6 +32,7 @@ QLabel#cameraCaption, QLabel#selectCaption, QLabel#grabCaption, QLabel#eraseCapt
     color: white; font-weight: 600;
 }
 )"));
+    m_ui->setupUi(this);
     for (QGridLayout* layout : {m_ui->cameraLayout, m_ui->toolLayout, m_ui->pixelLayout})
     {
         layout->setContentsMargins(18, 16, 18, 16);
