@@ -25,6 +25,26 @@ bool IsSame(const QVector<DefectInfo>& left, const QVector<DefectInfo>& right)
                         static_cast<std::size_t>(left.size()) * sizeof(DefectInfo)) == 0);
 }
 
+// The painter leaves out rectangles of size 0; here each one is a dot of the pen's width.
+void DrawOutlines(QPainter& painter, const QVector<QRect>& rectangles)
+{
+    QVector<QRect> outlines;
+    QPolygon dots;
+    for (const QRect& rectangle : rectangles)
+    {
+        if (rectangle.width() == 0 && rectangle.height() == 0)
+        {
+            dots.append(rectangle.topLeft());
+        }
+        else
+        {
+            outlines.append(rectangle);
+        }
+    }
+    painter.drawRects(outlines);
+    painter.drawPoints(dots);
+}
+
 } // namespace
 
 CustomLabelView::CustomLabelView(QWidget* parent, int width, int height)
@@ -105,7 +125,7 @@ void CustomLabelView::ShowPicture()
         UpdateMarkerLayer(picture);
         QPainter painter(&picture);
         painter.setPen(m_viewPen);
-        painter.drawRect(ToLabel(m_viewRectangle));
+        DrawOutlines(painter, {ToLabel(m_viewRectangle)});
         if (!m_pixelList.isEmpty())
         {
             painter.drawPixmap(0, 0, m_markerLayer);
@@ -145,13 +165,13 @@ void CustomLabelView::DrawMarkers(QPainter& painter) const
         if (isLast || (m_pixelList[i + 1].color == DefectInfo::CameraColor) != isCamera)
         {
             painter.setPen(isCamera ? m_cameraDefectPen : m_newDefectPen);
-            painter.drawRects(run);
+            DrawOutlines(painter, run);
             run.clear();
         }
     }
 }
 
-// A pixel becomes a rectangle of size 0, which is one dot.
+// A pixel becomes a rectangle of size 0.
 QRect CustomLabelView::ToLabel(const QRectF& sensorRectangle) const
 {
     return {static_cast<int>(sensorRectangle.x() / m_scaleX), static_cast<int>(sensorRectangle.y() / m_scaleY),
