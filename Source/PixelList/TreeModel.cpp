@@ -24,12 +24,17 @@ constexpr QRgb CameraTextColor = qRgb(37, 171, 37);
 constexpr int FirstAnnouncedRow = 0;
 constexpr int LastAnnouncedRow = 1;
 
-// Shows the same picture in a disabled view.
-QIcon MakeIcon(const QString& path)
+// Shows the same picture in a disabled view; sharp on a screen of double density, also when the window is moved there.
+QIcon MakeIcon(const QString& name)
 {
-    QIcon icon(path);
-    icon.addFile(path, QSize(), QIcon::Disabled, QIcon::On);
-    icon.addFile(path, QSize(), QIcon::Disabled, QIcon::Off);
+    QIcon icon;
+    for (const QLatin1String density : {QLatin1String(), QLatin1String("@2x")})
+    {
+        const QString path = QStringLiteral(":/icons/resources/%1%2.png").arg(name, density);
+        icon.addFile(path);
+        icon.addFile(path, QSize(), QIcon::Disabled, QIcon::On);
+        icon.addFile(path, QSize(), QIcon::Disabled, QIcon::Off);
+    }
     return icon;
 }
 
@@ -122,8 +127,7 @@ QVariant TreeModel::ButtonIcon(int column) const
     QIcon& icon = isEdit ? m_editIcon : m_deleteIcon;
     if (icon.isNull())
     {
-        icon = MakeIcon(isEdit ? QStringLiteral(":/icons/resources/edit.png")
-                               : QStringLiteral(":/icons/resources/delete.png"));
+        icon = MakeIcon(isEdit ? QStringLiteral("edit") : QStringLiteral("delete"));
     }
     return icon;
 }
