@@ -56,9 +56,7 @@ shoot select-a-camera
 xdotool key Escape
 click 190 60
 shoot tour 1
-click 190 60
+xdotool key Escape
 click 70 16
 shoot about 1
 xdotool key Escape
-click 140 16
-shoot about-qt 1

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
@@ -239,6 +240,38 @@ TEST_F(MainWindowTest, OverviewIsTheLargestFractionBelowItsLimit)
     EXPECT_TRUE(panel->isVisible());
     Click("overviewButton");
     EXPECT_FALSE(panel->isVisible());
+}
+
+TEST_F(MainWindowTest, SpeaksGermanAndEnglishAndClipsNothing)
+{
+    auto* const language = Find<QComboBox>("languageBox");
+    struct Case
+    {
+        const char* language;
+        const char* cameras;
+        const char* refresh;
+    };
+    for (const Case& now :
+         {Case{"Deutsch", "Kameras", "Liste aktualisieren"}, Case{"English", "Cameras", "Refresh list"}})
+    {
+        language->setCurrentText(now.language);
+        QTest::qWait(100); // texts and layouts follow
+        EXPECT_EQ(Find<QLabel>("labelCameras")->text().toStdString(), now.cameras);
+        EXPECT_TRUE(Find<QAbstractButton>("refreshLishButton")->text().contains(now.refresh) ||
+                    Find<QAbstractButton>("refreshLishButton")->toolTip().contains(now.refresh, Qt::CaseInsensitive))
+            << Find<QAbstractButton>("refreshLishButton")->toolTip().toStdString();
+        for (const QWidget* widget : m_window->findChildren<QWidget*>())
+        {
+            const auto* label = qobject_cast<const QLabel*>(widget);
+            const auto* button = qobject_cast<const QAbstractButton*>(widget);
+            const QString text = label ? label->text() : button ? button->text() : QString();
+            if (!text.isEmpty() && widget->isVisible() && widget->objectName() != "cameraNameLabel")
+            {
+                EXPECT_GE(widget->width(), widget->minimumSizeHint().width())
+                    << now.language << ": " << text.toStdString();
+            }
+        }
+    }
 }
 
 TEST_F(MainWindowTest, MaximisesRestoresAndCloses)
