@@ -20,7 +20,7 @@ finish() {
 }
 trap finish EXIT
 
-Xvfb "$DISPLAY" -screen 0 1600x1000x24 -nolisten tcp >"$work/xvfb.log" 2>&1 &
+Xvfb "$DISPLAY" -dpi 96 -screen 0 1600x1000x24 -nolisten tcp >"$work/xvfb.log" 2>&1 &
 started+=($!)
 for _ in $(seq 50); do xdotool getmouselocation >/dev/null 2>&1 && break; sleep 0.1; done
 openbox >"$work/openbox.log" 2>&1 &

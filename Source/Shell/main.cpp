@@ -2,6 +2,7 @@
 #include "ApplicationStyle.h"
 #include "MainWindow.h"
 #include "Resources.h"
+#include "ScreenScale.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -23,9 +24,8 @@ void PlaceOnScreen(QWidget& window)
 
 int main(int argc, char** argv)
 {
-    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    Lorvane::ScaleToScreen(argc, argv);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lorvane"));
     QApplication::setDesktopFileName(QStringLiteral("lorvane"));

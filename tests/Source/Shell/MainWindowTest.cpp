@@ -4,6 +4,7 @@
 #include "CustomGraphicsView.h"
 #include "ModalAnswers.h"
 #include "OverviewPanel.h"
+#include "ScreenScale.h"
 #include "TreeModel.h"
 
 #include <gtest/gtest.h>
@@ -282,6 +283,15 @@ TEST_F(MainWindowTest, MaximisesRestoresAndCloses)
     EXPECT_EQ(m_window->windowState(), Qt::WindowNoState);
     Click("exitButton");
     EXPECT_FALSE(m_window->isVisible());
+}
+
+TEST(ScreenScale, TakesQuartersAndNeverShrinks)
+{
+    for (const auto& [dotsPerInch, scale] :
+         {std::pair{72.0, 1.0}, {95.8, 1.0}, {100.0, 1.0}, {120.0, 1.25}, {144.3, 1.5}, {192.0, 2.0}})
+    {
+        EXPECT_DOUBLE_EQ(Lorvane::ScaleForDotsPerInch(dotsPerInch), scale) << dotsPerInch;
+    }
 }
 
 class PixelListFiles : public MainWindowTest
