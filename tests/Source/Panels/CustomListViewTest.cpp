@@ -16,8 +16,6 @@
 #include <QTest>
 #include <QTranslator>
 
-#include <algorithm>
-
 using testing::ElementsAre;
 
 namespace
@@ -155,7 +153,7 @@ TEST_F(CameraListPanel, NothingIsCoveredOrCutOff)
     Add("DEV_1AB22C00123456789ABCDEF", false, "if", "A model with a very long name that needs two lines");
     Longer longer;
     QApplication::installTranslator(&longer);
-    QApplication::processEvents();
+    QTest::qWait(20);
     EXPECT_EQ(panel.findChild<QLabel*>("labelCameras")->text(), "Cameras und mehr");
     EXPECT_TRUE(panel.findChild<QAbstractButton*>("informationButton")->toolTip().endsWith("und mehr"));
     EXPECT_EQ(panel.RefreshListButton()->objectName(), "refreshLishButton");
@@ -191,20 +189,22 @@ TEST_F(CameraListPanel, NothingIsCoveredOrCutOff)
     EXPECT_EQ(Badge(1)->findChild<QLabel*>()->text(), "DPC Unsupported");
 }
 
-TEST_F(CameraListPanel, FiveHundredCamerasAreQuick)
+// Laying the whole list out for each row that comes takes many times as long.
+TEST(CameraList, FiveHundredCamerasAreQuick)
 {
+    auto* const view = new CustomListView;
+    LeftPanel panel(nullptr, view);
+    panel.show();
     QElapsedTimer timer;
     timer.start();
-    list->ClearCurrentList();
     for (int row = 0; row < 500; ++row)
     {
-        Add(QString::number(row), row % 2 == 0);
+        view->GetCamerasList()->AddItemToList("name", "model", QString::number(row), "7", "if", row % 2 == 0, true);
     }
     QApplication::processEvents();
-    EXPECT_LT(timer.elapsed(), 2000)
-        << "milliseconds; a layout of the whole list for each row takes many times as long";
-    EXPECT_EQ(std::count(sent.begin(), sent.end(), ""), 0);
-    EXPECT_EQ(Badges().size(), 500U);
+    EXPECT_LT(timer.elapsed(), 1000) << "milliseconds";
+    RecordProperty("milliseconds", static_cast<int>(timer.elapsed()));
+    EXPECT_EQ(view->findChildren<DpcMarker*>().size(), 250);
 }
 
 } // namespace
