@@ -13,12 +13,17 @@ namespace
 
 constexpr std::uint32_t FrameBufferCount = 3;
 
+ZltErrorType Find(ZltApi::FeatureContainer& container, const char* name, ZltApi::FeaturePtr& feature)
+{
+    const ZltErrorType result = container.GetFeatureByName(name, feature);
+    return result == ZltErrorSuccess && !feature ? ZltErrorInvalidHandle : result;
+}
+
 // Lets the camera find the largest packet that the network carries. Cameras without the feature skip this.
 void AdjustPacketSize(ZltApi::Stream& stream)
 {
     ZltApi::FeaturePtr adjust;
-    if (stream.GetFeatureByName("GVSPAdjustPacketSize", adjust) != ZltErrorSuccess || !adjust ||
-        adjust->RunCommand() != ZltErrorSuccess)
+    if (Find(stream, "GVSPAdjustPacketSize", adjust) != ZltErrorSuccess || adjust->RunCommand() != ZltErrorSuccess)
     {
         return;
     }
@@ -122,12 +127,12 @@ ZltErrorType ApiController::StartContinuousImageAcquisition()
         return m_openStatus;
     }
     std::vector<ZltApi::StreamPtr> streams;
-    if (!m_camera || m_camera->GetStreams(streams) != ZltErrorSuccess || streams.empty())
+    if (!m_camera || m_camera->GetStreams(streams) != ZltErrorSuccess || streams.empty() || !streams.front())
     {
         return ZltErrorNotSupported;
     }
     ZltApi::FeaturePtr mode;
-    if (m_camera->GetFeatureByName("AcquisitionMode", mode) == ZltErrorSuccess)
+    if (Find(*m_camera, "AcquisitionMode", mode) == ZltErrorSuccess)
     {
         mode->SetValue("Continuous");
     }
@@ -146,7 +151,7 @@ ZltErrorType ApiController::StartStream()
     ZltApi::FeaturePtr format;
     if (result == ZltErrorSuccess)
     {
-        result = m_camera->GetFeatureByName("PixelFormat", format);
+        result = Find(*m_camera, "PixelFormat", format);
     }
     if (result == ZltErrorSuccess)
     {
@@ -182,7 +187,7 @@ ZltErrorType ApiController::SetValueIntMod2(const ZltApi::CameraPtr& camera, con
                                             std::atomic<std::int64_t>& out) const
 {
     ZltApi::FeaturePtr feature;
-    ZltErrorType result = camera->GetFeatureByName(name, feature);
+    ZltErrorType result = Find(*camera, name, feature);
     std::int64_t minimum = 0;
     std::int64_t maximum = 0;
     std::int64_t increment = 0;

@@ -1,0 +1,342 @@
+// The controller on a thread of its own, as the window has it, with simulated cameras that are plugged and unplugged.
+#include "AsynchronousCameraController.h"
+
+#include "CameraListUpdates.h"
+#include "CamerasList.h"
+#include "Control/ControlProgram.h"
+#include "CustomListView.h"
+#include "ImageDoubleBuffer.h"
+#include "ListedSystem.h"
+#include "Provider/SimulationProvider.h"
+#include "Rig/Rig.h"
+
+#include <gmock/gmock.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QSignalSpy>
+#include <QTest>
+#include <QThread>
+
+#include <atomic>
+#include <filesystem>
+#include <future>
+#include <iostream>
+#include <random>
+#include <sstream>
+
+using testing::ElementsAre;
+using namespace std::chrono_literals;
+
+namespace
+{
+
+using Controller = AsynchronousCameraController;
+constexpr int Patience = 20'000; // milliseconds
+
+bool IsLongRun()
+{
+    return qEnvironmentVariableIsSet("LORVANE_SOAK_SECONDS");
+}
+
+// Has the controller as long as the window has it, and takes it down in the window's order.
+struct Window
+{
+    Window() : controller(std::make_unique<Controller>(&view, -1, QString(), false, images))
+    {
+        controller->moveToThread(&thread);
+        thread.start(QThread::InheritPriority);
+    }
+    ~Window()
+    {
+        thread.quit();
+        EXPECT_TRUE(thread.wait(Patience));
+        controller.reset();
+    }
+    std::vector<std::string> Ids() const
+    {
+        std::vector<std::string> ids;
+        for (const CamerasInfo* const info : view.GetCamerasList()->GetCamerasList())
+        {
+            ids.push_back(info->ID.toStdString());
+        }
+        return ids;
+    }
+    // Runs the event loop until the list shows these cameras.
+    bool ComesToShow(const std::vector<std::string>& ids) const
+    {
+        return QTest::qWaitFor([&] { return Ids() == ids; }, Patience);
+    }
+
+    CustomListView view;
+    ImageDoubleBuffer images;
+    QThread thread;
+    std::unique_ptr<Controller> controller;
+};
+
+// Five small simulated cameras, in a working directory of their own.
+class SimulatedSystem : public testing::Test
+{
+protected:
+    SimulatedSystem()
+    {
+        QDir::setCurrent(m_folder.path());
+        QByteArray cameras;
+        for (const std::string& id : m_all)
+        {
+            cameras +=
+                (cameras.isEmpty() ? "" : ",") +
+                QByteArray(R"({"id": "%", "model": "OSTREL T-1", "serial": "7", "firmware": "ostrel", "width": 64,
+                                      "height": 48, "frameRate": 500})")
+                    .replace("%", id.c_str());
+        }
+        QFile rig("rig.json");
+        EXPECT_TRUE(rig.open(QIODevice::WriteOnly));
+        rig.write(R"({"cameras": [)" + cameras + "]}");
+        qputenv("ZLT_SIMULATION_RIG", m_folder.filePath("rig.json").toUtf8());
+        qputenv("ZLT_SIMULATION_STATE", m_folder.filePath("state").toUtf8());
+        qputenv("ZLT_PROVIDER_PATH", SIMULATION_FOLDER);
+    }
+    ~SimulatedSystem() override { QDir::setCurrent(m_before); }
+
+    void Control(const std::vector<std::string>& arguments) const
+    {
+        std::ostringstream out;
+        std::ostringstream err;
+        Simulation::ControlProgram program(Simulation::LoadRig(), m_folder.filePath("state").toStdString(), out, err);
+        ASSERT_EQ(program.Run(arguments), 0) << err.str();
+    }
+
+    const std::vector<std::string> m_all = {"A", "B", "C", "D", "E"};
+
+private:
+    const QString m_before = QDir::currentPath();
+    const QTemporaryDir m_folder;
+};
+
+struct NoEvents final : ZltApi::ProviderEvents
+{
+    void CameraListChanged(const ZltApi::CameraPtr&, ZltApi::UpdateTriggerType) noexcept override {}
+    void InterfaceListChanged(const ZltApi::InterfacePtr&, ZltApi::UpdateTriggerType) noexcept override {}
+};
+
+TEST_F(SimulatedSystem, UnpluggedWhileStreamingOnTheOtherThread)
+{
+    Window window;
+    ASSERT_EQ(window.Ids(), m_all);
+    QSignalSpy lost(window.controller.get(), &Controller::CameraDisconnected);
+    window.controller->SetNewIndex(1, "B");
+    QMetaObject::invokeMethod(window.controller.get(), &Controller::StartStopAcquisition);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return window.controller->GetIfStreaming(); }, Patience));
+    window.images.Lock();
+    EXPECT_EQ(window.images.Front()->size(), QSize(64, 48));
+    window.images.Unlock();
+    Control({"unplug", "A"});
+    ASSERT_TRUE(window.ComesToShow({"B", "C", "D", "E"}));
+    EXPECT_TRUE(window.controller->GetIfStreaming()) << "another camera's cable";
+    EXPECT_EQ(window.controller->GetCameraName("Full"), "OSTREL T-1-7(B)");
+    Control({"unplug", "B"});
+    ASSERT_TRUE(window.ComesToShow({"C", "D", "E"}));
+    EXPECT_FALSE(window.controller->GetIfStreaming());
+    EXPECT_EQ(lost.count(), 1);
+    Control({"plug", "B"});
+    Control({"plug", "A"});
+    ASSERT_TRUE(window.ComesToShow(m_all));
+    window.controller->SetNewIndex(1, "B");
+    window.controller->StartStopAcquisition();
+    EXPECT_TRUE(window.controller->GetIfStreaming()) << "a new session after the loss";
+    EXPECT_EQ(lost.count(), 1);
+}
+
+TEST_F(SimulatedSystem, AnotherProgramOpensACamera)
+{
+    Window window;
+    NoEvents events;
+    Simulation::SimulationProvider second;
+    ASSERT_EQ(second.Startup(events), ZltErrorSuccess);
+    std::vector<ZltApi::CameraPtr> cameras;
+    second.GetCameras(cameras);
+    const auto isFree = [&](int row) { return window.view.GetCamerasList()->GetCameraCurrentAccess(row); };
+    ASSERT_TRUE(isFree(3));
+    ASSERT_EQ(cameras.at(3)->Open(ZltApi::AccessModeFull), ZltErrorSuccess);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !isFree(3); }, Patience));
+    EXPECT_TRUE(isFree(2));
+    QSignalSpy errors(window.controller.get(), &Controller::ErrorSignal);
+    window.controller->SetNewIndex(3, "D");
+    window.controller->StartStopAcquisition();
+    EXPECT_EQ(errors.count(), 1);
+    EXPECT_FALSE(window.controller->GetIfStreaming());
+    window.controller->SetNewIndex(0, "A");
+    cameras.at(3)->Close();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isFree(3); }, Patience));
+}
+
+// The cable tester and the impatient user: every rebuild on one thread meets those of the other.
+TEST_F(SimulatedSystem, SoakOfPlugEventsAndRefreshes)
+{
+    const auto duration = std::chrono::seconds(IsLongRun() ? qEnvironmentVariableIntValue("LORVANE_SOAK_SECONDS") : 3);
+    Window window;
+    int refreshes = 0;
+    int sessions = 0;
+    std::size_t shown = 0;
+    std::atomic<bool> isOver{false};
+    auto plugging = std::async(std::launch::async,
+                               [&]
+                               {
+                                   std::mt19937 random(7);
+                                   int changes = 0;
+                                   for (; !isOver; ++changes)
+                                   {
+                                       Control({random() % 2 == 0 ? "plug" : "unplug", m_all[random() % m_all.size()]});
+                                       std::this_thread::sleep_for(std::chrono::microseconds(random() % 4000));
+                                   }
+                                   return changes;
+                               });
+    QElapsedTimer timer;
+    for (timer.start(); std::chrono::milliseconds(timer.elapsed()) < duration; ++refreshes)
+    {
+        window.controller->TryRefreshList();
+        if (refreshes % 8 == 0 && !window.Ids().empty())
+        {
+            window.controller->StopIfStreaming();
+            window.controller->SetNewIndex(0, QString::fromStdString(window.Ids()[0]));
+            window.controller->StartStopAcquisition();
+            sessions += window.controller->GetIfStreaming() ? 1 : 0;
+        }
+        for (const std::string& id : window.Ids())
+        {
+            ASSERT_THAT(m_all, testing::Contains(id));
+        }
+        shown += window.Ids().size();
+        QCoreApplication::processEvents();
+        window.controller->GetCameraName("Full");
+    }
+    isOver = true;
+    const int changes = plugging.get();
+    for (const std::string& id : m_all)
+    {
+        Control({"plug", id});
+    }
+    EXPECT_TRUE(window.ComesToShow(m_all)) << "in the API's order, with nothing left over";
+    window.controller->StopIfStreaming();
+    window.controller->SetNewIndex(4, "E");
+    window.controller->StartStopAcquisition();
+    EXPECT_TRUE(window.controller->GetIfStreaming());
+    EXPECT_GT(sessions, 0);
+    std::cout << changes << " plug changes, " << refreshes << " refreshes, " << sessions << " streams, " << shown
+              << " rows\n";
+}
+
+TEST_F(SimulatedSystem, StartsAndStopsOfTheApi)
+{
+    const auto resources = []
+    {
+        const auto count = [](const char* folder)
+        { return std::distance(std::filesystem::directory_iterator(folder), std::filesystem::directory_iterator()); };
+        return std::pair(count("/proc/self/fd"), count("/proc/self/task"));
+    };
+    const int rounds = IsLongRun() ? 2000 : 200; // ends with a remainder of 2 by three, as 5 rounds do
+    ApiController api;
+    std::pair<std::ptrdiff_t, std::ptrdiff_t> before;
+    for (int round = 0; round < rounds; ++round)
+    {
+        ASSERT_EQ(api.StartUp(), ZltErrorSuccess) << round;
+        const auto cameras = api.GetCameraList();
+        ASSERT_EQ(cameras.size(), 5U) << round;
+        if (round % 3 == 0)
+        {
+            ASSERT_EQ(api.OpenCamera(cameras[0]), ZltErrorSuccess) << round;
+            ASSERT_EQ(api.StartContinuousImageAcquisition(), ZltErrorSuccess);
+        }
+        ASSERT_EQ(api.ShutDown(), ZltErrorSuccess) << "also with a camera open, round " << round;
+        // Both look-ups are in the round after one with a camera, whose pointer the controller still has.
+        before = round == 4 ? resources() : before;
+    }
+    EXPECT_EQ(resources(), before) << "files and threads";
+}
+
+class ThreadedList : public ListedSystem
+{
+};
+
+// The window closes while the controller's thread is at work on an event, and more of them wait.
+TEST_F(ThreadedList, EndsInTheMiddleOfAPlugEvent)
+{
+    const auto camera = Add("A");
+    camera->permitted = 0;
+    std::promise<void> atWork;
+    std::atomic<int> opened{0};
+    {
+        Window window;
+        camera->permitted = 1;
+        camera->On("Open", 0,
+                   [&]
+                   {
+                       if (++opened == 1)
+                       {
+                           atWork.set_value();
+                       }
+                       std::this_thread::sleep_for(100ms);
+                   });
+        for (int i = 0; i < 20; ++i)
+        {
+            provider->Report(camera, ZltApi::UpdateTriggerStateChanged);
+        }
+        atWork.get_future().wait();
+        provider->Report(camera, ZltApi::UpdateTriggerUnplugged);
+    }
+    EXPECT_EQ(opened, 1) << "and knows the camera now";
+}
+
+TEST(CameraListUpdatesTest, OrderAcrossThreads)
+{
+    const auto post = [](CameraListUpdates& updates, const QString& id)
+    { updates.Post([id](CamerasList& list) { list.AddItemToList({}, {}, id, {}, {}, true, true); }); };
+    const auto shown = [](const CamerasList& list)
+    {
+        QString ids;
+        for (const CamerasInfo* const info : list.GetCamerasList())
+        {
+            ids += info->ID;
+        }
+        return ids;
+    };
+    auto list = std::make_unique<CamerasList>();
+    CameraListUpdates updates(list.get());
+    const auto elsewhere = [&](const QString& ids, bool clear)
+    {
+        std::thread(
+            [&]
+            {
+                if (clear)
+                {
+                    updates.PostClear();
+                }
+                for (const QChar id : ids)
+                {
+                    post(updates, id);
+                }
+            })
+            .join();
+    };
+    post(updates, "1");
+    EXPECT_EQ(shown(*list), "1") << "at once on the list's own thread";
+    elsewhere("23", false);
+    EXPECT_EQ(shown(*list), "1") << "later from another one";
+    post(updates, "4");
+    EXPECT_EQ(shown(*list), "1234") << "but never after what came later";
+    elsewhere("56", false);
+    elsewhere("7", true);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(shown(*list), "7");
+    elsewhere("8", false);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(shown(*list), "78");
+    elsewhere("9", false);
+    list.reset();
+    QCoreApplication::processEvents();
+    post(updates, "0");
+}
+
+} // namespace

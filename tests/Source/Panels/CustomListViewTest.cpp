@@ -1,0 +1,210 @@
+// The camera list under real clicks and keys: what is sent, what is shown, where the badges are.
+#include "CustomListView.h"
+
+#include "CamerasList.h"
+#include "DpcMarker.h"
+#include "LeftPanel.h"
+
+#include <gmock/gmock.h>
+
+#include <QAbstractButton>
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTranslator>
+
+using testing::ElementsAre;
+
+namespace
+{
+
+// Longer than English, as German is.
+class Longer final : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char*, const char* text, const char*, int) const override
+    {
+        return QLatin1String(text) + QLatin1String(" und mehr");
+    }
+};
+
+class CameraListPanel : public testing::Test
+{
+protected:
+    CameraListPanel()
+    {
+        panel.resize(300, 500);
+        panel.show();
+        Add("A", true);
+        Add("B", false);
+        Add("C", true);
+        QObject::connect(view, &CustomListView::SendCurrentIndex,
+                         [this](int row, const QString& id)
+                         { sent.push_back(std::to_string(row) + id.toStdString()); });
+        QApplication::processEvents();
+    }
+
+    void Add(const QString& id, bool dpc, const QString& interfaceId = "if", const QString& model = "OSTREL S-235m")
+    {
+        list->AddItemToList("name", model, id, "50-0001", interfaceId, dpc, id != "C");
+    }
+    QWidget* Badge(int row) const { return view->indexWidget(list->index(row)); }
+    std::string Badges() const
+    {
+        std::string badges;
+        for (int row = 0; row < list->rowCount(); ++row)
+        {
+            badges += Badge(row) != nullptr ? '1' : '0';
+        }
+        return badges;
+    }
+    void Click(const QPoint& position) const { QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, position); }
+    QPoint Middle(int row) const { return view->visualRect(list->index(row)).center(); }
+
+    CustomListView* view = new CustomListView;
+    CamerasList* list = view->GetCamerasList();
+    LeftPanel panel{nullptr, view};
+    QAbstractItemModelTester tester{list};
+    std::vector<std::string> sent;
+};
+
+TEST_F(CameraListPanel, ClicksAndKeys)
+{
+    Click(Middle(2));
+    Click(Middle(0));
+    EXPECT_FALSE(view->selectionModel()->hasSelection());
+    view->selectionModel()->select(list->index(1), QItemSelectionModel::Select);
+    Click({50, view->viewport()->height() - 5});
+    EXPECT_THAT(sent, ElementsAre("2C", "0A")) << "nothing for a click below the rows, also after one on a row";
+    EXPECT_FALSE(view->selectionModel()->hasSelection());
+    Click(Badge(1)->geometry().center());
+    EXPECT_EQ(sent.back(), "1B") << "the badge belongs to its row";
+    QTest::mousePress(view->viewport(), Qt::LeftButton, {}, Middle(0));
+    QTest::mouseMove(view->viewport(), Middle(2));
+    QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, Middle(2));
+    EXPECT_FALSE(view->selectionModel()->hasSelection()) << "nor by dragging";
+    QTest::keyClick(view, Qt::Key_Down);
+    QTest::keyClick(view, Qt::Key_Return);
+    EXPECT_EQ(sent.back(), "1B");
+    EXPECT_FALSE(view->selectionModel()->hasSelection());
+    list->ClearCurrentList();
+    sent.clear();
+    Click({50, 10});
+    QTest::keyClick(view, Qt::Key_Return);
+    EXPECT_TRUE(sent.empty());
+    QObject::connect(view, &CustomListView::SendCurrentIndex, [this] { list->ClearCurrentList(); });
+    Add("D", false);
+    QApplication::processEvents();
+    Click(Middle(0));
+    EXPECT_THAT(sent, ElementsAre("0D")) << "a receiver may make the list anew";
+}
+
+TEST_F(CameraListPanel, Badges)
+{
+    EXPECT_EQ(Badges(), "010");
+    Add("B", false);
+    Add("B", false, "other interface");
+    EXPECT_EQ(Badges(), "0101") << "the same camera twice on one interface is one row";
+    list->RemoveItemFromList(0);
+    EXPECT_EQ(Badges(), "101");
+    QSignalSpy changes(list, &CamerasList::dataChanged);
+    list->ChangeCurrentDpcSupport(0, true);
+    EXPECT_EQ(Badges(), "001");
+    list->ChangeCurrentDpcSupport(2, false);
+    EXPECT_EQ(Badges(), "000") << "it goes whatever the new value is";
+    EXPECT_FALSE(list->GetCamerasList().at(2)->dpc);
+    EXPECT_EQ(changes.at(0).at(0).toModelIndex().row(), 0);
+    EXPECT_EQ(changes.at(0).at(1).toModelIndex().row(), 3);
+    Add("E", false);
+    list->ClearCurrentList();
+    EXPECT_EQ(list->rowCount(), 0);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(view->findChildren<DpcMarker*>().isEmpty());
+    Add("F", true);
+    Add("G", false);
+    EXPECT_EQ(Badges(), "01");
+}
+
+TEST_F(CameraListPanel, RowsThatDoNotExist)
+{
+    QSignalSpy changes(list, &CamerasList::dataChanged);
+    for (const int row : {-1, 3, 4})
+    {
+        list->ChangeCurrentAccess(row, true);
+        list->ChangeCurrentDpcSupport(row, true);
+        list->RemoveItemFromList(row);
+        EXPECT_FALSE(list->GetCameraCurrentAccess(row));
+    }
+    EXPECT_EQ(changes.count(), 0);
+    EXPECT_EQ(list->rowCount(), 3);
+    EXPECT_TRUE(list->GetCameraCurrentAccess(0));
+    EXPECT_FALSE(list->GetCameraCurrentAccess(2));
+    list->ChangeCurrentAccess(2, true);
+    EXPECT_TRUE(list->GetCameraCurrentAccess(2));
+    EXPECT_EQ(changes.count(), 1);
+}
+
+TEST_F(CameraListPanel, NothingIsCoveredOrCutOff)
+{
+    Add("DEV_1AB22C00123456789ABCDEF", false, "if", "A model with a very long name that needs two lines");
+    Longer longer;
+    QApplication::installTranslator(&longer);
+    QTest::qWait(20);
+    EXPECT_EQ(panel.findChild<QLabel*>("labelCameras")->text(), "Cameras und mehr");
+    EXPECT_TRUE(panel.findChild<QAbstractButton*>("informationButton")->toolTip().endsWith("und mehr"));
+    EXPECT_EQ(panel.RefreshListButton()->objectName(), "refreshLishButton");
+    EXPECT_EQ(panel.RefreshListButton()->text(), "Refresh list und mehr");
+    int bottom = 0;
+    for (int row = 0; row < list->rowCount(); ++row)
+    {
+        SCOPED_TRACE(row);
+        const QRect room = view->visualRect(list->index(row));
+        EXPECT_GE(room.top(), bottom);
+        bottom = room.bottom();
+        EXPECT_LE(room.width(), view->viewport()->width());
+        QFont bold(view->font());
+        bold.setBold(true);
+        const int text = QFontMetrics(bold)
+                             .boundingRect(QRect(0, 0, room.width() - 40, 1000), Qt::TextWordWrap,
+                                           list->index(row).data().toString())
+                             .height();
+        const QWidget* const badge = Badge(row);
+        EXPECT_GE(room.height() - (badge != nullptr ? badge->height() : 0), text);
+        if (badge != nullptr)
+        {
+            const auto* const label = badge->findChild<QLabel*>();
+            EXPECT_EQ(label->text(), "DPC Unsupported und mehr");
+            EXPECT_GE(label->width(), label->sizeHint().width());
+            EXPECT_TRUE(room.contains(badge->geometry()));
+            EXPECT_GE(badge->geometry().top(), room.top() + text);
+        }
+    }
+    QApplication::removeTranslator(&longer);
+    QApplication::processEvents();
+    EXPECT_EQ(panel.findChild<QLabel*>("labelCameras")->text(), "Cameras");
+    EXPECT_EQ(Badge(1)->findChild<QLabel*>()->text(), "DPC Unsupported");
+}
+
+// Laying the whole list out for each row that comes takes many times as long.
+TEST(CameraList, FiveHundredCamerasAreQuick)
+{
+    auto* const view = new CustomListView;
+    LeftPanel panel(nullptr, view);
+    panel.show();
+    QElapsedTimer timer;
+    timer.start();
+    for (int row = 0; row < 500; ++row)
+    {
+        view->GetCamerasList()->AddItemToList("name", "model", QString::number(row), "7", "if", row % 2 == 0, true);
+    }
+    QApplication::processEvents();
+    EXPECT_LT(timer.elapsed(), 1000) << "milliseconds";
+    RecordProperty("milliseconds", static_cast<int>(timer.elapsed()));
+    EXPECT_EQ(view->findChildren<DpcMarker*>().size(), 250);
+}
+
+} // namespace
