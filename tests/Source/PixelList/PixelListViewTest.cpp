@@ -51,18 +51,6 @@ protected:
         QTest::mouseClick(m_view.viewport(), Qt::LeftButton, Qt::NoModifier, cell.center());
     }
 
-    int ExpandedRow() const
-    {
-        for (int row = 0; row < m_model.rowCount(); ++row)
-        {
-            if (m_view.isExpanded(m_model.index(row, 0)))
-            {
-                return row;
-            }
-        }
-        return -1;
-    }
-
     QWidget m_window;
     TreeModel m_model{&m_window};
     QTreeView m_view;
@@ -75,26 +63,21 @@ TEST_F(PixelListView, IconsActOnTheClickedRowAndTheRestStays)
     m_view.setCurrentIndex(m_model.index(3, 1));
     Fill(5);
     EXPECT_EQ(m_view.currentIndex().row(), 3) << "an insertion at the end moves nothing";
-    EXPECT_EQ(ExpandedRow(), 3);
+    EXPECT_TRUE(m_view.isExpanded(m_model.index(3, 0)));
 
     QSignalSpy edits(&m_model, &TreeModel::startItemEditor);
     Click(2, TreeModel::EditColumn);
     Click(1, TreeModel::EditColumn);
     ASSERT_EQ(edits.size(), 1);
     EXPECT_EQ(edits[0], (QVariantList{2, 0, 1, 1, 0}));
-    EXPECT_EQ(ExpandedRow(), 3);
     m_model.cancelEditing();
 
     QSignalSpy deletions(&m_model, &TreeModel::SendIndexToDelete);
     Click(1, TreeModel::DeleteColumn);
     Click(2, 1);
     ASSERT_EQ(deletions.size(), 1);
-    EXPECT_EQ(ExpandedRow(), 2);
+    EXPECT_TRUE(m_view.isExpanded(m_model.index(2, 0)));
     EXPECT_EQ(m_model.data(m_view.currentIndex()), m_model.data(m_model.index(2, 1)));
-    m_model.EnableEditDeleteButtons(false);
-    Click(0, TreeModel::DeleteColumn);
-    EXPECT_EQ(m_model.rowCount(), 4);
-    m_model.EnableEditDeleteButtons(true);
     while (!m_model.isEmpty())
     {
         Click(m_model.rowCount() - 1, TreeModel::DeleteColumn);
