@@ -8,6 +8,7 @@
 #include "RowDefect.h"
 
 #include <QColor>
+#include <QDebug>
 #include <QTemporaryDir>
 
 #include <boost/make_shared.hpp>
@@ -46,12 +47,12 @@ protected:
         QObject::connect(&m_model, &Model::SendIndexToDelete, number("delete"));
         QObject::connect(&m_model, &Model::SendNumberOfDefects, number("count"));
         QObject::connect(&m_model, &Model::SendPointToRect,
-                         [=](const QRect& rect, int color) {
-                             Note("rect", {rect.x(), rect.y(), rect.width(), rect.height(), color});
+                         [=](QRect r, int color) {
+                             Note("rect", {r.x(), r.y(), r.width(), r.height(), color});
                          });
         QObject::connect(&m_model, &Model::SendNewPixelPoint,
-                         [=](QRect& rect, int type, int row) {
-                             Note("moved", {rect.x(), rect.y(), rect.width(), rect.height(), type, row});
+                         [=](QRect& r, int type, int row) {
+                             Note("moved", {r.x(), r.y(), r.width(), r.height(), type, row});
                          });
         QObject::connect(&m_model, &Model::startItemEditor,
                          [=](int x, int y, int width, int height, int type) {
@@ -84,13 +85,10 @@ protected:
     QString Rows() const
     {
         QString rows;
-        for (const DefectInfo& info : m_model.getDefectList())
+        for (const DefectInfo& i : m_model.getDefectList())
         {
-            for (const int value : {info.x, info.y, info.width, info.height, info.type, info.color})
-            {
-                rows += QStringLiteral("%1 ").arg(value);
-            }
-            rows += QStringLiteral("#%1; ").arg(info.number);
+            QDebug(&rows).nospace() << i.x << ' ' << i.y << ' ' << i.width << ' ' << i.height << ' ' << i.type << ' '
+                                    << i.color << " #" << i.number << "; ";
         }
         return rows;
     }
