@@ -16,6 +16,7 @@ namespace
 constexpr QSize ImageSize(28, 28);
 constexpr int SideBySideWidth = 860; // pixels that three hints need
 constexpr int BarsHeight = 110;      // pixels of the title bar and the tool bar, which stay in sight
+constexpr int StripHeight = 80;      // pixels below, with the tool strip
 constexpr QColor Veil(19, 20, 21, 190);
 
 } // namespace
@@ -108,7 +109,7 @@ void OnboardDialog::ArrangeHints(bool sideBySide)
         layout.setRowStretch(place, !sideBySide && place == 2 ? 1 : 0);
         ++place;
     }
-    m_ui->mainLayout->setContentsMargins(24, sideBySide ? BarsHeight : 24, 24, 24);
+    m_ui->mainLayout->setContentsMargins(24, sideBySide ? BarsHeight : 24, 24, sideBySide ? StripHeight : 24);
 }
 
 void OnboardDialog::SetImages()
