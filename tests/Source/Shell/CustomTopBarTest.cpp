@@ -1,64 +1,45 @@
-// The title bar: where a dropped window goes, drags, double clicks; and the shadow widgets.
+// The title bar: where a dropped window goes, drags and double clicks.
 #include "CustomTopBar.h"
-#include "ButtonWithShadow.h"
-#include "CheckBoxWithShadow.h"
-#include "FrameWithShadow.h"
 #include "WindowSnap.h"
 
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
 #include <QCursor>
-#include <QGraphicsDropShadowEffect>
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QTest>
 #include <QWindow>
 
+#include <string>
+#include <tuple>
+
 using Lorvane::SnapTarget;
 
 TEST(WindowSnap, TheFirstFittingLineDecides)
 {
-    const QSize area(1001, 701);
-    const struct
-    {
-        QPoint cursor;
-        SnapTarget target;
-    } cases[] = {
-        {{1, 0}, SnapTarget::Maximised},       {{9, 0}, SnapTarget::Maximised},
-        {{999, 0}, SnapTarget::Maximised},     {{-5, 0}, SnapTarget::Maximised},
-        {{500, 1}, SnapTarget::None},          {{500, -1}, SnapTarget::None},
-        {{0, 0}, SnapTarget::TopLeft},         {{9, 1}, SnapTarget::TopLeft},
-        {{9, 9}, SnapTarget::TopLeft},         {{10, 9}, SnapTarget::None},
-        {{9, 10}, SnapTarget::Left},           {{0, 690}, SnapTarget::Left},
-        {{0, -1}, SnapTarget::Left},           {{0, 691}, SnapTarget::BottomLeft},
-        {{9, 701}, SnapTarget::BottomLeft},    {{9, 702}, SnapTarget::None},
-        {{-1, 300}, SnapTarget::None},         {{10, 300}, SnapTarget::None},
-        {{1000, 0}, SnapTarget::TopRight},     {{1001, 0}, SnapTarget::TopRight},
-        {{991, 1}, SnapTarget::TopRight},      {{991, 9}, SnapTarget::TopRight},
-        {{990, 9}, SnapTarget::None},          {{991, 10}, SnapTarget::Right},
-        {{1001, 690}, SnapTarget::Right},      {{1001, -1}, SnapTarget::Right},
-        {{991, 691}, SnapTarget::BottomRight}, {{1001, 701}, SnapTarget::BottomRight},
-        {{1001, 702}, SnapTarget::None},       {{1002, 300}, SnapTarget::None},
-        {{500, 701}, SnapTarget::None},
+    // None, Maximised, TopLeft, BottomLeft, Left, TopRight, BottomRight, Right
+    const char* const letters = ".MABLCDR";
+    const int xs[] = {-1, 0, 1, 9, 10, 990, 991, 999, 1000, 1001, 1002};
+    const std::pair<int, std::string> rows[] = {
+        {-1, ".LLL..RRRR."},  {0, "MAMMMMMMCC."},   {1, ".AAA..CCCC."},   {9, ".AAA..CCCC."},   {10, ".LLL..RRRR."},
+        {690, ".LLL..RRRR."}, {691, ".BBB..DDDD."}, {700, ".BBB..DDDD."}, {701, ".BBB..DDDD."}, {702, "..........."},
     };
-    for (const auto& c : cases)
+    for (const auto& [y, expected] : rows)
     {
-        EXPECT_EQ(Lorvane::SnapTargetAt(c.cursor, area), c.target) << c.cursor.x() << ' ' << c.cursor.y();
+        std::string row;
+        for (const int x : xs)
+        {
+            row += letters[static_cast<int>(Lorvane::SnapTargetAt({x, y}, {1001, 701}))];
+        }
+        EXPECT_EQ(row, expected) << "y = " << y;
     }
-    // An area too small for two edges: the left one comes first.
-    EXPECT_EQ(Lorvane::SnapTargetAt({5, 5}, {8, 8}), SnapTarget::TopLeft);
 }
 
 TEST(WindowSnap, HalvesAreTakenByIntegerDivision)
 {
     const QRect area(100, 30, 1001, 701);
-    const struct
-    {
-        SnapTarget target;
-        QRect geometry;
-        bool stores;
-    } cases[] = {
+    const std::tuple<SnapTarget, QRect, bool> cases[] = {
         {SnapTarget::None, {}, false},
         {SnapTarget::Maximised, area, true},
         {SnapTarget::TopLeft, {100, 30, 500, 350}, true},
@@ -68,10 +49,10 @@ TEST(WindowSnap, HalvesAreTakenByIntegerDivision)
         {SnapTarget::BottomRight, {600, 380, 500, 350}, false},
         {SnapTarget::Right, {600, 30, 500, 701}, true},
     };
-    for (const auto& c : cases)
+    for (const auto& [target, geometry, stores] : cases)
     {
-        EXPECT_EQ(Lorvane::SnappedGeometry(c.target, area), c.geometry) << static_cast<int>(c.target);
-        EXPECT_EQ(Lorvane::StoresGeometry(c.target), c.stores) << static_cast<int>(c.target);
+        EXPECT_EQ(Lorvane::SnappedGeometry(target, area), geometry) << static_cast<int>(target);
+        EXPECT_EQ(Lorvane::StoresGeometry(target), stores) << static_cast<int>(target);
     }
 }
 
@@ -149,28 +130,24 @@ TEST_F(CustomTopBarTest, FollowsTheCursorButNotOutOfTheScreen)
 
 TEST_F(CustomTopBarTest, SnapsWhereItIsDroppedAndComesBackUnderTheCursor)
 {
-    const struct
-    {
-        QPoint drop;
-        QRect snapped;
-    } cases[] = {
+    const std::pair<QPoint, QRect> cases[] = {
         {{400, 0}, {0, 0, 800, 600}},   {{4, 4}, {0, 0, 400, 300}},       {{4, 300}, {0, 0, 400, 600}},
         {{796, 4}, {400, 0, 400, 300}}, {{796, 300}, {400, 0, 400, 600}},
     };
-    for (const auto& c : cases)
+    for (const auto& [drop, snapped] : cases)
     {
         m_window.setGeometry(Start);
-        Drag({300, 10}, c.drop);
-        EXPECT_EQ(m_window.geometry(), c.snapped);
-        EXPECT_EQ(m_window.isMaximized(), c.snapped.width() == 800);
-        Press({c.snapped.width() / 4, 12});
-        MoveTo({420, 430});
-        EXPECT_FALSE(m_window.isMaximized());
-        EXPECT_EQ(m_window.size(), Start.size());
-        EXPECT_EQ(Local(), QPoint(Start.width() / 4, 12)); // the same relative place on the bar
-        MoveTo({430, 440});
-        EXPECT_EQ(Local(), QPoint(Start.width() / 4, 12));
+        Drag({300, 10}, drop);
+        EXPECT_EQ(m_window.geometry(), snapped);
+        EXPECT_EQ(m_window.isMaximized(), drop.y() == 0);
+        Press({snapped.width() / 4, 12});
+        for (const QPoint cursor : {QPoint(420, 430), QPoint(430, 440)})
+        {
+            MoveTo(cursor);
+            EXPECT_EQ(Local(), QPoint(Start.width() / 4, 12)); // the same relative place on the bar
+        }
         Release();
+        EXPECT_FALSE(m_window.isMaximized());
         EXPECT_EQ(m_window.size(), Start.size());
     }
 }
@@ -219,20 +196,4 @@ TEST_F(CustomTopBarTest, DoubleClickTogglesAndDoesNotMove)
     m_window.showMaximized();
     DoubleClick({200, 0}); // its release, on the topmost line, is no drop
     EXPECT_FALSE(m_window.isMaximized());
-}
-
-TEST(ShadowWidgets, HaveTheShadow)
-{
-    ButtonWithShadow button;
-    CheckBoxWithShadow box;
-    FrameWithShadow frame;
-    for (const QWidget* widget :
-         {static_cast<QWidget*>(&button), static_cast<QWidget*>(&box), static_cast<QWidget*>(&frame)})
-    {
-        const auto* shadow = qobject_cast<QGraphicsDropShadowEffect*>(widget->graphicsEffect());
-        ASSERT_NE(shadow, nullptr);
-        EXPECT_EQ(shadow->blurRadius(), 10.0);
-        EXPECT_EQ(shadow->offset(), QPointF(0.0, 0.0));
-        EXPECT_EQ(shadow->color(), QColor(40, 40, 40, 255));
-    }
 }
