@@ -201,9 +201,11 @@ TEST_F(TreeModelTest, TakesACamerasDefectsWithClustersAsHeadings)
               QStringLiteral("1.Single Pixel"));
     EXPECT_EQ(Text(heading) + Text(heading.siblingAtColumn(1)), QStringLiteral("5."));
     TakeLog();
+    EXPECT_EQ(static_cast<TreeItem*>(m_model.index(1, 0, heading).internalPointer())->getDefectInfo().number, 6);
     Add(20, 20);
+    m_model.removeDefectPixel(20, 20);
     Click(5, 3);
-    EXPECT_EQ(TakeLog(), QString()) << "a pixel below a heading holds its position; a heading is not edited";
+    EXPECT_EQ(TakeLog(), QString()) << "pixels below a heading hold their positions; no click acts on them";
     Click(5, 4);
     EXPECT_EQ(TakeLog(), QStringLiteral("removing -1 5 5/6; removed -1 5 5/5; ")) << "a heading has no marker";
     m_model.setupModelData(m_model.getDefectList(), 0, 0);
