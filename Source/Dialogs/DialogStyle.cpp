@@ -13,9 +13,10 @@ QString DialogStyleSheet()
 QWidget { font-size: 12px; }
 QLabel { background: transparent; border: none; color: rgb(219,219,219); font-size: 13px; }
 QLabel#titleLabel { color: white; font-weight: 600; }
+QWidget#contentWidget { background: transparent; }
 QWidget#titleBar { background: rgb(46,47,48); }
 QScrollArea, QScrollArea > QWidget { background: transparent; border: none; }
-QScrollArea > QWidget > QWidget { background: transparent; }
+QScrollArea > QWidget > QWidget, QScrollBar { background: transparent; }
 QPushButton {
     background: rgb(82,82,82); color: rgb(219,219,219); border: 2px solid rgb(89,89,89); border-radius: 6px;
     font-size: 12px; min-width: 72px; min-height: 28px; padding: 0px 14px;

@@ -8,9 +8,9 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QRegularExpression>
 #include <QScreen>
 #include <QScrollArea>
+#include <QTextBoundaryFinder>
 #include <QWindow>
 
 #include <algorithm>
@@ -39,16 +39,16 @@ QWidget* WindowInUse()
     return found == windows.end() ? nullptr : *found;
 }
 
-// Of one line of the text, and of the longest word, which cannot be wrapped.
-std::pair<int, int> LineAndWordWidth(const QFontMetrics& metrics, const QString& text)
+// The longest piece between two places where a line may break.
+int WidestPiece(const QFontMetrics& metrics, const QString& text)
 {
-    static const QRegularExpression space(QStringLiteral("\\s+"));
-    int word = 0;
-    for (const QString& part : text.split(space))
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Line, text);
+    int widest = 0;
+    for (int start = 0, end = finder.toNextBoundary(); end != -1; start = end, end = finder.toNextBoundary())
     {
-        word = std::max(word, metrics.horizontalAdvance(part));
+        widest = std::max(widest, metrics.horizontalAdvance(text.mid(start, end - start).trimmed()));
     }
-    return {metrics.size(0, text).width(), word};
+    return widest;
 }
 
 } // namespace
@@ -88,13 +88,16 @@ void FramelessDialog::FitText(QScrollArea& area, QLabel& label)
 {
     label.ensurePolished();
     const QSize screen = area.screen()->availableSize();
-    const auto [line, word] = LineAndWordWidth(label.fontMetrics(), label.text());
-    const int width =
-        std::min(screen.width() * 8 / 10, std::max({NarrowestText, word, std::min(line, WidestText)})) + 1;
+    const QFontMetrics metrics = label.fontMetrics();
+    const int readable = std::min(metrics.size(0, label.text()).width(), WidestText);
+    const int needed = std::max({NarrowestText, readable, WidestPiece(metrics, label.text())});
+    const int width = std::min(needed + 1, screen.width() * 8 / 10);
     const int height = label.heightForWidth(width);
     const int shown = std::min(height, screen.height() * 6 / 10);
     label.setFixedSize(width, height);
-    area.setFixedSize(width + (shown < height ? 20 : 0), shown);
+    const bool scrolls = shown < height;
+    area.setFixedSize(width + (scrolls ? 20 : 0), shown);
+    area.setFocusPolicy(scrolls ? Qt::TabFocus : Qt::NoFocus);
 }
 
 void FramelessDialog::changeEvent(QEvent* event)

@@ -49,7 +49,9 @@ void LoaderDialog::PushBackToList(const QString& text)
     label->setStyleSheet(QStringLiteral("background:transparent; border:none; font-size:12px; color: #D0D2D5;"));
     label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_gridLayout->addWidget(label, static_cast<int>(m_steps.size()), 0);
+    label->show();
     m_steps.push_back(label);
+    m_gridLayout->activate(); // so that the dialog has its size, and its place, when it is shown next
 }
 
 void LoaderDialog::DisplayNextStepInformation()
@@ -71,6 +73,7 @@ void LoaderDialog::ClearInfoList()
         delete label;
     }
     m_steps.clear();
+    m_gridLayout->activate();
     m_currentStep = 0;
 }
 

@@ -16,6 +16,7 @@ namespace
 constexpr QSize ImageSize(28, 28);
 constexpr int SideBySideWidth = 860; // pixels that three hints need
 constexpr int BarsHeight = 110;      // pixels of the title bar and the tool bar, which stay in sight
+constexpr int StripHeight = 80;      // pixels below, with the tool strip
 constexpr QColor Veil(19, 20, 21, 190);
 
 } // namespace
@@ -23,7 +24,7 @@ constexpr QColor Veil(19, 20, 21, 190);
 OnboardDialog::OnboardDialog(QWidget* parent) : FramelessDialog(parent), m_ui(std::make_unique<Ui::OnboardDialog>())
 {
     setAttribute(Qt::WA_TranslucentBackground);
-    m_ui->setupUi(this);
+    // Before the children come: what they look up in the style is kept.
     setStyleSheet(styleSheet() + QStringLiteral(R"(
 QFrame#cameraHint, QFrame#toolHint, QFrame#pixelHint {
     background: rgb(46,47,48); border: 1px solid rgb(89,89,89); border-radius: 6px;
@@ -32,6 +33,7 @@ QLabel#cameraCaption, QLabel#selectCaption, QLabel#grabCaption, QLabel#eraseCapt
     color: white; font-weight: 600;
 }
 )"));
+    m_ui->setupUi(this);
     for (QGridLayout* layout : {m_ui->cameraLayout, m_ui->toolLayout, m_ui->pixelLayout})
     {
         layout->setContentsMargins(18, 16, 18, 16);
@@ -107,7 +109,7 @@ void OnboardDialog::ArrangeHints(bool sideBySide)
         layout.setRowStretch(place, !sideBySide && place == 2 ? 1 : 0);
         ++place;
     }
-    m_ui->mainLayout->setContentsMargins(24, sideBySide ? BarsHeight : 24, 24, 24);
+    m_ui->mainLayout->setContentsMargins(24, sideBySide ? BarsHeight : 24, 24, sideBySide ? StripHeight : 24);
 }
 
 void OnboardDialog::SetImages()

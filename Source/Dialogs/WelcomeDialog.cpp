@@ -41,7 +41,7 @@ void WelcomeDialog::paintEvent(QPaintEvent* event)
 {
     FramelessDialog::paintEvent(event);
     QPainter painter(this);
-    QIcon(QStringLiteral(":/icons/resources/welcome_img.svg")).paint(&painter, rect().adjusted(1, 1, -1, -1));
+    QIcon(QStringLiteral(":/icons/resources/welcome_img.svg")).paint(&painter, rect());
 }
 
 void WelcomeDialog::SetStrings()

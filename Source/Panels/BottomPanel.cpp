@@ -18,7 +18,7 @@ QPushButton, QCheckBox {
     font-size: 12px; padding: 4px; spacing: 0px; min-height: 24px; max-height: 24px;
 }
 QPushButton#zoomInButton, QPushButton#zoomOutButton, QCheckBox { min-width: 24px; max-width: 24px; }
-QPushButton#scaleButton { min-width: 52px; }
+QPushButton#scaleButton { min-width: 64px; }
 QPushButton:hover, QCheckBox:hover { background: rgb(128,128,128); color: white; }
 QPushButton:pressed, QCheckBox:pressed { background: rgb(82,82,82); }
 QPushButton:focus, QCheckBox:focus { border-color: rgb(47,128,237); }

@@ -19,7 +19,7 @@ constexpr int ButtonIconSize = 18;
 
 const char* const PanelStyle = R"(
 LeftPanel { background-color: rgb(46,47,48); }
-QLabel#labelCameras { color: rgb(219,219,219); font-size: 14px; font-weight: 600; }
+QLabel#labelCameras { background: transparent; color: rgb(219,219,219); font-size: 14px; font-weight: 600; }
 QToolButton { background: transparent; color: rgb(219,219,219); font-size: 12px; border: 1px solid transparent;
               border-radius: 4px; }
 QToolButton:hover { background-color: rgb(128,128,128); }
