@@ -98,6 +98,7 @@ void MainWindow::CreateMembers()
 
     m_pixelListView = new QTreeView(m_ui->centralWidget);
     m_pixelListView->setObjectName(QStringLiteral("pixelListView"));
+    m_pixelListView->setUniformRowHeights(true); // a long list is shown at once
     m_pixelListView->setModel(m_treeModel);
     m_pixelListView->verticalScrollBar()->setStyleSheet(
         QStringLiteral("QScrollBar::handle:vertical { min-height: 15px; }"));
