@@ -114,6 +114,9 @@ TEST(OverviewTest, PixelIsOneDotInTheColourOfItsOrigin)
     {
         EXPECT_EQ(shown.pixel(place), colour) << place.x() << "," << place.y();
     }
+    label.UpdateScreenSizes(Sensor.width() / 2, Sensor.height() / 2);
+    label.SetPixmap(frame);
+    EXPECT_EQ(Shown(label).pixel(101, 61), qRgb(57, 130, 223)) << "same picture, sensor of another size";
     label.SetPixmap(QPixmap());
     EXPECT_TRUE(Shown(label).isNull());
 }
