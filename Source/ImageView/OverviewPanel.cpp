@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 namespace
@@ -84,7 +85,7 @@ void OverviewPanel::SetAdditionalWidth(int width)
 void OverviewPanel::SetMargins()
 {
     const auto edge = [](double ratio)
-    { return std::clamp(static_cast<int>(EdgeWidth * ratio + 0.5), EdgeWidth, WidestEdge); };
+    { return std::clamp(static_cast<int>(std::lround(EdgeWidth * ratio)), EdgeWidth, WidestEdge); };
     const int horizontal = edge(m_imageRatio);
     const int vertical = edge(1.0 / m_imageRatio);
     m_layout.setContentsMargins(horizontal, vertical, horizontal, vertical);

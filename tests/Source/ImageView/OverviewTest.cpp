@@ -9,6 +9,8 @@
 #include <QPainter>
 #include <QRandomGenerator>
 
+#include <tuple>
+
 namespace
 {
 
@@ -17,12 +19,9 @@ constexpr QSize Sensor(640, 400);
 QPixmap Frame()
 {
     QImage image(Sensor, QImage::Format_RGB32);
-    for (int y = 0; y < image.height(); ++y)
+    for (int i = 0; i < Sensor.width() * Sensor.height(); ++i)
     {
-        for (int x = 0; x < image.width(); ++x)
-        {
-            image.setPixel(x, y, qRgb(x / 4, y / 2, (x * y) % 251));
-        }
+        image.setPixel(i % Sensor.width(), i / Sensor.width(), qRgb(i % 255, i / 1009, i % 251));
     }
     return QPixmap::fromImage(image);
 }
@@ -108,19 +107,16 @@ TEST(OverviewTest, PixelIsOneDotInTheColourOfItsOrigin)
     label.UpdatePixelList({{203, 122, 1, 1, 0, 0, 0}, {207, 122, 1, 1, 0, 1, 1}});
     label.SetPixmap(frame);
     const QImage shown = Shown(label);
-    EXPECT_EQ(shown.pixel(50, 30), qRgb(57, 130, 223));
-    EXPECT_EQ(shown.pixel(51, 30), qRgb(37, 171, 37));
-    int coloured = 0;
-    for (int y = 0; y < shown.height(); ++y)
+    const std::pair<QPoint, QRgb> expected[] = {{{50, 30}, qRgb(57, 130, 223)}, {{51, 30}, qRgb(37, 171, 37)},
+                                                {{50, 31}, qRgb(0, 0, 0)},      {{49, 30}, qRgb(0, 0, 0)},
+                                                {{10, 20}, qRgb(255, 0, 0)},    {{110, 70}, qRgb(255, 0, 0)}};
+    for (const auto& [place, colour] : expected)
     {
-        for (int x = 0; x < shown.width(); ++x)
-        {
-            coloured += shown.pixel(x, y) != qRgb(0, 0, 0) ? 1 : 0;
-        }
+        EXPECT_EQ(shown.pixel(place), colour) << place.x() << "," << place.y();
     }
-    EXPECT_EQ(shown.pixel(10, 20), qRgb(255, 0, 0));
-    EXPECT_EQ(shown.pixel(110, 70), qRgb(255, 0, 0));
-    EXPECT_EQ(coloured, 2 + 2 * (100 + 50)) << "two dots and the outline of the view";
+    label.UpdateScreenSizes(Sensor.width() / 2, Sensor.height() / 2);
+    label.SetPixmap(frame);
+    EXPECT_EQ(Shown(label).pixel(101, 61), qRgb(57, 130, 223)) << "same picture, sensor of another size";
     label.SetPixmap(QPixmap());
     EXPECT_TRUE(Shown(label).isNull());
 }
@@ -178,13 +174,7 @@ protected:
 
 TEST_F(OverviewPanelTest, DragResizesAroundTheFixedCorner)
 {
-    const struct
-    {
-        const char* what;
-        QVector<QPoint> places;
-        int additionalWidth;
-        QRect expected;
-    } cases[] = {
+    const std::tuple<const char*, QVector<QPoint>, int, QRect> cases[] = {
         {"wider alone changes nothing", {{-20, 2}}, 0, {585, 535, 400, 250}},
         {"20 higher", {{2, -18}}, 0, {553, 515, 432, 270}},
         {"a height that fits no whole width", {{2, -1}}, 0, {581, 533, 404, 252}},
