@@ -31,13 +31,13 @@ struct SensorConfig
     std::uint32_t height = 1216; // pixels
     ColorFilter filter = ColorFilter::Mono;
     std::uint64_t seed = 1;
-    SceneKind scene = SceneKind::Bench;
     // PGM or PNG image of the sensor's size or smaller; its 8-bit grey values become the dark signal from the top left
     // corner on, and the sensor has no seeded faults. Empty: none.
     std::string darkFrameFile;
     // How long the recorded dark frame was exposed, in microseconds, at 0 dB and the reference temperature; the signal
     // scales from there.
     double darkFrameExposureUs = 1'000'000.0;
+    SceneKind scene = SceneKind::Bench;
 };
 
 // State of the camera at the moment of one exposure.
