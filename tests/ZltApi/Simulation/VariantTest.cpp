@@ -109,6 +109,9 @@ TEST(Variants, SizesStepByTheIncrement)
         EXPECT_EQ(odd ? ZltErrorSuccess : ZltErrorInvalidValue, Set(camera, "Width", Integer{35})) << keys;
         EXPECT_EQ(ZltErrorSuccess, Set(camera, "Width", Integer{32}));
         EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseX", true));
+        const bool isMosaic = std::string(keys).find("Bayer") != std::string::npos;
+        EXPECT_EQ(odd && !isMosaic ? ZltErrorSuccess : ZltErrorInvalidValue, Set(camera, "OffsetX", Integer{63}))
+            << keys;
         EXPECT_EQ(ZltErrorSuccess, Set(camera, "OffsetX", Integer{64}));
         const auto frame = Grab(camera).front();
         EXPECT_EQ(ZltApi::FrameStatusComplete, frame.status) << keys;
