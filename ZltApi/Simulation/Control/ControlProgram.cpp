@@ -53,7 +53,7 @@ ControlProgram::ExitStatus ControlProgram::Run(const std::vector<std::string>& a
 
 ControlProgram::ExitStatus ControlProgram::Usage()
 {
-    m_errors << "Usage: zlt-simulation-ctl list | cover ID on|off | unplug ID | plug ID | erase ID | "
+    m_errors << "Usage: zlt-simulation-ctl list | cover ID on|off | busy ID on|off | unplug ID | plug ID | erase ID | "
                 "fault ID clear|JSON\n";
     return WrongUsage;
 }
@@ -65,7 +65,8 @@ ControlProgram::ExitStatus ControlProgram::Dispatch(const std::vector<std::strin
     {
         return List();
     }
-    const bool takesValue = command == "cover" || command == "fault";
+    const bool isSwitch = command == "cover" || command == "busy";
+    const bool takesValue = isSwitch || command == "fault";
     const bool isKnown = takesValue || command == "unplug" || command == "plug" || command == "erase";
     if (!isKnown || arguments.size() != (takesValue ? 3U : 2U))
     {
@@ -82,12 +83,16 @@ ControlProgram::ExitStatus ControlProgram::Dispatch(const std::vector<std::strin
     {
         return Erase(*camera);
     }
+    if (isSwitch && arguments[2] != "on" && arguments[2] != "off")
+    {
+        return Usage();
+    }
+    if (command == "busy")
+    {
+        return SetBusy(*camera, arguments[2] == "on");
+    }
     if (command == "cover")
     {
-        if (arguments[2] != "on" && arguments[2] != "off")
-        {
-            return Usage();
-        }
         CameraState(m_root / camera->id)
             .ChangeControl([&](ControlState& control) { control.covered = arguments[2] == "on"; });
     }
@@ -110,7 +115,8 @@ ControlProgram::ExitStatus ControlProgram::List()
         const ControlState control = state.Control();
         m_output << camera.id << '\t' << camera.model << '\t' << Presence(state, control) << '\t'
                  << (control.covered.value_or(camera.covered) ? "covered" : "uncovered") << '\t'
-                 << (FileLock::IsTaken(state.LockPath()) ? "in-use" : "free") << '\n';
+                 << (control.busy.value_or(camera.busy) || FileLock::IsTaken(state.LockPath()) ? "in-use" : "free")
+                 << '\n';
     }
     return Done;
 }
@@ -164,11 +170,28 @@ ControlProgram::ExitStatus ControlProgram::Erase(const CameraConfig& camera)
     FileLock lock(state.LockPath());
     if (!lock.TryAcquire())
     {
-        m_errors << "The simulated camera " << camera.id << " is in use.\n";
-        return Failed;
+        return ComplainOfUse(camera);
     }
     state.Erase();
     return Done;
+}
+
+ControlProgram::ExitStatus ControlProgram::SetBusy(const CameraConfig& camera, bool busy)
+{
+    CameraState state(m_root / camera.id);
+    FileLock lock(state.LockPath()); // nobody opens the camera meanwhile
+    if (busy && !lock.TryAcquire())
+    {
+        return ComplainOfUse(camera);
+    }
+    state.ChangeControl([busy](ControlState& control) { control.busy = busy; });
+    return Done;
+}
+
+ControlProgram::ExitStatus ControlProgram::ComplainOfUse(const CameraConfig& camera)
+{
+    m_errors << "The simulated camera " << camera.id << " is in use.\n";
+    return Failed;
 }
 
 } // namespace Simulation

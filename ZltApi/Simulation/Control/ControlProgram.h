@@ -35,6 +35,8 @@ private:
     void Plug(const CameraConfig& camera, bool plugged);
     void SetFault(const CameraConfig& camera, const std::string& json);
     ExitStatus Erase(const CameraConfig& camera);
+    ExitStatus SetBusy(const CameraConfig& camera, bool busy);
+    ExitStatus ComplainOfUse(const CameraConfig& camera);
 
     const std::vector<CameraConfig> m_rig;
     const std::filesystem::path m_root;

@@ -43,7 +43,9 @@ CameraDevice::CameraDevice(const CameraConfig& config, const std::filesystem::pa
       m_gate(m_faults, [this] { LoseConnection(); }),
       m_camera{m_gate, {}, [this] { KeepSettings(); }},
       m_streamFeatures{m_gate, {}, {}},
-      m_images(m_config, {[this] { return m_stream.IsRunning(); }, [this] { m_correction.reset(); }}),
+      m_temperature(config.temperatureControl ? std::make_unique<TemperatureControl>() : nullptr),
+      m_images(m_config,
+               {[this] { return m_stream.IsRunning(); }, [this] { m_correction.reset(); }, SensorTemperature()}),
       m_firmware(FindFirmware(config.firmware)->make(Services())),
       m_covered(config.covered),
       m_lock(m_state.LockPath()),
@@ -52,7 +54,9 @@ CameraDevice::CameraDevice(const CameraConfig& config, const std::filesystem::pa
     AddIdentity();
     m_images.AddFeatures(m_camera.features);
     AddAcquisition();
+    AddSensorControl();
     m_firmware->AddFeatures(m_camera.features);
+    HideFeatures();
     m_faults.Replace(m_config.faults);
     UpdateFaults();
 }
@@ -100,10 +104,45 @@ void CameraDevice::AddAcquisition()
     }
 }
 
+std::function<double()> CameraDevice::SensorTemperature() const
+{
+    return m_temperature ? [this] { return m_temperature->Temperature(); } : std::function<double()>();
+}
+
+void CameraDevice::AddSensorControl()
+{
+    if (m_temperature)
+    {
+        m_temperature->AddFeatures(m_camera.features);
+    }
+    if (m_config.nonuniformityCorrection)
+    {
+        m_nonuniformity = std::make_unique<NonuniformityCorrection>(m_config.sensor.width, m_config.sensor.seed,
+                                                                    [this] { return m_images.ExposureTime(); });
+        m_nonuniformity->AddFeatures(m_camera.features);
+    }
+}
+
+void CameraDevice::HideFeatures()
+{
+    for (const std::string& name : m_config.without)
+    {
+        if (!m_camera.features.Hide(name) && !m_streamFeatures.features.Hide(name))
+        {
+            m_unknownFeature = name;
+        }
+    }
+}
+
 bool CameraDevice::IsHeldElsewhere()
 {
     const std::lock_guard lock(m_gate.Mutex());
     return !m_lock.IsHeld() && IsHeld();
+}
+
+bool CameraDevice::IsBusy() const
+{
+    return m_state.Control().busy.value_or(m_config.busy);
 }
 
 bool CameraDevice::IsAway() const
@@ -136,6 +175,11 @@ ZltErrorType CameraDevice::Open()
     {
         return ZltErrorInvalidAccess;
     }
+    if (IsBusy())
+    {
+        m_lock.Release();
+        return ZltErrorInvalidAccess;
+    }
     if (const ZltErrorType result = Boot(); result != ZltErrorSuccess)
     {
         m_lock.Release();
@@ -150,6 +194,10 @@ ZltErrorType CameraDevice::Boot()
 {
     try
     {
+        if (!m_unknownFeature.empty())
+        {
+            throw std::runtime_error("It has no feature \"" + m_unknownFeature + "\" that could be missing.");
+        }
         if (!m_config.sensor.darkFrameFile.empty())
         {
             TheSensor(); // refuses a file that cannot be used
@@ -158,6 +206,10 @@ ZltErrorType CameraDevice::Boot()
         m_keptSettings = settings.value_or(CameraState::Values());
         m_camera.features.Restore(m_keptSettings);
         m_images.Recall();
+        if (m_temperature)
+        {
+            m_temperature->Recall();
+        }
         if (!settings)
         {
             m_firmware->PowerUp();
@@ -292,6 +344,10 @@ Sensor& CameraDevice::TheSensor()
 
 ZltErrorType CameraDevice::StartStream(std::uint32_t bufferCount, const ZltApi::IFrameObserverPtr& observer)
 {
+    if (!m_config.stream)
+    {
+        return m_gate.IsOpen() ? ZltErrorNotSupported : ZltErrorDeviceNotOpen;
+    }
     std::uint64_t payloadSize = 0;
     ZltErrorType result = m_gate.Run("StartAcquisition", {},
                                      [&](const FaultEffect&)
@@ -338,20 +394,30 @@ std::optional<std::chrono::microseconds> CameraDevice::Begin(std::uint64_t frame
         return std::nullopt;
     }
     m_acquiring = m_acquisitionMode->Current() != "SingleFrame";
-    m_exposure = {m_images.Settings(), frameId, m_images.IsAdapting(), m_faults.Hit("Frame", {}), Correction()};
+    m_exposure = {m_images.Settings(),       frameId,
+                  m_images.IsAdapting(),     m_nonuniformity && m_nonuniformity->IsOff(),
+                  m_faults.Hit("Frame", {}), Correction()};
     m_exposure.settings.exposure.covered = m_covered;
     m_exposure.settings.exposure.frameNumber = frameId;
-    return m_exposure.settings.framePeriod;
+    return m_exposure.settings.framePeriod + std::chrono::milliseconds(m_exposure.fault.delayMs);
 }
 
-void CameraDevice::Render(SimulatedFrame& frame)
+bool CameraDevice::Render(SimulatedFrame& frame)
 {
     const ImageSettings& settings = m_exposure.settings;
     m_sensor->Expose(settings.exposure, m_raw);
+    if (m_exposure.isUneven)
+    {
+        m_nonuniformity->Distort(m_raw);
+    }
     if (m_exposure.isAdapting)
     {
         const std::lock_guard lock(m_gate.Mutex());
-        m_images.Adapt(MeteredMean(m_raw));
+        m_images.Adapt(MeteredMean(m_raw), settings.framePeriod);
+    }
+    if (m_exposure.fault.drop)
+    {
+        return false;
     }
     m_exposure.correction->Apply(m_raw);
     const bool fits =
@@ -366,6 +432,7 @@ void CameraDevice::Render(SimulatedFrame& frame)
     const ZltApi::FrameStatus arrived = isWhole ? ZltApi::FrameStatusComplete : ZltApi::FrameStatusIncomplete;
     frame.SetContent({settings.geometry.width, settings.geometry.height, settings.pixelFormat, m_exposure.frameId,
                       fits ? arrived : ZltApi::FrameStatusTooSmall});
+    return true;
 }
 
 } // namespace Simulation

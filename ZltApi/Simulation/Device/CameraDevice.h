@@ -2,6 +2,8 @@
 #pragma once
 
 #include "Device/ImageControl.h"
+#include "Device/NonuniformityCorrection.h"
+#include "Device/TemperatureControl.h"
 #include "Faults/FaultPlan.h"
 #include "Features/FeatureGate.h"
 #include "Features/FeatureHandle.h"
@@ -37,7 +39,7 @@ public:
     // Somebody else has the camera open.
     bool IsHeldElsewhere();
     // Anybody has the camera open.
-    bool IsHeld() const { return FileLock::IsTaken(m_state.LockPath()); }
+    bool IsHeld() const { return IsBusy() || FileLock::IsTaken(m_state.LockPath()); }
 
     ZltErrorType Open();
     ZltErrorType Close();
@@ -62,21 +64,26 @@ private:
         ImageSettings settings;
         std::uint64_t frameId = 0;
         bool isAdapting = false;
+        bool isUneven = false;
         FaultEffect fault;
         std::shared_ptr<const CorrectionMap> correction;
     };
 
     std::optional<std::chrono::microseconds> Begin(std::uint64_t frameId) override;
-    void Render(SimulatedFrame& frame) override;
+    bool Render(SimulatedFrame& frame) override;
 
     void AddIdentity();
     void AddAcquisition();
+    void AddSensorControl();
+    std::function<double()> SensorTemperature() const; // empty where the sensor is not cooled
+    void HideFeatures();
     FirmwareServices Services();
     ZltErrorType Boot();
     ZltErrorType Restart();
     void LoseConnection();
     void KeepSettings();
     bool IsAway() const;
+    bool IsBusy() const; // as if another program had it open
     Sensor& TheSensor();
     std::shared_ptr<const CorrectionMap> Correction();
 
@@ -87,6 +94,8 @@ private:
     FeatureGate m_gate;
     FeatureAccess m_camera;
     FeatureAccess m_streamFeatures;
+    std::unique_ptr<TemperatureControl> m_temperature;        // null where the sensor is not cooled
+    std::unique_ptr<NonuniformityCorrection> m_nonuniformity; // null where there is none
     ImageControl m_images;
     std::unique_ptr<Firmware> m_firmware;
 
@@ -102,6 +111,7 @@ private:
     std::unique_ptr<Sensor> m_sensor; // made at the first need, used for exposures by the stream's thread alone
     std::shared_ptr<const CorrectionMap> m_correction; // null: to be made from what the firmware says now
     std::string m_faultsText;
+    std::string m_unknownFeature; // of those that are to be missing; empty when all are known
 
     // The stream's thread only.
     Exposure m_exposure;

@@ -3,6 +3,8 @@
 
 #include "Device/PixelFormatNames.h"
 
+#include "ZltApi/PixelFormat.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -14,15 +16,18 @@ namespace
 {
 
 constexpr std::int64_t SmallestSide = 16; // pixels
-constexpr std::int64_t SideIncrement = 2; // keeps the colour filter's phase
+constexpr std::int64_t FilterPeriod = 2;  // pixels, after which the colour filter repeats
 constexpr double ShortestExposure = 20.0; // microseconds
 constexpr double LongestExposure = 10'000'000.0;
 constexpr double LongestAutoExposure = 100'000.0;
 constexpr double HighestGain = 24.0;       // dB
 constexpr double TargetMean = 1800.0;      // 12-bit counts
 constexpr double CloseEnough = 0.05;       // of the target
-constexpr double LargestStep = 2.0;        // change of the exposure from one frame to the next
+constexpr double LargestError = 8.0;       // of the brightness, to which the automatic modes react
+constexpr double ReactionTime = 0.5;       // seconds, in which the error of the brightness falls to its e-th part
+constexpr double LongestReaction = 0.25;   // seconds of one step
 constexpr double SensorTemperature = 40.0; // degrees Celsius
+constexpr double TemperatureSteps = 4.0;   // in one degree
 
 } // namespace
 
@@ -54,10 +59,18 @@ void ImageControl::AddGeometry(FeatureMap& features)
     constant("HeightMax", sensor.height);
     m_width = &AddSide(features, "Width", sensor.width, &m_offsetX);
     m_height = &AddSide(features, "Height", sensor.height, &m_offsetY);
+    const std::int64_t increment = sensor.filter == ColorFilter::Mono
+                                       ? m_config.sizeIncrement
+                                       : std::max<std::int64_t>(FilterPeriod, m_config.sizeIncrement);
     const auto offset = [&](const char* name, const IntegerNode& side, std::int64_t sensorSide) -> IntegerNode&
     {
-        auto& node = features.Add<IntegerNode>(name, 0, IntegerNode::Limits{0, 0}, SideIncrement);
-        node.LimitedBy([&side, sensorSide] { return IntegerNode::Limits{0, sensorSide - side.Current()}; });
+        auto& node = features.Add<IntegerNode>(name, 0, IntegerNode::Limits{0, 0}, increment);
+        node.LimitedBy(
+            [&side, sensorSide, increment]
+            {
+                const std::int64_t room = sensorSide - side.Current();
+                return IntegerNode::Limits{0, room - room % increment};
+            });
         LockWhileStreaming(node);
         return node;
     };
@@ -68,9 +81,11 @@ void ImageControl::AddGeometry(FeatureMap& features)
 IntegerNode& ImageControl::AddSide(FeatureMap& features, const char* name, std::uint32_t sensorSide,
                                    IntegerNode** offset)
 {
-    const std::int64_t largest = sensorSide;
-    auto& node = features.Add<IntegerNode>(name, largest, IntegerNode::Limits{SmallestSide, largest}, SideIncrement);
-    node.LimitedBy([largest, offset] { return IntegerNode::Limits{SmallestSide, largest - (*offset)->Current()}; });
+    const std::int64_t increment = m_config.sizeIncrement;
+    const auto largest = [increment, sensorSide](std::int64_t start)
+    { return (sensorSide - start) / increment * increment; };
+    auto& node = features.Add<IntegerNode>(name, largest(0), IntegerNode::Limits{SmallestSide, largest(0)}, increment);
+    node.LimitedBy([largest, offset] { return IntegerNode::Limits{SmallestSide, largest((*offset)->Current())}; });
     LockWhileStreaming(node);
     return node;
 }
@@ -121,6 +136,10 @@ void ImageControl::AddPixelFormat(FeatureMap& features)
             }
         }
     }
+    // What sister models have, and this one's converter cannot give.
+    const std::uint32_t deeper =
+        m_config.sensor.filter == ColorFilter::Mono ? ZltPixelFormatMono14 : ZltPixelFormatRGBa8;
+    entries.push_back({PixelFormatName(deeper), deeper, [] { return false; }});
     const std::string first = entries.front().name;
     m_pixelFormat = &features.Add<EnumNode>("PixelFormat", first, std::move(entries));
     LockWhileStreaming(*m_pixelFormat);
@@ -138,23 +157,27 @@ void ImageControl::AddExposure(FeatureMap& features)
         node.KeepWhilePowered();
         return &node;
     };
-    const auto automatic = [&](const char* name, FloatNode& manual) -> EnumNode*
+    const auto automatic = [&](const char* name, FloatNode& manual) -> Follower
     {
         auto& node = features.Add<EnumNode>(name, "Off", std::vector<std::string>{"Off", "Once", "Continuous"});
         node.KeepWhilePowered();
         manual.WritableIf([&node] { return node.Current() == "Off"; });
-        return &node;
+        return {&manual, &node};
     };
-    m_exposure = kept("ExposureTime", 10'000.0, {ShortestExposure, LongestExposure}, 1.0);
-    m_exposureAuto = automatic("ExposureAuto", *m_exposure);
+    m_exposure = kept(m_config.exposureFeature.c_str(), 10'000.0, {ShortestExposure, LongestExposure}, 1.0);
+    m_autoExposure = automatic("ExposureAuto", *m_exposure);
     m_gain = kept("Gain", 0.0, {0.0, HighestGain}, 0.1);
-    m_gainAuto = automatic("GainAuto", *m_gain);
+    m_autoGain = automatic("GainAuto", *m_gain);
     m_blackLevel = kept("BlackLevel", 0.0, {0.0, 255.0}, 0.0);
     m_gamma = kept("Gamma", 1.0, {0.4, 2.4}, 0.0);
     m_frameRate = kept("AcquisitionFrameRate", m_config.frameRate, {1.0, m_config.frameRate}, 0.0);
     m_frameRate->OnRead([this] { return FrameRate(); });
     m_temperature = &features.Add<FloatNode>("DeviceTemperature", SensorTemperature, FloatNode::Limits{-40.0, 100.0});
     m_temperature->ReadOnly();
+    if (m_hooks.temperature)
+    {
+        m_temperature->OnRead(m_hooks.temperature);
+    }
 }
 
 double ImageControl::FrameRate() const
@@ -204,7 +227,8 @@ ImageSettings ImageControl::Settings() const
     settings.payloadSize = FrameSize(settings.pixelFormat, settings.geometry.width, settings.geometry.height);
     settings.exposure.exposureUs = m_exposure->Current();
     settings.exposure.gainDb = m_gain->Current();
-    settings.exposure.temperatureC = m_temperature->Current();
+    // In steps, so that frames of almost the same temperature share what the sensor works out for it.
+    settings.exposure.temperatureC = std::round(m_temperature->Current() * TemperatureSteps) / TemperatureSteps;
     settings.exposure.blackLevel = m_blackLevel->Current();
     settings.exposure.gamma = m_gamma->Current();
     settings.framePeriod = std::chrono::microseconds(std::llround(1'000'000.0 / FrameRate()));
@@ -213,40 +237,59 @@ ImageSettings ImageControl::Settings() const
 
 bool ImageControl::IsAdapting() const
 {
-    return m_exposureAuto->Current() != "Off" || m_gainAuto->Current() != "Off";
+    return m_autoExposure.IsFollowing() || m_autoGain.IsFollowing();
 }
 
-void ImageControl::Adapt(double mean)
+double ImageControl::Follower::Exact()
 {
-    const double wanted = std::clamp(TargetMean / std::max(mean, 1.0), 1.0 / LargestStep, LargestStep);
+    double increment = 0.0;
+    node->Increment(increment);
+    const double current = node->Current();
+    exact = std::abs(exact - current) > increment ? current : exact;
+    return exact;
+}
+
+void ImageControl::Follower::Move(double value)
+{
+    exact = value;
+    node->AssignClamped(value);
+}
+
+void ImageControl::Follower::Finish()
+{
+    if (mode->Current() == "Once")
+    {
+        mode->Assign("Off");
+    }
+}
+
+void ImageControl::Adapt(double mean, std::chrono::microseconds elapsed)
+{
+    const double wanted = std::clamp(TargetMean / std::max(mean, 1.0), 1.0 / LargestError, LargestError);
     const bool isClose = std::abs(wanted - 1.0) < CloseEnough;
-    const auto finish = [](EnumNode& mode)
+    const double time = std::min(std::chrono::duration<double>(elapsed).count(), LongestReaction);
+    const double change = isClose ? 1.0 : std::pow(wanted, 1.0 - std::exp(-time / ReactionTime));
+    // Whether a feature at its end is asked to go further.
+    const auto isSpent = [change](double value, double lowest, double highest)
+    { return (change > 1.0 && value >= highest) || (change < 1.0 && value <= lowest); };
+    bool gainMayMove = true; // only where the exposure cannot
+    if (m_autoExposure.IsFollowing())
     {
-        if (mode.Current() == "Once")
+        const double exposure = std::clamp(m_autoExposure.Exact() * change, ShortestExposure, LongestAutoExposure);
+        m_autoExposure.Move(exposure);
+        gainMayMove = isClose || isSpent(exposure, ShortestExposure, LongestAutoExposure);
+        if (gainMayMove)
         {
-            mode.Assign("Off");
-        }
-    };
-    bool atLimit = true; // the gain moves only where the exposure cannot
-    if (m_exposureAuto->Current() != "Off")
-    {
-        const double before = m_exposure->Current();
-        const double after = std::clamp(before * wanted, ShortestExposure, LongestAutoExposure);
-        atLimit = std::abs(after - before) < 1.0;
-        m_exposure->AssignClamped(isClose ? before : after);
-        if (isClose || atLimit)
-        {
-            finish(*m_exposureAuto);
+            m_autoExposure.Finish();
         }
     }
-    if (m_gainAuto->Current() != "Off" && (atLimit || isClose))
+    if (m_autoGain.IsFollowing() && gainMayMove)
     {
-        const double before = m_gain->Current();
-        const double after = std::clamp(before + 20.0 * std::log10(wanted), 0.0, HighestGain);
-        m_gain->AssignClamped(isClose ? before : after);
-        if (isClose || std::abs(after - before) < 0.1)
+        const double gain = std::clamp(m_autoGain.Exact() + 20.0 * std::log10(change), 0.0, HighestGain);
+        m_autoGain.Move(gain);
+        if (isClose || isSpent(gain, 0.0, HighestGain))
         {
-            finish(*m_gainAuto);
+            m_autoGain.Finish();
         }
     }
 }

@@ -35,6 +35,7 @@ public:
     {
         std::function<bool()> isStreaming; // geometry and format are locked then
         std::function<void()> mirroringChanged;
+        std::function<double()> temperature; // of the sensor, degrees Celsius; empty: always the same
     };
 
     ImageControl(const CameraConfig& config, Hooks hooks);
@@ -49,8 +50,10 @@ public:
 
     // Whether the automatic modes want Adapt to be called after the next frame.
     bool IsAdapting() const;
-    // Moves exposure and gain towards a well exposed picture. The mean is that of a raw frame, in 12-bit counts.
-    void Adapt(double mean);
+    // Moves exposure and gain some way towards a well exposed picture; all of it takes a few seconds. The mean is that
+    // of a raw frame, in 12-bit counts, and the time that since the last step.
+    void Adapt(double mean, std::chrono::microseconds elapsed);
+    double ExposureTime() const { return m_exposure->Current(); } // microseconds
 
 private:
     void AddGeometry(FeatureMap& features);
@@ -59,6 +62,21 @@ private:
     void AddExposure(FeatureMap& features);
     IntegerNode& AddSide(FeatureMap& features, const char* name, std::uint32_t sensorSide, IntegerNode** offset);
     BooleanNode* AddReverse(FeatureMap& features, const char* name, bool Mirroring::*side);
+
+    // A feature that an automatic mode moves by less than its increment, and where it would stand without one.
+    struct Follower
+    {
+        FloatNode* node = nullptr;
+        EnumNode* mode = nullptr;
+        double exact = 0.0;
+
+        bool IsFollowing() const { return mode->Current() != "Off"; }
+        // Takes what a host has written meanwhile.
+        double Exact();
+        void Move(double value);
+        // A mode that was to act once is off again.
+        void Finish();
+    };
 
     void LockWhileStreaming(FeatureNode& node) const;
     std::vector<std::uint32_t> Formats(Mirroring mirroring) const;
@@ -76,9 +94,9 @@ private:
     BooleanNode* m_reverseY = nullptr;
     EnumNode* m_pixelFormat = nullptr;
     FloatNode* m_exposure = nullptr;
-    EnumNode* m_exposureAuto = nullptr;
     FloatNode* m_gain = nullptr;
-    EnumNode* m_gainAuto = nullptr;
+    Follower m_autoExposure;
+    Follower m_autoGain;
     FloatNode* m_blackLevel = nullptr;
     FloatNode* m_gamma = nullptr;
     FloatNode* m_frameRate = nullptr;

@@ -118,7 +118,11 @@ ZltErrorType SimulatedCamera::GetStreams(std::vector<ZltApi::StreamPtr>& streams
     return access->gate.Run("GetStreams", {},
                             [&](const FaultEffect&)
                             {
-                                streams = {std::make_shared<SimulatedStream>(access)};
+                                streams.clear();
+                                if (m_device->Config().stream)
+                                {
+                                    streams.push_back(std::make_shared<SimulatedStream>(access));
+                                }
                                 return ZltErrorSuccess;
                             });
 }

@@ -28,7 +28,8 @@ FaultEffect FaultPlan::Hit(const char* operation, const std::string& feature)
             continue;
         }
         ++calls;
-        if (calls < rule.call || (rule.count != 0 && calls - rule.call >= rule.count))
+        if (calls < rule.call || (calls - rule.call) % rule.every != 0 ||
+            (rule.count != 0 && (calls - rule.call) / rule.every >= rule.count))
         {
             continue;
         }
@@ -36,6 +37,8 @@ FaultEffect FaultPlan::Hit(const char* operation, const std::string& feature)
         joined.value = rule.effect.value ? rule.effect.value : joined.value;
         joined.delayMs += rule.effect.delayMs;
         joined.shortBy += rule.effect.shortBy;
+        joined.drop = joined.drop || rule.effect.drop;
+        joined.hang = joined.hang || rule.effect.hang;
         joined.unplug = joined.unplug || rule.effect.unplug;
     }
     return joined;

@@ -18,20 +18,24 @@ FaultRule ParseRule(const nlohmann::json& json)
     reader.Read("operation", rule.operation);
     reader.Read("feature", rule.feature);
     reader.Read("call", rule.call);
+    reader.Read("every", rule.every);
     reader.Read("count", rule.count);
     reader.Read("code", rule.effect.code);
     reader.Read("delay", rule.effect.delayMs);
     reader.Read("shortBy", rule.effect.shortBy);
+    reader.Read("drop", rule.effect.drop);
+    reader.Read("hang", rule.effect.hang);
     reader.Read("unplug", rule.effect.unplug);
     reader.Read("value", rule.effect.value);
     reader.RefuseOthers();
     const FaultEffect& effect = rule.effect;
-    if (!effect.code && effect.delayMs == 0 && effect.shortBy == 0 && !effect.unplug && !effect.value)
+    const bool changesTheCall = effect.code || effect.delayMs > 0 || effect.shortBy > 0 || effect.value;
+    if (!changesTheCall && !effect.drop && !effect.hang && !effect.unplug)
     {
-        throw std::runtime_error(
-            "A fault needs one of the keys \"code\", \"delay\", \"shortBy\", \"unplug\" and \"value\".");
+        throw std::runtime_error("A fault needs one of the keys \"code\", \"delay\", \"drop\", \"hang\", \"shortBy\", "
+                                 "\"unplug\" and \"value\".");
     }
-    if (rule.call == 0)
+    if (rule.call == 0 || rule.every == 0)
     {
         throw std::runtime_error("The calls of a fault are counted from 1.");
     }

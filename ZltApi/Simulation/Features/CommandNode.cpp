@@ -19,6 +19,11 @@ ZltErrorType CommandNode::Run()
     return m_action();
 }
 
+void CommandNode::Hang()
+{
+    m_doneAt = std::chrono::steady_clock::time_point::max();
+}
+
 ZltErrorType CommandNode::IsDone(bool& done) const
 {
     done = std::chrono::steady_clock::now() >= m_doneAt;

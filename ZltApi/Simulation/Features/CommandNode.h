@@ -16,6 +16,8 @@ public:
     CommandNode(std::string name, std::function<ZltErrorType()> action, std::chrono::milliseconds duration = {});
 
     ZltErrorType Run() override;
+    // Takes the command and never gets done with it: the action does not run.
+    void Hang() override;
     ZltErrorType IsDone(bool& done) const override;
 
 private:

@@ -71,7 +71,7 @@ ZltErrorType FeatureHandle::List(const std::shared_ptr<FeatureAccess>& access,
                             [&](const FaultEffect&)
                             {
                                 features.clear();
-                                for (const auto& node : access->features.All())
+                                for (FeatureNode* const node : access->features.Shown())
                                 {
                                     features.push_back(std::make_shared<FeatureHandle>(access, *node));
                                 }
@@ -323,13 +323,22 @@ ZltErrorType FeatureHandle::IsValueAvailable(const char* name, bool& available) 
 ZltErrorType FeatureHandle::RunCommand()
 {
     return Run("RunCommand",
-               [&](const FaultEffect&)
+               [&](const FaultEffect& effect)
                {
                    if (m_node.Type() != ZltFeatureDataCommand)
                    {
                        return ZltErrorWrongType;
                    }
-                   return m_node.IsWritable() ? m_node.Run() : ZltErrorInvalidAccess;
+                   if (!m_node.IsWritable())
+                   {
+                       return ZltErrorInvalidAccess;
+                   }
+                   if (effect.hang)
+                   {
+                       m_node.Hang();
+                       return ZltErrorSuccess;
+                   }
+                   return m_node.Run();
                });
 }
 

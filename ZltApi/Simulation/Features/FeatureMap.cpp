@@ -12,6 +12,19 @@ FeatureNode* FeatureMap::Find(const std::string& name) const
     return found == m_byName.end() ? nullptr : found->second;
 }
 
+std::vector<FeatureNode*> FeatureMap::Shown() const
+{
+    std::vector<FeatureNode*> shown;
+    for (const auto& node : m_nodes)
+    {
+        if (Find(node->Name()))
+        {
+            shown.push_back(node.get());
+        }
+    }
+    return shown;
+}
+
 std::map<std::string, std::string> FeatureMap::Save() const
 {
     std::map<std::string, std::string> values;

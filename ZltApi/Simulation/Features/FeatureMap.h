@@ -24,8 +24,12 @@ public:
         return added;
     }
 
+    // What a host sees.
     FeatureNode* Find(const std::string& name) const; // null when there is none
-    const std::vector<std::unique_ptr<FeatureNode>>& All() const { return m_nodes; }
+    std::vector<FeatureNode*> Shown() const;
+
+    // Hides a feature from hosts; the camera goes on using and keeping it. False when there is none of that name.
+    bool Hide(const std::string& name) { return m_byName.erase(name) > 0; }
 
     // The values that the camera keeps while it has power, as texts by feature name.
     std::map<std::string, std::string> Save() const;

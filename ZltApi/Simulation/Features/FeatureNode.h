@@ -63,6 +63,7 @@ public:
     virtual ZltErrorType Increment(std::int64_t&) const { return ZltErrorWrongType; }
     virtual ZltErrorType Increment(double&) const { return ZltErrorWrongType; }
     virtual ZltErrorType Run() { return ZltErrorWrongType; }
+    virtual void Hang() {}
     virtual ZltErrorType IsDone(bool&) const { return ZltErrorWrongType; }
 
 private:

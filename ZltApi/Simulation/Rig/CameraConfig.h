@@ -23,7 +23,14 @@ struct CameraConfig
     SensorConfig sensor;
     bool reverseX = false; // has the feature ReverseX
     bool reverseY = false;
-    bool covered = false;                 // the lens cover, as long as the control program has not moved it
+    bool covered = false; // the lens cover, as long as the control program has not moved it
+    bool busy = false;    // another program holds it, as long as the control program has not freed it
+    std::string exposureFeature = "ExposureTime"; // its name in this camera
+    bool temperatureControl = false;              // its sensor is cooled
+    bool nonuniformityCorrection = false;
+    std::uint32_t sizeIncrement = 2;      // step of width and height, pixels
+    bool stream = true;                   // it has one
+    std::vector<std::string> without;     // features that a camera like it would have, and this one has not
     bool adjustsPacketSize = false;       // its stream has the feature GVSPAdjustPacketSize
     double frameRate = 60.0;              // highest and initial rate, frames a second
     std::uint32_t blockSize = 512;        // largest block of a file transfer, bytes

@@ -22,16 +22,15 @@ constexpr std::uint64_t LargestRig = 1U << 20;
 constexpr std::uint32_t SmallestSensor = 16;    // pixels, each way
 constexpr std::uint32_t LargestSensor = 16'384; // what 14 bits of a coordinate reach
 
-CameraConfig OstrelCamera(std::string id, std::string model, std::string serial, std::uint32_t width,
-                          std::uint32_t height)
+CameraConfig BuiltIn(std::string id, std::string model, std::string serial, std::uint32_t width, std::uint32_t height)
 {
     CameraConfig config;
     config.id = std::move(id);
+    config.family = model.substr(0, model.find(' '));
     config.model = std::move(model);
     config.serial = std::move(serial);
     config.name = config.model + " (" + config.serial + ")";
-    config.firmware = "ostrel";
-    config.family = "OSTREL";
+    config.firmware = config.family == "OSTREL" ? "ostrel" : "plain";
     config.sensor.width = width;
     config.sensor.height = height;
     return config;
@@ -61,22 +60,51 @@ ColorFilter ParseFilter(const JsonReader& reader, const std::string& text)
 void ReadSensor(JsonReader& reader, SensorConfig& sensor)
 {
     std::string filter = "Mono";
+    std::string scene = "bench";
     reader.Read("width", sensor.width);
     reader.Read("height", sensor.height);
     reader.Read("filter", filter);
+    reader.Read("scene", scene);
     reader.Read("seed", sensor.seed);
     reader.Read("darkFrameFile", sensor.darkFrameFile);
     reader.Read("darkFrameExposure", sensor.darkFrameExposureUs);
     sensor.filter = ParseFilter(reader, filter);
+    sensor.scene = scene == "chart" ? SceneKind::Chart : SceneKind::Bench;
+    if (scene != "chart" && scene != "bench")
+    {
+        reader.Refuse("scene");
+    }
+}
+
+// What sets this camera apart from others of its model.
+void ReadVariant(JsonReader& reader, CameraConfig& config)
+{
+    reader.Read("busy", config.busy);
+    reader.Read("stream", config.stream);
+    reader.Read("temperatureControl", config.temperatureControl);
+    reader.Read("nonuniformityCorrection", config.nonuniformityCorrection);
+    reader.Read("exposureFeature", config.exposureFeature);
+    reader.Read("sizeIncrement", config.sizeIncrement);
+    if (const nlohmann::json* const without = reader.Find("without"))
+    {
+        if (!without->is_array() ||
+            !std::all_of(without->begin(), without->end(), [](const auto& name) { return name.is_string(); }))
+        {
+            reader.Refuse("without");
+        }
+        config.without = without->get<std::vector<std::string>>();
+    }
 }
 
 void CheckNumbers(const JsonReader& reader, const CameraConfig& config)
 {
-    const auto sizeFits = [](std::uint32_t size)
-    { return size >= SmallestSensor && size <= LargestSensor && size % 2 == 0; };
+    const auto sizeFits = [](std::uint32_t size) { return size >= SmallestSensor && size <= LargestSensor; };
+    const std::uint32_t increment = config.sizeIncrement;
     const std::map<std::string, bool> fits = {
         {"width", sizeFits(config.sensor.width)},
         {"height", sizeFits(config.sensor.height)},
+        {"exposureFeature", config.exposureFeature == "ExposureTime" || config.exposureFeature == "ExposureTimeAbs"},
+        {"sizeIncrement", increment >= 1 && increment <= SmallestSensor && (increment & (increment - 1)) == 0},
         {"darkFrameExposure", config.sensor.darkFrameExposureUs > 0.0},
         {"frameRate", config.frameRate >= 1.0 && config.frameRate <= 10'000.0},
         {"blockSize", config.blockSize >= 1 && config.blockSize <= 65'536},
@@ -115,6 +143,7 @@ CameraConfig ParseCamera(const nlohmann::json& json)
     reader.Read("reverseX", config.reverseX);
     reader.Read("reverseY", config.reverseY);
     reader.Read("covered", config.covered);
+    ReadVariant(reader, config);
     reader.Read("adjustsPacketSize", config.adjustsPacketSize);
     reader.Read("userReadFailsWhenEmpty", config.userReadFailsWhenEmpty);
     reader.Read("frameRate", config.frameRate);
@@ -136,30 +165,34 @@ CameraConfig ParseCamera(const nlohmann::json& json)
 
 std::vector<CameraConfig> BuiltInRig()
 {
-    CameraConfig mono = OstrelCamera("SIM-OSTREL-M1", "OSTREL S-235m", "50-0001", 1936, 1216);
+    CameraConfig mono = BuiltIn("SIM-OSTREL-M1", "OSTREL S-235m", "50-0001", 1936, 1216);
     mono.sensor.seed = 235;
     mono.reverseX = true;
     mono.reverseY = true;
     mono.adjustsPacketSize = true;
 
-    CameraConfig colour = OstrelCamera("SIM-OSTREL-C1", "OSTREL S-507c", "50-0002", 2464, 2056);
+    CameraConfig colour = BuiltIn("SIM-OSTREL-C1", "OSTREL S-507c", "50-0002", 2464, 2056);
     colour.sensor.filter = ColorFilter::BayerRG;
     colour.sensor.seed = 507;
     colour.reverseX = true;
     colour.frameRate = 30.0;
     colour.userReadFailsWhenEmpty = true;
 
-    CameraConfig plain;
-    plain.id = "SIM-PLAIN-M1";
-    plain.model = "Vesk P-130m";
-    plain.serial = "50-0003";
-    plain.name = plain.model + " (" + plain.serial + ")";
-    plain.firmware = "plain";
-    plain.family = "Vesk";
-    plain.sensor.width = 1280;
-    plain.sensor.height = 1024;
+    CameraConfig plain = BuiltIn("SIM-PLAIN-M1", "Vesk P-130m", "50-0003", 1280, 1024);
     plain.sensor.seed = 130;
-    return {mono, colour, plain};
+
+    CameraConfig thermal = BuiltIn("SIM-THERMAL-M1", "Kelda T-033m", "50-0004", 640, 512);
+    thermal.sensor.seed = 33;
+    thermal.temperatureControl = true;
+    thermal.nonuniformityCorrection = true;
+
+    CameraConfig odd = BuiltIn("SIM-ODD-M1", "Orrin E-236m", "50-0005", 1937, 1217);
+    odd.sensor.seed = 236;
+    odd.exposureFeature = "ExposureTimeAbs";
+    odd.sizeIncrement = 1;
+    odd.frameRate = 30.0;
+    odd.without = {"GainAuto"};
+    return {mono, colour, plain, thermal, odd};
 }
 
 std::vector<CameraConfig> ParseRig(const std::string& text)

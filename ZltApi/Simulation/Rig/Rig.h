@@ -19,7 +19,12 @@ std::vector<CameraConfig> BuiltInRig();
 //   "width", "height", "filter", "seed"              the sensor; filter is "Mono", "BayerGR", "BayerRG", ...
 //   "darkFrameFile", "darkFrameExposure"             a recorded dark frame and its exposure in microseconds;
 //                                                  a relative name is looked for beside the rig file
-//   "reverseX", "reverseY", "covered", "adjustsPacketSize", "userReadFailsWhenEmpty"   true or false
+//   "scene"                                          "bench" or "chart"
+//   "reverseX", "reverseY", "covered", "busy", "stream", "temperatureControl", "nonuniformityCorrection",
+//   "adjustsPacketSize", "userReadFailsWhenEmpty"    true or false
+//   "exposureFeature"                                "ExposureTime" or "ExposureTimeAbs"
+//   "sizeIncrement"                                  step of width and height: 1, 2, 4, 8 or 16 pixels
+//   "without"                                        array of the names of features that are to be missing
 //   "frameRate", "blockSize", "fileSizeMax", "restartTime"   frames a second, bytes, bytes, milliseconds
 //   "faults"                                         as ParseFaultRules
 // Throws std::runtime_error with a full sentence when the text does not fit.

@@ -32,7 +32,7 @@ SceneColor Grey(double brightness)
 
 } // namespace
 
-Scene::Scene(std::uint32_t width, std::uint32_t height)
+Scene::Scene(std::uint32_t width, std::uint32_t height, SceneKind kind)
     : m_width(width),
       m_height(height),
       m_chart(Part(0.06, 0.08, 0.66, 0.72)),
@@ -41,6 +41,11 @@ Scene::Scene(std::uint32_t width, std::uint32_t height)
       m_grating(Part(0.70, 0.46, 0.94, 0.72)),
       m_track(Part(0.06, 0.74, 0.94, 0.82))
 {
+    if (kind == SceneKind::Chart)
+    {
+        m_chart = Part(0.0, 0.0, 1.0, 1.0);
+        m_track = {};
+    }
 }
 
 SceneRect Scene::Part(double left, double top, double right, double bottom) const

@@ -54,11 +54,17 @@ struct SceneRect
     }
 };
 
+enum class SceneKind
+{
+    Bench, // the chart among other things
+    Chart  // the chart alone, over the whole sensor, and nothing moves
+};
+
 // The scene as it falls on a sensor of one size. Immutable: may be used from any thread.
 class Scene
 {
 public:
-    Scene(std::uint32_t width, std::uint32_t height);
+    Scene(std::uint32_t width, std::uint32_t height, SceneKind kind = SceneKind::Bench);
 
     // The resting scene, without the disc.
     SceneColor At(std::uint32_t x, std::uint32_t y) const;
@@ -68,7 +74,7 @@ public:
     // The strip of the grey ramp: 16 steps in its upper half, a smooth run in its lower half, dark to bright.
     const SceneRect& RampArea() const { return m_ramp; }
 
-    // The square around the disc at that frame.
+    // The square around the disc at that frame; empty where there is none.
     SceneRect DiscArea(std::uint64_t frameNumber) const;
     // Whether a pixel of a disc area lies on the disc.
     static bool OnDisc(const SceneRect& area, std::uint32_t x, std::uint32_t y);

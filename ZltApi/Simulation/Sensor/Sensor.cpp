@@ -97,7 +97,9 @@ bool Sensor::Response::operator==(const Response& other) const
            readVariance == other.readVariance && shotVariance == other.shotVariance;
 }
 
-Sensor::Sensor(const SensorConfig& config) : m_config(Checked(config)), m_scene(config.width, config.height)
+Sensor::Sensor(const SensorConfig& config)
+    : m_config(Checked(config)),
+      m_scene(config.width, config.height, config.scene)
 {
     MakeLight();
     LoadDarkSignal();

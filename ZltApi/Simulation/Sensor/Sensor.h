@@ -37,6 +37,7 @@ struct SensorConfig
     // How long the recorded dark frame was exposed, in microseconds, at 0 dB and the reference temperature; the signal
     // scales from there.
     double darkFrameExposureUs = 1'000'000.0;
+    SceneKind scene = SceneKind::Bench;
 };
 
 // State of the camera at the moment of one exposure.

@@ -73,7 +73,7 @@ std::filesystem::path CameraState::DefaultRoot()
 ControlState CameraState::Control() const
 {
     const nlohmann::json json = ReadObject(m_folder / "control.json");
-    return {ReadFlag(json, "plugged").value_or(true), ReadFlag(json, "covered")};
+    return {ReadFlag(json, "plugged").value_or(true), ReadFlag(json, "covered"), ReadFlag(json, "busy")};
 }
 
 void CameraState::ChangeControl(const std::function<void(ControlState&)>& change)
@@ -89,6 +89,10 @@ void CameraState::ChangeControl(const std::function<void(ControlState&)>& change
     if (control.covered)
     {
         json["covered"] = *control.covered;
+    }
+    if (control.busy)
+    {
+        json["busy"] = *control.busy;
     }
     ReplaceStateFile(m_folder / "control.json", json.dump());
 }

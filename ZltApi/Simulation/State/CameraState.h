@@ -20,12 +20,13 @@ struct ControlState
 {
     bool plugged = true;
     std::optional<bool> covered; // absent: as the rig says
+    std::optional<bool> busy;    // the same
 };
 
 // The folder of one camera. Holds no data itself: every call goes to the disk. A file that is missing or broken reads
 // as if it had never been written; a write that fails throws std::runtime_error with a full sentence.
 //
-//   control.json           plugged, covered                                   faults.json   fault rules
+//   control.json           plugged, covered, busy                             faults.json   fault rules
 //   files/NAME             the camera's permanent files                       nonvolatile.json   permanent feature
 //   values loaded/NAME, settings.json   what lasts as long as the camera has power   restart.json  when a restart is
 //   over

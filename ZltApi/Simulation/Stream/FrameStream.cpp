@@ -126,6 +126,12 @@ FrameStream::SimulatedFramePtr FrameStream::TakeFree()
     return frame;
 }
 
+void FrameStream::TakeBack(SimulatedFramePtr frame)
+{
+    const std::lock_guard lock(m_mutex);
+    m_free.push_front(std::move(frame));
+}
+
 void FrameStream::Lend(const SimulatedFramePtr& frame)
 {
     const std::lock_guard lock(m_mutex);
@@ -151,10 +157,10 @@ void FrameStream::Run(ZltApi::IFrameObserver& observer)
             continue;
         }
         // Without a free buffer the exposure happens all the same, and is lost.
-        const SimulatedFramePtr frame = TakeFree();
-        if (frame)
+        SimulatedFramePtr frame = TakeFree();
+        if (frame && !m_source.Render(*frame))
         {
-            m_source.Render(*frame);
+            TakeBack(std::exchange(frame, nullptr));
         }
         // A machine that is too slow for the frame rate lowers the rate, it does not catch up.
         begin = std::max(begin + *duration, Clock::now());

@@ -25,8 +25,8 @@ public:
     // Begins an exposure with the settings of this moment and tells how long it is until the next one may begin.
     // Nothing while the acquisition pauses.
     virtual std::optional<std::chrono::microseconds> Begin(std::uint64_t frameId) = 0;
-    // Fills a buffer with the exposure that was begun.
-    virtual void Render(SimulatedFrame& frame) = 0;
+    // Fills a buffer with the exposure that was begun. False when the frame is lost on its way.
+    virtual bool Render(SimulatedFrame& frame) = 0;
 };
 
 // Thread-safe. The observer is called on the stream's own thread, without any lock held.
@@ -55,6 +55,7 @@ private:
     bool IsOwnThread() const;
     void Run(ZltApi::IFrameObserver& observer);
     SimulatedFramePtr TakeFree();
+    void TakeBack(SimulatedFramePtr frame);
     void Lend(const SimulatedFramePtr& frame);
     // False when the stream is to end.
     bool WaitUntil(Clock::time_point time);

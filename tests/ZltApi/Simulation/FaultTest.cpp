@@ -12,7 +12,7 @@ namespace Simulation
 namespace
 {
 
-std::string Code(int result)
+std::string Code(std::int64_t result)
 {
     return std::to_string(result);
 }
@@ -49,12 +49,39 @@ TEST(Faults, EachKindShowsInTheRightCall)
              gain(camera);
              return std::chrono::steady_clock::now() - begin < std::chrono::milliseconds(200) ? "fast" : "slow";
          }},
+        {R"({"operation": "SetValue", "feature": "Gain", "call": 2, "every": 3, "count": 2, "code": -12})",
+         {"0", "-12", "0", "0", "-12", "0", "0", "0"},
+         gain},
+        {R"({"operation": "RunCommand", "feature": "AcquisitionStop", "hang": true})",
+         {"0 hangs", "0 done"},
+         [](const auto& camera)
+         {
+             bool done = false;
+             const std::string code = Code(RunCommand(camera, "AcquisitionStop"));
+             EXPECT_EQ(ZltErrorSuccess, FeatureOf(*camera, "AcquisitionStop")->IsCommandDone(done));
+             return code + (done ? " done" : " hangs");
+         }},
         {R"({"operation": "StartAcquisition", "code": -14})",
          {"-14", "0", "-15"},
          [&](const auto& camera)
          {
              return Code(camera->StartContinuousImageAcquisition(3, std::make_shared<FrameLog>(camera),
                                                                  ZltApi::FrameAllocationAnnounced));
+         }},
+        {R"({"operation": "Frame", "every": 2, "count": 0, "drop": true})",
+         {"1 3 5"},
+         [](const auto& camera)
+         {
+             const auto entries = Grab(camera, 3);
+             return Code(entries[0].id) + " " + Code(entries[1].id) + " " + Code(entries[2].id);
+         }},
+        {R"({"operation": "Frame", "count": 0, "delay": 60})",
+         {"slow"},
+         [](const auto& camera)
+         {
+             const auto begin = std::chrono::steady_clock::now();
+             Grab(camera, 2);
+             return std::chrono::steady_clock::now() - begin < std::chrono::milliseconds(120) ? "fast" : "slow";
          }},
         {R"({"operation": "Frame", "call": 2, "shortBy": 100})",
          {"0 -1 0"},

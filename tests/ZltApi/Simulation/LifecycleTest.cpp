@@ -156,8 +156,8 @@ TEST(Lifecycle, ResetLeavesAndReturns)
     TestRig rig(R"({"restartTime": 400})");
     const auto camera = rig.Opened();
     ASSERT_EQ(ZltErrorSuccess, Set(camera, "Gain", 6.0));
-    ASSERT_EQ(ZltErrorSuccess, RunCommand(camera, "DeviceReset"));
     const auto begin = std::chrono::steady_clock::now();
+    ASSERT_EQ(ZltErrorSuccess, RunCommand(camera, "DeviceReset"));
     EXPECT_FALSE(rig.Camera()) << "gone at once";
     rig.Control({"list"});
     // The host's end of the connection may take a moment longer to go.

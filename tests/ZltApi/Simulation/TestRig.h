@@ -1,9 +1,12 @@
 // A provider with simulated cameras in a state directory of its own, and short forms of the camera API for tests.
 #pragma once
 
+#include "Features/FeatureMap.h"
 #include "Provider/SimulationProvider.h"
 #include "ZltApi/Camera.h"
 #include "ZltApi/Observers.h"
+
+#include <gtest/gtest.h>
 
 #include <condition_variable>
 #include <deque>
@@ -100,6 +103,16 @@ template <typename Value> ZltErrorType Set(const ZltApi::CameraPtr& camera, cons
 {
     const ZltApi::FeaturePtr feature = FeatureOf(*camera, name);
     return feature ? feature->SetValue(value) : ZltErrorNotFound;
+}
+// The same inside a camera, past access rules.
+template <typename Value> Value NodeValue(const FeatureMap& features, const char* name)
+{
+    Value value{};
+    return features.Find(name)->Get(value) == ZltErrorSuccess ? value : Value{};
+}
+template <typename Value> void SetNode(const FeatureMap& features, const char* name, const Value& value)
+{
+    EXPECT_EQ(ZltErrorSuccess, features.Find(name)->Set(value)) << name;
 }
 ZltErrorType RunCommand(const ZltApi::CameraPtr& camera, const char* name);
 bool IsWritable(const ZltApi::CameraPtr& camera, const char* name);
