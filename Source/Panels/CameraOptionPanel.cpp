@@ -3,6 +3,7 @@
 
 #include "ValueControl.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QFrame>
 #include <QLabel>
@@ -32,6 +33,8 @@ constexpr int ExposureDecimals = 3;
 constexpr int GainDecimals = 1;
 
 constexpr double PositionsPerUnit = 100.0;
+// Room beside the items of a list that pops up: padding, border and scroll bar.
+constexpr int ListMargin = 24;
 // A click beside the handle of a slider moves it by this part of its range.
 constexpr int PagesPerRange = 20;
 
@@ -78,6 +81,7 @@ void UpdateItems(QComboBox& box, const QStringList& items, const QString& curren
     {
         box.clear();
         box.addItems(items);
+        box.view()->setMinimumWidth(box.view()->sizeHintForColumn(0) + ListMargin);
     }
     if (!currentItem.isEmpty())
     {
@@ -449,6 +453,7 @@ void CameraOptionPanel::OnNucModeSelected(int index)
 void CameraOptionPanel::SetNucDescription(QString description)
 {
     m_lblDatasetActiveDescr->setText(description);
+    m_lblDatasetActiveDescr->setToolTip(description.toHtmlEscaped());
 }
 
 void CameraOptionPanel::InitTemperatureWidgets(bool active)

@@ -28,13 +28,21 @@ constexpr int GroupSpacing = 16;
 constexpr int RowSpacing = 8;
 constexpr int IconSize = 16;
 constexpr int FullExposureScale = 1000000;
-// Longer items of the camera widen the list that pops up, not the panel.
+constexpr int RowHeight = 28;
+// Texts of the camera beside a caption widen the panel up to here; what is longer shows in the tool tip or the list.
+constexpr int WidestField = 240;
 constexpr int ShownCharacters = 10;
 
 QLabel* AddCaptionedRow(QGridLayout& grid, QWidget* field)
 {
     auto* caption = new QLabel;
     caption->setBuddy(field);
+    caption->setMinimumHeight(RowHeight);
+    field->setMaximumWidth(WidestField);
+    if (auto* box = qobject_cast<QComboBox*>(field))
+    {
+        box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    }
     const int row = grid.rowCount();
     grid.addWidget(caption, row, 0);
     grid.addWidget(field, row, 1);
@@ -46,6 +54,7 @@ QLineEdit* MakeStateField(const char* objectName)
     auto* field = new QLineEdit;
     field->setObjectName(QLatin1String(objectName));
     field->setEnabled(false);
+    field->setMinimumHeight(RowHeight);
     return field;
 }
 
@@ -201,8 +210,8 @@ QFrame* CameraOptionPanel::BuildNucGroup()
     m_lblDatasetActiveDescr->setObjectName(QStringLiteral("lblDatasetActiveDescr"));
     m_lblDatasetActiveDescr->setTextFormat(Qt::PlainText);
     m_lblDatasetActiveDescr->setWordWrap(true);
+    m_lblDatasetActiveDescr->setMinimumHeight(RowHeight);
     m_datasetActiveLabel = AddCaptionedRow(*grid, m_lblDatasetActiveDescr);
-    m_datasetActiveLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     return group;
 }
 
@@ -236,6 +245,7 @@ QComboBox* CameraOptionPanel::BuildComboBox(const char* objectName)
     box->setObjectName(QLatin1String(objectName));
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(ShownCharacters);
+    box->setMinimumHeight(RowHeight);
     GuardFromWheel(box);
     return box;
 }

@@ -18,6 +18,7 @@ QLineEdit {
 QLineEdit:hover:enabled { border-color: rgb(128,128,128); }
 QLineEdit:focus { border-color: rgb(47,128,237); }
 QLineEdit:disabled { color: #7d8185; }
+QLineEdit#editActiveSetpoint { padding: 1px 0px 1px 3px; }
 
 QComboBox {
     background-color: rgb(37,38,39); border: 1px solid rgb(89,89,89); border-radius: 6px;
@@ -32,7 +33,7 @@ QComboBox QAbstractItemView {
     padding: 2px; selection-background-color: rgb(47,128,237); selection-color: white; }
 QComboBox QAbstractItemView::item { min-height: 24px; padding: 0px 4px; }
 
-QSlider { background: transparent; min-height: 22px; }
+QSlider { background: transparent; min-height: 20px; }
 QSlider::groove:horizontal { background-color: rgb(31,31,31); border: none; border-bottom: 1px solid rgb(51,51,51);
     height: 1px; }
 QSlider::handle:horizontal { background-color: rgb(114,114,114); border: none; border-radius: 2px;

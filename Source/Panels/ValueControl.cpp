@@ -9,7 +9,8 @@ namespace
 {
 
 constexpr int FieldWidth = 112;
-constexpr int RowSpacing = 4;
+constexpr int RowSpacing = 2;
+constexpr int SpacingBelow = 6;
 
 } // namespace
 
@@ -65,7 +66,7 @@ void ValueControl::SetCaption(const QString& caption)
 void ValueControl::AddBelow(QWidget* widget)
 {
     auto* rows = static_cast<QVBoxLayout*>(layout());
-    rows->addSpacing(RowSpacing);
+    rows->addSpacing(SpacingBelow);
     rows->addWidget(widget);
 }
 
