@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that are missing. Usage: scripts/packages.sh build|test|check ...
+# Installs the Debian packages that are missing. Usage: scripts/packages.sh build|test|check|screenshots ...
 set -euo pipefail
 
 build=(
@@ -12,6 +12,7 @@ build=(
 )
 test=(libgtest-dev libgmock-dev xauth xvfb)
 check=(clang clang-format clang-tidy libclang-rt-14-dev libbenchmark-dev git)
+screenshots=(xvfb openbox xcompmgr xdotool x11-xserver-utils)
 
 wanted=()
 for group in "$@"; do
@@ -19,6 +20,7 @@ for group in "$@"; do
     build) wanted+=("${build[@]}") ;;
     test) wanted+=("${test[@]}") ;;
     check) wanted+=("${check[@]}") ;;
+    screenshots) wanted+=("${screenshots[@]}") ;;
     *) echo "packages.sh: unknown group '$group'." >&2; exit 2 ;;
   esac
 done

@@ -17,7 +17,7 @@ constexpr std::uint32_t FrameBufferCount = 3;
 void AdjustPacketSize(ZltApi::Stream& stream)
 {
     ZltApi::FeaturePtr adjust;
-    if (stream.GetFeatureByName("GVSPAdjustPacketSize", adjust) != ZltErrorSuccess ||
+    if (stream.GetFeatureByName("GVSPAdjustPacketSize", adjust) != ZltErrorSuccess || !adjust ||
         adjust->RunCommand() != ZltErrorSuccess)
     {
         return;
@@ -102,7 +102,10 @@ ZltErrorType ApiController::OpenCamera(const ZltApi::CameraPtr& camera)
         CloseCamera();
         return opened;
     }
-    m_camera = camera;
+    {
+        const std::lock_guard lock(m_framePathMutex);
+        m_camera = camera;
+    }
     m_openStatus = ZltErrorSuccess;
     return opened;
 }
@@ -147,11 +150,20 @@ ZltErrorType ApiController::StartStream()
     }
     if (result == ZltErrorSuccess)
     {
-        result = format->GetValue(m_pixelFormat);
+        std::int64_t value = 0;
+        result = format->GetValue(value);
+        if (result == ZltErrorSuccess)
+        {
+            m_pixelFormat = value;
+        }
     }
     if (result == ZltErrorSuccess)
     {
-        m_frameObserver = std::make_shared<FrameObserver>(m_camera);
+        auto observer = std::make_shared<FrameObserver>(m_camera);
+        {
+            const std::lock_guard lock(m_framePathMutex);
+            m_frameObserver.swap(observer);
+        }
         result = m_camera->StartContinuousImageAcquisition(FrameBufferCount, m_frameObserver,
                                                            ZltApi::FrameAllocationAnnounced);
     }
@@ -166,7 +178,8 @@ void ApiController::StopContinuousImageAcquisition()
     }
 }
 
-ZltErrorType ApiController::SetValueIntMod2(const ZltApi::CameraPtr& camera, const char* name, std::int64_t& out) const
+ZltErrorType ApiController::SetValueIntMod2(const ZltApi::CameraPtr& camera, const char* name,
+                                            std::atomic<std::int64_t>& out) const
 {
     ZltApi::FeaturePtr feature;
     ZltErrorType result = camera->GetFeatureByName(name, feature);
@@ -202,14 +215,26 @@ ZltErrorType ApiController::SetValueIntMod2(const ZltApi::CameraPtr& camera, con
     return result;
 }
 
+std::shared_ptr<FrameObserver> ApiController::CurrentFrameObserver() const
+{
+    const std::lock_guard lock(m_framePathMutex);
+    return m_frameObserver;
+}
+
 ZltApi::FramePtr ApiController::GetFrame()
 {
-    return m_frameObserver ? m_frameObserver->GetFrame() : nullptr;
+    const std::shared_ptr<FrameObserver> observer = CurrentFrameObserver();
+    return observer ? observer->GetFrame() : nullptr;
 }
 
 ZltErrorType ApiController::QueueFrame(const ZltApi::FramePtr& frame)
 {
-    return m_camera ? m_camera->QueueFrame(frame) : ZltErrorDeviceNotOpen;
+    ZltApi::CameraPtr camera;
+    {
+        const std::lock_guard lock(m_framePathMutex);
+        camera = m_camera;
+    }
+    return camera ? camera->QueueFrame(frame) : ZltErrorDeviceNotOpen;
 }
 
 void ApiController::ClearFrameQueue()

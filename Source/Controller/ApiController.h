@@ -4,8 +4,10 @@
 #include "ZltApi/Camera.h"
 #include "ZltApi/ZltSystem.h"
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -14,8 +16,9 @@ class FrameObserver;
 class InterfaceObserver;
 class QObject;
 
-// Shows nothing to the user: failures come back as codes of the camera API or are dropped where a row says so. Not
-// thread-safe; callers keep its calls apart. Throws nothing but std::exception from GetVersion.
+// Shows nothing to the user: failures come back as codes of the camera API or are dropped where a row says so. Callers
+// keep its calls apart, but for those of the frame path, which any thread may make at any time: GetFrame, QueueFrame,
+// GetWidth, GetHeight, GetPixelFormat. Throws nothing but std::exception from GetVersion.
 class ApiController
 {
 public:
@@ -44,9 +47,9 @@ public:
     void StopContinuousImageAcquisition();
 
     // Image size and pixel format, valid after a start of acquisition; the format is a ZltPixelFormat.
-    int GetWidth() const { return static_cast<int>(m_width); }
-    int GetHeight() const { return static_cast<int>(m_height); }
-    unsigned int GetPixelFormat() const { return static_cast<unsigned int>(m_pixelFormat); }
+    int GetWidth() const { return static_cast<int>(m_width.load()); }
+    int GetHeight() const { return static_cast<int>(m_height.load()); }
+    unsigned int GetPixelFormat() const { return static_cast<unsigned int>(m_pixelFormat.load()); }
 
     // The oldest frame of the current acquisition, or null.
     ZltApi::FramePtr GetFrame();
@@ -64,17 +67,21 @@ public:
     std::string GetVersion() const;
 
 private:
-    ZltErrorType SetValueIntMod2(const ZltApi::CameraPtr& camera, const char* name, std::int64_t& out) const;
+    ZltErrorType SetValueIntMod2(const ZltApi::CameraPtr& camera, const char* name,
+                                 std::atomic<std::int64_t>& out) const;
     ZltErrorType StartStream();
 
+    std::shared_ptr<FrameObserver> CurrentFrameObserver() const;
+
     ZltApi::ZltSystem& m_system;
+    mutable std::mutex m_framePathMutex; // guards the next two pointers against the frame path
     ZltApi::CameraPtr m_camera;
     std::shared_ptr<FrameObserver> m_frameObserver;
     std::shared_ptr<CameraObserver> m_cameraObserver;
     std::shared_ptr<InterfaceObserver> m_interfaceObserver;
     ZltErrorType m_openStatus = ZltErrorSuccess;
-    std::int64_t m_pixelFormat = 0;
-    std::int64_t m_width = 0;
-    std::int64_t m_height = 0;
+    std::atomic<std::int64_t> m_pixelFormat{0};
+    std::atomic<std::int64_t> m_width{0};
+    std::atomic<std::int64_t> m_height{0};
     std::vector<ZltApi::TransportLayerPtr> m_supportedTransportLayers;
 };

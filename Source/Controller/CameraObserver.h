@@ -4,6 +4,7 @@
 #include "ZltApi/Camera.h"
 #include "ZltApi/Observers.h"
 
+#include <QMetaType>
 #include <QObject>
 
 // The signal is emitted on a thread of the camera API; receivers connect to it with a queued connection.
@@ -17,3 +18,6 @@ public:
 Q_SIGNALS:
     void CameraListChangedSignal(ZltApi::CameraPtr camera, ZltApi::UpdateTriggerType reason);
 };
+
+Q_DECLARE_METATYPE(ZltApi::CameraPtr)
+Q_DECLARE_METATYPE(ZltApi::UpdateTriggerType)

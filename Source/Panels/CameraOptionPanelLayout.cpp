@@ -42,6 +42,8 @@ QLabel* AddCaptionedRow(QGridLayout& grid, QWidget* field)
     if (auto* box = qobject_cast<QComboBox*>(field))
     {
         box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+        box->setMinimumContentsLength(0);
+        box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     }
     const int row = grid.rowCount();
     grid.addWidget(caption, row, 0);

@@ -3,6 +3,7 @@
 
 #include "DefectUiType.h"
 #include "PixelListXmlHandler.h"
+#include "TreeModel.h"
 
 #include <QFile>
 #include <QSaveFile>
@@ -98,6 +99,21 @@ std::optional<QVector<DefectInfo>> ReadXmlPixelList(const QString& path, int wid
         return std::nullopt;
     }
     return AcceptEntries(*entries, width, height, allowedTypes);
+}
+
+bool LoadFromXmlImpl(const QString& path, TreeModel* model, int width, int height, const std::vector<int>& allowedTypes)
+{
+    model->clear();
+    const std::optional<QVector<DefectInfo>> list = ReadXmlPixelList(path, width, height, allowedTypes);
+    if (!list)
+    {
+        return false;
+    }
+    for (const DefectInfo& info : *list)
+    {
+        model->addDefectItem(info.x, info.y, info.width, info.height, info.type, DefectInfo::NewColor);
+    }
+    return true;
 }
 
 std::optional<QVector<DefectInfo>> AcceptEntries(const QVector<DefectInfo>& entries, int width, int height,

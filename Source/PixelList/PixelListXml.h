@@ -10,6 +10,8 @@
 #include <optional>
 #include <vector>
 
+class TreeModel;
+
 // The file's bytes: a root "Camera" with one "Pixel" for each entry, in UTF-8, without XML declaration.
 QByteArray ToXml(const QVector<DefectInfo>& list);
 
@@ -23,6 +25,11 @@ void SaveAsXmlImpl(const QString& path, const QVector<DefectInfo>& list);
 // allowedTypes (DefectUiType).
 std::optional<QVector<DefectInfo>> ReadXmlPixelList(const QString& path, int width, int height,
                                                     const std::vector<int>& allowedTypes);
+
+// Replaces the model's list by a file's entries, as new defects; false, and an empty list, for a file of which
+// ReadXmlPixelList gives nothing.
+bool LoadFromXmlImpl(const QString& path, TreeModel* model, int width, int height,
+                     const std::vector<int>& allowedTypes);
 
 // The same checks on entries that ParsePixelListXml read; no entries are the empty list.
 std::optional<QVector<DefectInfo>> AcceptEntries(const QVector<DefectInfo>& entries, int width, int height,

@@ -61,44 +61,62 @@ SensorDefectList SetNewSensorDefects(const std::vector<SensorDefectType>& types,
     return defects;
 }
 
+std::optional<DefectInfo> ToDefectInfo(const SensorDefect& defect, int width, int height)
+{
+    const auto make = [](std::uint32_t x, std::uint32_t y, int entryWidth, int entryHeight, int type)
+    {
+        return DefectInfo{static_cast<int>(x),    static_cast<int>(y), entryWidth, entryHeight, type,
+                          DefectInfo::CameraColor};
+    };
+    if (const auto* pixel = dynamic_cast<const PixelDefect*>(&defect))
+    {
+        return make(pixel->getX(), pixel->getY(), 1, 1, DefectUiType::SinglePixel);
+    }
+    if (const auto* column = dynamic_cast<const ColumnDefect*>(&defect))
+    {
+        return make(column->getX(), 0, 1, height, DefectUiType::Column);
+    }
+    if (const auto* pixelColumn = dynamic_cast<const PixelColumnDefect*>(&defect))
+    {
+        return make(pixelColumn->getX(), pixelColumn->getY(), 1, static_cast<int>(pixelColumn->getHeight()),
+                    DefectUiType::PixelColumn);
+    }
+    if (const auto* row = dynamic_cast<const RowDefect*>(&defect))
+    {
+        return make(0, row->getY(), width, 1, DefectUiType::Row);
+    }
+    if (const auto* pixelRow = dynamic_cast<const PixelRowDefect*>(&defect))
+    {
+        return make(pixelRow->getX(), pixelRow->getY(), static_cast<int>(pixelRow->getWidth()), 1,
+                    DefectUiType::PixelRow);
+    }
+    return std::nullopt;
+}
+
 QVector<DefectInfo> ToDefectInfos(const SensorDefectList& defects, int width, int height)
 {
     QVector<DefectInfo> list;
     list.reserve(static_cast<int>(defects.size()));
-    const auto add = [&list](std::uint32_t x, std::uint32_t y, int entryWidth, int entryHeight, int type)
+    const auto add = [&](const SensorDefect& defect)
     {
-        list.append({static_cast<int>(x), static_cast<int>(y), entryWidth, entryHeight, type, DefectInfo::CameraColor,
-                     list.size()});
+        if (std::optional<DefectInfo> info = ToDefectInfo(defect, width, height))
+        {
+            info->number = list.size();
+            list.append(*info);
+        }
     };
     for (const boost::shared_ptr<SensorDefect>& defect : defects)
     {
-        if (const auto* pixel = dynamic_cast<const PixelDefect*>(defect.get()))
-        {
-            add(pixel->getX(), pixel->getY(), 1, 1, DefectUiType::SinglePixel);
-        }
-        else if (const auto* column = dynamic_cast<const ColumnDefect*>(defect.get()))
-        {
-            add(column->getX(), 0, 1, height, DefectUiType::Column);
-        }
-        else if (const auto* pixelColumn = dynamic_cast<const PixelColumnDefect*>(defect.get()))
-        {
-            add(pixelColumn->getX(), pixelColumn->getY(), 1, static_cast<int>(pixelColumn->getHeight()),
-                DefectUiType::PixelColumn);
-        }
-        else if (const auto* row = dynamic_cast<const RowDefect*>(defect.get()))
-        {
-            add(0, row->getY(), width, 1, DefectUiType::Row);
-        }
-        else if (const auto* pixelRow = dynamic_cast<const PixelRowDefect*>(defect.get()))
-        {
-            add(pixelRow->getX(), pixelRow->getY(), static_cast<int>(pixelRow->getWidth()), 1, DefectUiType::PixelRow);
-        }
-        else if (const auto* cluster = dynamic_cast<const ClusterDefect*>(defect.get()))
+        if (const auto* cluster = dynamic_cast<const ClusterDefect*>(defect.get()))
         {
             for (const PixelDefect& pixelOfCluster : cluster->getPixels())
             {
-                add(pixelOfCluster.getX(), pixelOfCluster.getY(), 1, 1, DefectUiType::SinglePixel);
+                add(pixelOfCluster);
             }
+        }
+        else
+        {
+            add(*defect);
         }
     }
     return list;

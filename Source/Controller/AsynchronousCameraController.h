@@ -1,0 +1,173 @@
+// The one object between the user interface and the cameras.
+#pragma once
+
+#include "ApiController.h"
+#include "CameraAccessInfo.h"
+#include "CameraInfo.h"
+#include "CameraListUpdates.h"
+
+#include <QObject>
+#include <QPoint>
+#include <QString>
+#include <QStringList>
+#include <QTimer>
+
+#include <atomic>
+#include <functional>
+#include <mutex>
+#include <string>
+#include <vector>
+
+class CustomListView;
+class ImageDoubleBuffer;
+
+// Keeps the list of usable cameras, opens and closes the selected one, starts and stops its stream.
+//
+// Made and destroyed on the GUI thread; in between it is moved to a thread of its own, which must have ended before it
+// is destroyed. Any thread may call the public operations, unless they say otherwise: each holds the list lock from end
+// to end, so that none sees the work of another half done. What an operation has to tell is emitted when it has let go
+// of the lock. No operation waits for the GUI thread's event loop. A caller must not hold the image buffer's lock.
+class AsynchronousCameraController : public QObject
+{
+    Q_OBJECT
+
+public:
+    // Starts the camera API and fills the list; without the API the list stays empty. cameraIndex and cameraId: the
+    // selected camera, -1 and empty for none. The view and the buffer are borrowed until the end.
+    AsynchronousCameraController(CustomListView* cameraListView, int cameraIndex, const QString& cameraId, bool unused,
+                                 ImageDoubleBuffer& imageBuffer);
+    // Writes what is known of the cameras to the cache, ends the stream, closes the camera and stops the API.
+    ~AsynchronousCameraController() override;
+
+    bool GetIfStreaming() const { return m_streaming; }
+    bool GetIfDebayering() const { return m_debayering; }
+    // Sensor size in pixels as the correction set adapter gave it, 0 before.
+    int getSensorWidth() const { return m_sensorWidth; }
+    int getSensorHeight() const { return m_sensorHeight; }
+
+    bool CheckIfCamerasAreOnTheList() const;
+    bool IfCameraSupportDpc() const;
+    // The kinds of defects that the camera can store (DefectUiType values, appended), whether it supports the
+    // correction, and the sensor size in pixels. Leaves all three alone when the camera is not on the list.
+    void GetEntryCamerasSetup(std::vector<int>& availableDefects, bool& dpcSupported, QPoint& sensorSize);
+    void GetAvaiableDefects(std::vector<int>& availableDefects);
+    // Sensor size in pixels; (0, 0) when there is no camera.
+    QPoint GetMaxWidthHeight() const;
+    // For the kind "Full" the model, the serial number and the ID, for any other the model. Empty without a camera.
+    QString GetCameraName(const QString& kind) const;
+    QString GetCameraId() const;
+    QString GetCurrentPixelFormat() const;
+    QString getCurrentCameraFamilyName() const;
+
+    // Makes the camera at this position of the list, with this ID, the selected one and opens it. GUI thread, with the
+    // stream stopped. A camera that cannot be opened is not reported here; starting its stream will fail.
+    void SetNewIndex(int index, const QString& serial);
+    // Makes the list anew.
+    void TryRefreshList();
+    // GUI thread.
+    void StopTimers();
+    // Throws a KTR::System::Exception when the camera has no such command or refuses it.
+    void ResetCamera();
+
+    // Returns whether there was a stream to stop.
+    bool StopIfStreaming();
+
+Q_SIGNALS:
+    void SendPixmapToArea();
+    void ErrorSignal(QString message);
+    void CamerasListChangedSignal();
+    void CameraDisconnected();
+    void SendPixelFormats(QStringList formats, QString current);
+    void SendSlidersValues(double minimum, double maximum, double value, int type);
+    void SendLockSliders(int type, bool locked);
+    void SendCloseCameraIfBusy();
+    void SendCurrentExposureMode(int mode);
+    void SendCurrentGainMode(int mode);
+    void SendUpdatedSLiderValue(double value, int type);
+    void SendComboboxValues(QStringList values, QString currentValue, int type);
+    void SendTemperatureControlEnabled(bool enabled);
+    void SendTemperatureControlStateValue(QString value);
+    void SendTemperatureSetpointMode(QString value);
+    void SendActiveSetpointValue(QString val);
+    void SendSetpointActivationDone();
+    void SendTemperatureStatusUnstable(QString status);
+    void SendNucModeValues(QStringList values, QString currentValue);
+    void SencNucDatasetDescription(QString description);
+    void SendNucControlEnabled(bool enabled);
+
+public Q_SLOTS:
+    // Toggles between streaming and not. Does nothing without a selected camera.
+    void StartStopAcquisition();
+    // Takes the next frame of the running acquisition. status: a ZltApi::FrameStatus. Controller's thread.
+    void OnFrameReady(int status);
+    void OnCameraListChanged(ZltApi::CameraPtr camera, ZltApi::UpdateTriggerType reason);
+    // Version of the camera API. Throws std::exception when it cannot be asked.
+    QString GetVersion() const;
+
+private Q_SLOTS:
+    void UpdateCameraList();
+
+private:
+    // One operation: holds the list lock. Operations nest; at the end of the outermost one, after the lock is released,
+    // what was announced meanwhile is emitted in order.
+    class Operation
+    {
+    public:
+        explicit Operation(AsynchronousCameraController& controller);
+        ~Operation();
+        Operation(const Operation&) = delete;
+        Operation& operator=(const Operation&) = delete;
+
+    private:
+        AsynchronousCameraController& m_controller;
+    };
+
+    // Within an operation only.
+    void Announce(std::function<void()> emission);
+    void AnnounceLostSelection();
+    void AnnounceError(const QString& message);
+
+    void StartUp();
+    ZltApi::CameraPtr CurrentCamera() const;
+
+    int FindSelectedCamera() const;
+    void CloseSelectedCamera();
+    void CheckIfListHasChanged();
+    void AddCamera(const ZltApi::CameraPtr& camera);
+    void RemoveCamera(const ZltApi::CameraPtr& camera);
+    bool CheckIfCameraOccuredInFileList(CameraInfo& info) const;
+    void CheckAccessAndDPC(const ZltApi::CameraPtr& camera, bool& accessible, bool& dpcSupported,
+                           bool& accessChecked) const;
+    void CheckAccessState(const ZltApi::CameraPtr& camera);
+
+    void StartAcquisition();
+    void StopAcquisition();
+    void ConnectFrames();
+
+    int m_cameraIndex;
+    std::atomic<int> m_sensorWidth{0};
+    std::atomic<int> m_sensorHeight{0};
+    std::atomic<bool> m_cameraBusyReported{false};
+    std::atomic<bool> m_debayering{true};
+    std::atomic<bool> m_streaming{false};
+    std::atomic<bool> m_exposurePending{false};
+    std::atomic<bool> m_exposureDefaultStored{false};
+    std::atomic<double> m_exposureValue{0.0}; // microseconds
+    std::string m_cameraId;
+    // Without a parent, so that they stay on the GUI thread when the controller moves.
+    QTimer m_exposureAutoTimer;
+    QTimer m_gainAutoTimer;
+    QTimer m_monitorTimer;
+    ApiController m_api;
+    std::vector<ZltApi::CameraPtr> m_cameras; // in the API's order
+    ZltApi::CameraPtr m_currentCamera;
+    ImageDoubleBuffer& m_imageBuffer;
+    mutable std::recursive_mutex m_cameraListMutex; // the list lock
+    int m_operationDepth = 0;
+    std::vector<std::function<void()>> m_announcements;
+    std::vector<CameraInfo> m_cameraInfos;
+    std::vector<CameraAccessInfo> m_cameraAccessInfos;
+    CameraListUpdates m_listUpdates;
+    std::atomic<bool> m_temperatureControlAvailable{false};
+    std::atomic<bool> m_nucAvailable{false};
+};

@@ -1,0 +1,38 @@
+// Two images between the thread that converts frames and the one that shows them.
+#include "ImageDoubleBuffer.h"
+
+#include <QWriteLocker>
+
+void ImageDoubleBuffer::SetImages(int width, int height)
+{
+    const QWriteLocker lock(&m_lock);
+    for (QImage& image : m_images)
+    {
+        image = QImage(width, height, QImage::Format_RGB32);
+    }
+}
+
+void ImageDoubleBuffer::SetDefImages()
+{
+    const QWriteLocker lock(&m_lock);
+    for (QImage& image : m_images)
+    {
+        image = QImage();
+    }
+}
+
+void ImageDoubleBuffer::Lock()
+{
+    m_lock.lockForRead();
+}
+
+void ImageDoubleBuffer::Unlock()
+{
+    m_lock.unlock();
+}
+
+void ImageDoubleBuffer::Swap()
+{
+    const QWriteLocker lock(&m_lock);
+    m_frontIndex ^= 1U;
+}

@@ -1,0 +1,179 @@
+// The program's one window.
+#pragma once
+
+#include "ImageDoubleBuffer.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <memory>
+#include <vector>
+
+class AsynchronousCameraController;
+class BottomPanel;
+class CustomLabelView;
+class CustomListView;
+class KeyEnterReceiver;
+class LeftPanel;
+class LoaderDialog;
+class OnboardDialog;
+class OverviewPanel;
+class QCheckBox;
+class QGraphicsPixmapItem;
+class QGraphicsScene;
+class QLabel;
+class QSizeGrip;
+class QTranslator;
+class QTreeView;
+class TreeModel;
+
+namespace Ui
+{
+class MainWindowClass;
+}
+
+// Owns the pixel list, the panels and dialogs that live as long as the program, the camera controller, and the images
+// that the controller fills; everything that the user starts begins in one of its slots. It holds no camera logic of
+// its own. GUI thread; the images alone are shared with the controller's thread, under their own lock.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit MainWindow(QWidget* parent = nullptr);
+    // Ends the controller's thread, stops what runs on the camera, and writes the configuration file.
+    ~MainWindow() override;
+    MainWindow(const MainWindow&) = delete;
+    MainWindow& operator=(const MainWindow&) = delete;
+
+    // Places the floating panels by the window's current size.
+    void SetProperSizes();
+    // Greets the user who starts the program for the first time, over a white overlay.
+    void WelcomingDialog();
+    // Lays the overlay over the window's place on the screen.
+    void ChangeWindowOverlay();
+    // Sets all texts in the current language.
+    void SetStrings();
+    // Fits the overview to an image of this size: the largest whole fraction of it that is at most 500 wide.
+    void SetMaximumOverviewSizes(const QPoint& size);
+    // While the overview opens by itself: shows it exactly when the image no longer fits into the view.
+    void AutomaticOverviewViewer();
+
+public Q_SLOTS:
+    // Panels and window buttons.
+    void OnCameraListButtonClick(int state);
+    void OnSupportButtonClick(int state);
+    void OnAboutButtonClick();
+    void OnAboutQtButtonClick();
+    void OnCloseWindowButtonClick();
+    void OnMinimizeButtonClick();
+    void OnMaximizeButtonClick();
+    void OnLanguageBoxItemChanged();
+    void OnRefreshCameraListButtonClick();
+
+    // Tools: exactly one of the three buttons is down, and disabled, so that a click cannot release it.
+    void OnMouseGrabButtonClick(int state);
+    void OnRectAddButtonClick(int state);
+    void OnMouseRubberButtonClick(int state);
+    void EnableSelectEraseButtons(bool value);
+    void ShortcutSelectionCursor();
+    void ShortcutRubberCursor();
+    void ShortcutGrabCursor();
+    // Play or pause, at most once a second.
+    void ShortcutPlayPause();
+    void PlayPauseShortcutController();
+
+    // Busy state: from Show to Close the loader tells the steps and nothing else can be used.
+    void ApplicationLoaderShow();
+    void ApplicationLoaderClose();
+
+    // Image view and overview. Positions in sensor pixels.
+    void SetNewRectPosition(int x, int y);
+    void UpdateOverview();
+    void UpdateOverviewFromMoving();
+    void UpdateScaleButton(double scale);
+    void GoToPixel(int x, int y);
+    void OnOverviewButtonClick();
+    void OnOverviewStateChanged(int state);
+    void OnOverlayCheckBoxStateChanged(int state);
+    void OnZoomInButtonClick();
+    void OnZoomOutButtonClick();
+    void OnScaleButtonClick();
+
+    // Camera session.
+    void OnPlayPauseButtonClick();
+    void CheckIfStreaming();
+
+    // Pixel list files.
+    void SaveXmlFile();
+    void LoadXmlFile();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    // A tool of the image view with its button and the caption below it.
+    struct Tool
+    {
+        int number;
+        QCheckBox* button;
+        QLabel* caption;
+    };
+
+    void CreateMembers();
+    void StyleChrome();
+    void PlaceChildren();
+    void MakeConnections();
+    void PlaceBottomPanel();
+    // What all three tool slots do: tool is the one whose button changed.
+    void ToolStateChanged(int state, const Tool& tool, const Tool& second, const Tool& third);
+    Tool GrabTool() const;
+    Tool AddTool() const;
+    Tool RubberTool() const;
+
+    void MoveOverviewToCorner();
+
+    // Stops the stream for a step and tells whether it ran; the other starts it again.
+    bool PauseStream();
+    void ResumeStream(bool wasStreaming);
+    // What the busy state takes out of use.
+    std::vector<QWidget*> WidgetsOffWhileBusy() const;
+    // The next loader step, shown before and after which pending events run.
+    void NextLoaderStep();
+
+    bool m_cameraChosen = false;
+    bool m_overviewPlaced = false;
+    bool m_overlayVisible = true;
+    bool m_playPauseShortcutLocked = false;
+    bool m_automaticOverview = false;
+    bool m_tutorialFinished = false;
+    bool m_automaticDetectionEnabled = true;
+    bool m_pixelEditingEnabled = true;
+    int m_cameraIndex = -1;
+    int m_sensorWidth = 0;
+    int m_sensorHeight = 0;
+    int m_currentTool = 0;
+    QGraphicsScene* m_scene = nullptr;
+    QGraphicsPixmapItem* m_imageItem = nullptr; // the scene's
+    std::unique_ptr<Ui::MainWindowClass> m_ui;
+    std::unique_ptr<KeyEnterReceiver> m_keyReceiver;
+    QTimer m_streamCheckTimer;
+    QTimer m_playPauseShortcutTimer;
+    LeftPanel* m_cameraListPanel = nullptr;
+    OverviewPanel* m_overviewPanel = nullptr;
+    CustomLabelView* m_overviewLabel = nullptr;
+    CustomListView* m_cameraListView = nullptr;
+    BottomPanel* m_bottomPanel = nullptr;
+    LoaderDialog* m_loaderDialog = nullptr;
+    OnboardDialog* m_onboardDialog = nullptr;
+    QTreeView* m_pixelListView = nullptr;
+    TreeModel* m_treeModel = nullptr;
+    std::unique_ptr<QSizeGrip> m_sizeGrip;
+    std::vector<int> m_availableDefects;
+    std::unique_ptr<QTranslator> m_translator;
+    QString m_apiVersion;
+    ImageDoubleBuffer m_imageBuffer;
+    QWidget m_windowOverlay;
+    std::unique_ptr<AsynchronousCameraController> m_controller;
+};

@@ -1,0 +1,64 @@
+#!/usr/bin/env bash
+# Makes the pictures in docs/images: starts the program on the simulated cameras under a virtual display with a window
+# manager, works in it by mouse and keyboard, and takes screenshots. Usage: scripts/screenshots.sh [FOLDER]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/packages.sh build screenshots
+
+images=$(mkdir -p "${1:-docs/images}" && cd "${1:-docs/images}" && pwd)
+program=$PWD/build/bin/lorvane
+[ -x "$program" ] || { echo "Build the program first: ./run --build" >&2; exit 1; }
+
+work=$(mktemp -d)
+export DISPLAY=:${LORVANE_DISPLAY:-97}
+export ZLT_SIMULATION_STATE=$work/state
+started=()
+finish() {
+  for process in "${started[@]}"; do kill "$process" 2>/dev/null || true; done
+  wait 2>/dev/null || true
+  rm -rf "$work"
+}
+trap finish EXIT
+
+Xvfb "$DISPLAY" -screen 0 1600x1000x24 -nolisten tcp >"$work/xvfb.log" 2>&1 &
+started+=($!)
+for _ in $(seq 50); do xdotool getmouselocation >/dev/null 2>&1 && break; sleep 0.1; done
+openbox >"$work/openbox.log" 2>&1 &
+started+=($!)
+xcompmgr -n >"$work/xcompmgr.log" 2>&1 &
+started+=($!)
+xsetroot -solid '#3b4a5a'
+
+# The window whose title matches, once it is there.
+window() {
+  xdotool search --sync --onlyvisible --name "$1" 2>/dev/null | tail -n 1
+}
+# Clicks at a place of the main window.
+click() {
+  xdotool mousemove --window "$main" "$1" "$2" sleep 0.2 click 1 sleep 0.4
+}
+shoot() {
+  sleep "${2:-0.6}"
+  import -window root "$work/shot.png"
+  convert "$work/shot.png" -crop "${3:-1300x830+150+60}" +repage -strip "$images/$1.png"
+  echo "$images/$1.png"
+}
+
+cd "$work"
+"$program" >"$work/lorvane.log" 2>&1 &
+started+=($!)
+main=$(window '^Lorvane$')
+shoot welcome 2
+xdotool key Escape
+shoot main-window 1.5
+xdotool key p
+shoot select-a-camera
+xdotool key Escape
+click 190 60
+shoot tour 1
+click 190 60
+click 70 16
+shoot about 1
+xdotool key Escape
+click 140 16
+shoot about-qt 1

@@ -1,0 +1,31 @@
+// Events as a user's mouse would cause them, sent to one widget.
+#pragma once
+
+#include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QTimer>
+
+inline void SendMouse(QWidget& widget, QEvent::Type type, QPointF position, Qt::MouseButton button,
+                      Qt::MouseButtons buttons)
+{
+    const QPointF global = position + widget.mapToGlobal(QPoint(0, 0));
+    QMouseEvent event(type, position, position, global, button, buttons, Qt::NoModifier);
+    QApplication::sendEvent(&widget, &event);
+}
+
+// Opens the menu and chooses the action with this object name.
+inline void OpenContextMenu(QWidget& widget, QPoint position, const QString& actionName)
+{
+    QTimer::singleShot(0, &widget,
+                       [&actionName]
+                       {
+                           auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+                           menu->findChild<QAction*>(actionName)->trigger();
+                           menu->close();
+                       });
+    QContextMenuEvent event(QContextMenuEvent::Mouse, position, widget.mapToGlobal(position));
+    QApplication::sendEvent(&widget, &event);
+}
