@@ -43,7 +43,7 @@ QLabel* AddCaptionedRow(QGridLayout& grid, QWidget* field)
     {
         box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
         box->setMinimumContentsLength(0);
-        box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        box->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
     }
     const int row = grid.rowCount();
     grid.addWidget(caption, row, 0);

@@ -1,0 +1,562 @@
+// Camera options panel: what it shows, what it sends, and what it keeps to itself.
+#include "CameraOptionPanel.h"
+#include "ExposureScale.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QSlider>
+#include <QStyleOptionSlider>
+#include <QTest>
+#include <QTranslator>
+#include <QWheelEvent>
+
+#include <cmath>
+
+namespace
+{
+
+enum
+{
+    Gamma,
+    Gain,
+    Exposure,
+    BlackLevel,
+    Setpoint,
+    SetpointSelector,
+    ControlMode,
+    SetpointMode
+};
+
+struct Names
+{
+    int number;
+    const char* slider;
+    const char* field;
+    const char* minimum;
+    const char* maximum;
+};
+constexpr Names Controls[] = {
+    {Gamma, "sliderGamma", "currentGammaLabel", "minGammaLabel", "maxGammaLabel"},
+    {Gain, "sliderGain", "currentGainLabel", "minGainLabel", "maxGainLabel"},
+    {Exposure, "sliderExposure", "currentExposureLabel", "minExposureLabel", "maxExposureLabel"},
+    {BlackLevel, "sliderBlacklvl", "currentBlacklvlLabel", "minBlacklvlLabel", "maxBlacklvlLabel"},
+    {Setpoint, "sliderSetpointValue", "editSetpointValue", "minSetpointValue", "maxSetpointValue"},
+};
+
+class CameraOptionPanelTest : public testing::Test
+{
+protected:
+    CameraOptionPanelTest()
+    {
+        m_panel.SetSliders(0.25, 4.0, 1.0, Gamma);
+        m_panel.SetSliders(0.0, 24.0, 5.55, Gain);
+        m_panel.SetSliders(10.0, 1000000.0, 1000.0, Exposure);
+        m_panel.SetSliders(0.0, 255.0, 12.0, BlackLevel);
+        m_panel.SetSliders(-20.0, 40.0, -10.5, Setpoint);
+        m_panel.InitTemperatureWidgets(true);
+        m_panel.InitNucWidgets(true);
+        m_panel.resize(m_panel.sizeHint());
+        m_panel.show();
+        QApplication::setActiveWindow(&m_panel);
+        Settle();
+    }
+
+    // Layouts of nested widgets follow each other event by event.
+    static void Settle()
+    {
+        for (int round = 0; round < 5; ++round)
+        {
+            QApplication::processEvents();
+        }
+    }
+    template <class Widget> Widget& Find(const char* name)
+    {
+        auto* widget = m_panel.findChild<Widget*>(QLatin1String(name));
+        if (widget == nullptr)
+        {
+            throw std::runtime_error(name);
+        }
+        return *widget;
+    }
+    QSlider& Slider(int number) { return Find<QSlider>(Controls[number].slider); }
+    QLineEdit& Field(int number) { return Find<QLineEdit>(Controls[number].field); }
+    std::string Text(int number) { return Field(number).text().toStdString(); }
+
+    void Type(int number, const char* text)
+    {
+        Field(number).selectAll();
+        QTest::keyClicks(&Field(number), QLatin1String(text));
+    }
+    QPoint Handle(int number)
+    {
+        QSlider& slider = Slider(number);
+        QStyleOptionSlider option;
+        option.initFrom(&slider);
+        option.minimum = slider.minimum();
+        option.maximum = slider.maximum();
+        option.sliderPosition = slider.sliderPosition();
+        option.orientation = Qt::Horizontal;
+        return slider.style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, &slider).center();
+    }
+    // Value and number of the one signal since the last call; the number is -1 when there was none or more than one.
+    std::pair<double, int> TakeSent()
+    {
+        const bool isOne = m_sent.count() == 1;
+        const std::pair<double, int> result =
+            isOne ? std::make_pair(m_sent[0][0].toDouble(), m_sent[0][1].toInt()) : std::make_pair(0.0, -1);
+        m_sent.clear();
+        return result;
+    }
+
+    CameraOptionPanel m_panel;
+    QSignalSpy m_sent{&m_panel, &CameraOptionPanel::SendChangedSliderValue};
+};
+
+TEST(ExposureScaleTest, MapsBetweenTimesAndPositions)
+{
+    struct Case
+    {
+        double minimum, maximum, value;
+        int position;
+    };
+    const Case cases[] = {
+        {1.0, 1000000.0, 1000.0, 500000},
+        {1.0, 1000000.0, 1.0, 0},
+        {1.0, 1000000.0, 1000000.0, 1000000},
+        {27.5, 83000000.0, 83000000.0, 1000000},                   // the end, whatever the rounding of the logarithms
+        {10.0, 1000.0, 10.0 * std::pow(100.0, 0.2500009), 250000}, // truncated, not rounded
+        {10.0, 1000.0, 5.0, 0},                                    // outside of the range on both sides
+        {10.0, 1000.0, 1e300, 1000000},
+        {10.0, 10.0, 10.0, 0}, // a fixed exposure
+        {10.0, 1000.0, std::nan(""), 0},
+        {0.0, 1000.0, 0.0, 0}, // no logarithm
+        {0.0, 1000.0, 1.0, 500000},
+    };
+    for (const Case& test : cases)
+    {
+        SCOPED_TRACE(testing::Message() << test.minimum << ".." << test.maximum << ": " << test.value);
+        ExposureScale scale;
+        scale.SetRange(test.minimum, test.maximum, 0, 1000000);
+        EXPECT_NEAR(scale.PositionOf(test.value), test.position, test.value == 1000.0 || test.value == 1.0 ? 1 : 0);
+        EXPECT_EQ(scale.ValueAt(0), test.minimum);
+        EXPECT_NEAR(scale.ValueAt(1000000), test.maximum, test.maximum * 1e-12);
+    }
+}
+
+TEST_F(CameraOptionPanelTest, RangesAndValuesAreShownThreeTimesAndNotSentBack)
+{
+    const struct
+    {
+        int first, last, position;
+        const char *text, *minimum, *maximum;
+    } expected[] = {
+        {25, 400, 100, "1.00", "0.25", "4.00"},
+        {0, 2400, 555, "5.5", "0.0", "24.0"},
+        {0, 1000000, 400000, "1000.000", "10.000", "1000000.000"},
+        {0, 25500, 1200, "12", "0", "255"},
+        {-2000, 4000, -1050, "-10.5", "-20.0", "40.0"},
+    };
+    for (const Names& names : Controls)
+    {
+        SCOPED_TRACE(names.slider);
+        const auto& row = expected[names.number];
+        EXPECT_EQ(Slider(names.number).minimum(), row.first);
+        EXPECT_EQ(Slider(names.number).maximum(), row.last);
+        EXPECT_NEAR(Slider(names.number).value(), row.position, names.number == Exposure ? 1 : 0);
+        EXPECT_EQ(Text(names.number), names.number == Gain ? QString::number(5.55, 'f', 1).toStdString() : row.text);
+        EXPECT_EQ(Find<QLabel>(names.minimum).text(), row.minimum);
+        EXPECT_EQ(Find<QLabel>(names.maximum).text(), row.maximum);
+        EXPECT_TRUE(Slider(names.number).isEnabled());
+    }
+    m_panel.SetSliders(1.0, 2.0, 1.5, Gamma);
+    m_panel.SetSliders(1.0, 2.0, 1.5, 5);
+    m_panel.SetSliders(-1e300, 1e300, std::nan(""), BlackLevel);
+    EXPECT_EQ(m_sent.count(), 0);
+    EXPECT_EQ(m_panel.GetMinExposureValue(), 10.0);
+    EXPECT_NEAR(m_panel.GetMaxExposureValue(), 1000000.0, 1e-6);
+    EXPECT_EQ(m_panel.GetMaximumAutomaticExposure(), 1000000);
+}
+
+TEST_F(CameraOptionPanelTest, TypedNumbersAreLimitedByTheLabels)
+{
+    // An own range whose ends the labels round.
+    m_panel.SetSliders(0.04, 23.96, 5.0, Gain);
+    const struct
+    {
+        int control;
+        const char *typed, *text;
+        double sent;
+        int position;
+    } cases[] = {
+        {Gain, "30", "24.0", 24.0, 2396}, // the slider ends at the real maximum
+        {Gain, "24", "24.0", 24.0, 2396},
+        {Gain, "0", "0.0", 0.0, 4},
+        {Gain, "-3", "0.0", 0.0, 4},
+        {Gain, "2.345", "2.345", 2.345, 234},
+        {Gamma, "1.239", "1.239", 1.239, 123},
+        {Gamma, "9", "4.00", 4.0, 400},
+        {Exposure, "1e3", "1e3", 1000.0, 400000},
+        {Exposure, "1", "10.000", 10.0, 0},
+        {Exposure, "2000000", "1000000.000", 1000000.0, 1000000},
+        {BlackLevel, "7.5", "7.5", 7.5, 750},
+        {BlackLevel, "300", "255", 255.0, 25500},
+        {Setpoint, "12.5", "12.5", 12.5, 1250},
+        {Setpoint, "99", "40.0", 40.0, 4000},
+        {Setpoint, "-1e300", "-20.0", -20.0, -2000},
+    };
+    for (const auto& test : cases)
+    {
+        SCOPED_TRACE(testing::Message() << test.control << ' ' << test.typed);
+        Type(test.control, test.typed);
+        EXPECT_EQ(m_sent.count(), 0);
+        QTest::keyClick(&Field(test.control), Qt::Key_Return);
+        EXPECT_EQ(TakeSent(), std::make_pair(test.sent, test.control));
+        EXPECT_EQ(Text(test.control), test.text);
+        EXPECT_NEAR(Slider(test.control).value(), test.position, test.control == Exposure ? 1 : 0);
+    }
+}
+
+TEST_F(CameraOptionPanelTest, WhatIsNoNumberBringsTheFormerTextBack)
+{
+    for (const Names& names : Controls)
+    {
+        const std::string former = Text(names.number);
+        for (const char* typed : {"abc", "1,5", "nan", "inf", "1e999", "", " "})
+        {
+            SCOPED_TRACE(testing::Message() << names.field << " \"" << typed << '"');
+            Field(names.number).clear();
+            Type(names.number, typed);
+            QTest::keyClick(&Field(names.number), Qt::Key_Return);
+            EXPECT_EQ(m_sent.count(), 0);
+            EXPECT_EQ(Text(names.number), former);
+        }
+        Type(names.number, "3");
+        QTest::keyClick(&Field(names.number), Qt::Key_Escape);
+        EXPECT_EQ(Text(names.number), former);
+    }
+    CameraOptionPanel unused;
+    QSignalSpy sent(&unused, &CameraOptionPanel::SendChangedSliderValue);
+    unused.SetValuesFromAutomatic(5.0, 5.0);
+    EXPECT_EQ(sent.count(), 0) << "no camera has told its ranges";
+}
+
+TEST_F(CameraOptionPanelTest, LeavingAFieldSendsOnlyWhatWasChanged)
+{
+    Field(Gain).setFocus();
+    ASSERT_TRUE(Field(Gain).hasFocus());
+    Field(Exposure).setFocus();
+    Field(Setpoint).setFocus();
+    Field(Gain).setFocus();
+    EXPECT_EQ(m_sent.count(), 0) << "the shown number is rounded: passing by must not write it";
+    Type(Gain, "7.1");
+    Field(Exposure).setFocus();
+    EXPECT_EQ(TakeSent(), std::make_pair(7.1, int(Gain)));
+    Field(Gain).setFocus();
+    QTest::keyClick(&Field(Gain), Qt::Key_Return);
+    EXPECT_EQ(TakeSent(), std::make_pair(7.1, int(Gain))) << "Return confirms an unchanged number, too";
+}
+
+TEST_F(CameraOptionPanelTest, GammaFollowsADragAndTheOthersItsEnd)
+{
+    for (const Names& names : Controls)
+    {
+        SCOPED_TRACE(names.slider);
+        QSlider& slider = Slider(names.number);
+        const QPoint from = Handle(names.number);
+        const std::string former = Text(names.number);
+        QTest::mousePress(&slider, Qt::LeftButton, Qt::NoModifier, from);
+        for (const int distance : {20, 40})
+        {
+            QMouseEvent move(QEvent::MouseMove, from + QPoint(distance, 0), Qt::NoButton, Qt::LeftButton,
+                             Qt::NoModifier);
+            QApplication::sendEvent(&slider, &move);
+        }
+        EXPECT_EQ(m_sent.count(), names.number == Gamma ? 2 : 0);
+        EXPECT_EQ(Text(names.number) == former, names.number != Gamma);
+        QTest::mouseRelease(&slider, Qt::LeftButton, Qt::NoModifier, from + QPoint(40, 0));
+        ASSERT_EQ(m_sent.count(), names.number == Gamma ? 2 : 1);
+        const double sent = m_sent.last()[0].toDouble();
+        const double expected =
+            names.number == Exposure ? 10.0 * std::pow(1e5, slider.value() / 1e6) : slider.value() / 100.0;
+        EXPECT_NEAR(sent, expected, std::abs(expected) * 1e-9);
+        EXPECT_EQ(m_sent.last()[1].toInt(), names.number);
+        EXPECT_NE(Text(names.number), former);
+        m_sent.clear();
+    }
+}
+
+TEST_F(CameraOptionPanelTest, BothEndsOfTheExposureSliderAreTheEndsOfTheRange)
+{
+    QTest::keyClick(&Slider(Exposure), Qt::Key_End);
+    EXPECT_EQ(Text(Exposure), "1000000.000");
+    EXPECT_NEAR(TakeSent().first, 1000000.0, 1e-6);
+    QTest::keyClick(&Slider(Exposure), Qt::Key_Home);
+    EXPECT_EQ(Text(Exposure), "10.000");
+    EXPECT_EQ(TakeSent(), std::make_pair(10.0, int(Exposure)));
+}
+
+TEST_F(CameraOptionPanelTest, KeysAndClicksBesideTheHandleCountAsARelease)
+{
+    const std::pair<int, double> steps[] = {{Gamma, 1.01}, {Gain, 5.65}, {BlackLevel, 13.0}, {Setpoint, -9.5}};
+    for (const auto& [control, value] : steps)
+    {
+        QTest::keyClick(&Slider(control), Qt::Key_Right);
+        EXPECT_EQ(TakeSent(), std::make_pair(value, control));
+    }
+    QSlider& slider = Slider(BlackLevel);
+    QTest::mouseClick(&slider, Qt::LeftButton, Qt::NoModifier, QPoint(slider.width() - 3, slider.height() / 2));
+    EXPECT_EQ(TakeSent(), std::make_pair(25.0, int(BlackLevel)));
+    EXPECT_EQ(Text(BlackLevel), "25");
+}
+
+TEST_F(CameraOptionPanelTest, TheWheelScrollsThePanelAndChangesOnlyWhatHasTheFocus)
+{
+    m_panel.SetPixelFormats({"Mono8", "Mono12"}, "Mono8");
+    m_panel.resize(m_panel.width(), 300);
+    Settle();
+    QScrollBar& bar = *Find<QScrollArea>("optionScrollArea").verticalScrollBar();
+    const auto turn = [](QWidget& widget)
+    {
+        const QPointF center = widget.rect().center();
+        QWheelEvent event(center, widget.mapToGlobal(center.toPoint()), QPoint(), QPoint(0, -120), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&widget, &event);
+    };
+    qWarning("DBG %d", bar.maximum());
+    turn(*Find<QScrollArea>("optionScrollArea").widget());
+    qWarning("DBG %d", bar.value());
+    turn(Slider(Gain));
+    const int scrolled = bar.value();
+    EXPECT_GT(scrolled, 0);
+    turn(*m_panel.PixelFormatBox());
+    EXPECT_GT(bar.value(), scrolled);
+    EXPECT_EQ(m_sent.count(), 0);
+    EXPECT_EQ(m_panel.PixelFormatBox()->currentIndex(), 0);
+    Slider(Gain).setFocus();
+    turn(Slider(Gain));
+    EXPECT_EQ(TakeSent().second, int(Gain));
+}
+
+TEST_F(CameraOptionPanelTest, ResultsOfAutoModesAreShownButNotSent)
+{
+    m_panel.SetUpdatedSliderValues(50000.0, Exposure);
+    m_panel.SetUpdatedSliderValues(7.25, Gain);
+    m_panel.SetUpdatedSliderValues(33.0, BlackLevel);
+    m_panel.SetUpdatedSliderValues(2.0, Gamma);
+    m_panel.SetUpdatedSliderValues(2.0, Setpoint);
+    m_panel.SetUpdatedSliderValues(2.0, 9);
+    EXPECT_EQ(m_sent.count(), 0);
+    EXPECT_NEAR(Field(Exposure).text().toDouble(), 50000.0, 1.0);
+    EXPECT_EQ(Slider(Gain).value(), 725);
+    EXPECT_EQ(Text(Gain), QString::number(7.25, 'f', 1).toStdString());
+    EXPECT_EQ(Text(BlackLevel), "33");
+    EXPECT_EQ(Text(Gamma), "1.00");
+    EXPECT_EQ(Text(Setpoint), "-10.5");
+    QTest::keyClick(&Slider(Gain), Qt::Key_Right);
+    EXPECT_EQ(TakeSent(), std::make_pair(7.35, int(Gain))) << "signals flow again afterwards";
+}
+
+TEST_F(CameraOptionPanelTest, LocksDisableTheSliderAlone)
+{
+    for (const int control : {Gamma, Gain, Exposure, BlackLevel})
+    {
+        m_panel.LockChosenSliders(control, true);
+        EXPECT_FALSE(Slider(control).isEnabled());
+        EXPECT_TRUE(Field(control).isEnabled());
+        m_panel.LockChosenSliders(control, false);
+        EXPECT_TRUE(Slider(control).isEnabled());
+    }
+    m_panel.LockChosenSliders(Setpoint, true);
+    m_panel.LockChosenSliders(-1, true);
+    EXPECT_TRUE(Slider(Setpoint).isEnabled());
+}
+
+TEST_F(CameraOptionPanelTest, ValuesOfTheDetectionAreSentWithTheAutoModesOff)
+{
+    QStringList order;
+    QObject::connect(m_panel.OffAutoExposure(), &QPushButton::clicked, [&order] { order << "exposure off"; });
+    QObject::connect(m_panel.OffAutoGain(), &QPushButton::clicked, [&order] { order << "gain off"; });
+    QObject::connect(&m_panel, &CameraOptionPanel::SendChangedSliderValue,
+                     [&order](double value, int slider) { order << QStringLiteral("%1: %2").arg(slider).arg(value); });
+    Field(Gain).setFocus();
+    m_panel.SetValuesFromAutomatic(1000.0, 99.0);
+    EXPECT_EQ(order, QStringList({"exposure off", "2: 1000", "gain off", "1: 24"})) << "an unchanged exposure, too";
+    EXPECT_EQ(Text(Exposure), "1000.000");
+    EXPECT_EQ(Text(Gain), "24.0");
+}
+
+TEST_F(CameraOptionPanelTest, PixelFormatDecidesOverDebayering)
+{
+    QSignalSpy formats(&m_panel, &CameraOptionPanel::SendNewPixelFormat);
+    QSignalSpy defaults(&m_panel, &CameraOptionPanel::SetDebayeringtoDefault);
+    QComboBox& box = *m_panel.PixelFormatBox();
+    const QPushButton& debayering = *m_panel.DebayeringButton();
+    m_panel.SetPixelFormats({"Mono8", "BayerRG12", "BayerRG8", "BayerGB8"}, "BayerRG8");
+    EXPECT_EQ(box.currentText(), "BayerRG8");
+    EXPECT_TRUE(debayering.isEnabled());
+    EXPECT_EQ(formats.count() + defaults.count(), 0);
+    EXPECT_EQ(m_panel.findPixelFormat("Mono8"), 0);
+    EXPECT_EQ(m_panel.findPixelFormat("Mono"), -1);
+    EXPECT_EQ(m_panel.findPixelFormat("Bayer(GR|RG|BG|GB)8"), 2);
+    EXPECT_TRUE(m_panel.BayerFormatAvailable());
+
+    QTest::keyClick(&box, Qt::Key_Home);
+    EXPECT_EQ(formats.takeFirst()[0], "Mono8");
+    EXPECT_EQ(defaults.count(), 1);
+    EXPECT_FALSE(debayering.isEnabled());
+    m_panel.SetBoxIndexToDefault();
+    EXPECT_EQ(box.currentText(), "BayerRG8");
+    EXPECT_TRUE(debayering.isEnabled());
+    EXPECT_EQ(formats.count(), 0);
+
+    m_panel.SetPixelFormats({"Mono10", "BayerRG12"}, "Unlisted");
+    EXPECT_EQ(box.currentIndex(), -1);
+    EXPECT_FALSE(m_panel.BayerFormatAvailable());
+    EXPECT_EQ(formats.count(), 0);
+    const std::pair<const char*, bool> texts[] = {{"BayerGR8", true},    {"BayerBG8", true},   {"BayerRG12", false},
+                                                  {"BayerRG8p", false},  {"xBayerRG8", false}, {"bayerrg8", false},
+                                                  {"BayerRG8\n", false}, {"Mono8", false},     {"", false}};
+    for (const auto& [text, isBayer] : texts)
+    {
+        EXPECT_EQ(m_panel.CheckBayerFormat(text), isBayer) << text;
+    }
+}
+
+TEST_F(CameraOptionPanelTest, BoxesShowTheCamerasTextsAndSendTheUsersChoice)
+{
+    QSignalSpy chosen(&m_panel, &CameraOptionPanel::SendChangedComboboxValue);
+    QSignalSpy nuc(&m_panel, &CameraOptionPanel::SendNucModeValue);
+    const std::pair<int, const char*> boxes[] = {
+        {SetpointSelector, "cmbSetpointSelector"}, {ControlMode, "cmbControlMode"}, {SetpointMode, "cmbSetpointMode"}};
+    for (const auto& [number, name] : boxes)
+    {
+        SCOPED_TRACE(name);
+        auto& box = Find<QComboBox>(name);
+        m_panel.SetUpdatedComboboxValues({"1", "2", "3"}, "3", number);
+        EXPECT_EQ(box.currentText(), "3");
+        m_panel.SetUpdatedComboboxValues({}, "2", number);
+        m_panel.SetUpdatedComboboxValues({}, "", number);
+        EXPECT_EQ(box.count(), 3);
+        EXPECT_EQ(box.currentText(), "2");
+        EXPECT_EQ(chosen.count(), 0);
+        QTest::keyClick(&box, Qt::Key_Up);
+        ASSERT_EQ(chosen.count(), 1);
+        EXPECT_EQ(chosen.takeFirst(), QVariantList({"1", number}));
+    }
+    m_panel.SetUpdatedComboboxValues({"x"}, "x", Setpoint);
+    m_panel.SetNucModeValues({"Off", "Dataset"}, "Off");
+    EXPECT_EQ(nuc.count(), 0);
+    QTest::keyClick(&Find<QComboBox>("cmbNucMode"), Qt::Key_Down);
+    EXPECT_EQ(nuc.takeFirst()[0], "Dataset");
+    EXPECT_EQ(chosen.count(), 0);
+    m_panel.SetNucDescription("<b>100 us</b>");
+    EXPECT_EQ(Find<QLabel>("lblDatasetActiveDescr").text(), "<b>100 us</b>");
+    EXPECT_EQ(Find<QLabel>("lblDatasetActiveDescr").textFormat(), Qt::PlainText);
+}
+
+TEST_F(CameraOptionPanelTest, ActivationStaysDownUntilTheCameraIsDone)
+{
+    QSignalSpy activations(&m_panel, &CameraOptionPanel::SendActivateSetpoint);
+    auto& button = Find<QPushButton>("btnActivateSetpoint");
+    const auto click = [&button, &activations, this](bool isDown, int count)
+    {
+        Find<QScrollArea>("optionScrollArea").ensureWidgetVisible(&button);
+        QTest::mouseClick(&button, Qt::LeftButton);
+        EXPECT_EQ(button.isChecked(), isDown);
+        EXPECT_EQ(activations.count(), count) << "a press on the busy button sends nothing";
+    };
+    click(true, 1);
+    click(false, 1);
+    click(true, 2);
+    m_panel.ReleaseSetpointButton();
+    EXPECT_FALSE(button.isChecked());
+    EXPECT_EQ(activations.count(), 2);
+}
+
+TEST_F(CameraOptionPanelTest, AnUnstableSensorTurnsTheDisabledFieldYellow)
+{
+    auto& state = Find<QLineEdit>("editControlState");
+    EXPECT_FALSE(state.isEnabled());
+    const QString style =
+        "QLineEdit{\nborder-radius:6px;\nborder:1px solid rgb(89,89,89);\nbackground-color:rgb(37,38,39);"
+        "\ncolor: #dbdbdb;\nborder-radius: 6px;\npadding: 1px 0px 1px 3px;\nfont-size: 12px;\n}\n"
+        "QLineEdit:disabled{\ncolor: %1\n}";
+    for (const char* text : {"Stable", "Unstable", "stable", "Stable ", ""})
+    {
+        m_panel.OnControlStateChanged(text);
+        EXPECT_EQ(state.text(), text);
+        EXPECT_EQ(state.styleSheet(), style.arg(QLatin1String(text) == "Stable" ? "#7d8185" : "#ffff00"));
+    }
+    m_panel.OnActiveSetpointChanged("3");
+    EXPECT_EQ(Find<QLineEdit>("editActiveSetpoint").text(), "3");
+}
+
+TEST_F(CameraOptionPanelTest, GroupsComeAndGoWithTheCamera)
+{
+    const std::pair<const char*, void (CameraOptionPanel::*)(bool)> groups[] = {
+        {"frameTemperatureControl", &CameraOptionPanel::InitTemperatureWidgets},
+        {"frameNucControl", &CameraOptionPanel::InitNucWidgets}};
+    for (const auto& [name, initialise] : groups)
+    {
+        for (const bool active : {false, true})
+        {
+            (m_panel.*initialise)(active);
+            EXPECT_EQ(Find<QFrame>(name).isVisible(), active);
+            EXPECT_EQ(Find<QFrame>(name).isEnabled(), active);
+        }
+    }
+}
+
+class LongTexts : public QTranslator
+{
+public:
+    QString translate(const char*, const char* text, const char*, int) const override
+    {
+        return QString::fromLatin1(text) + QString(3 + static_cast<int>(qstrlen(text)) / 3, QLatin1Char('e'));
+    }
+    bool isEmpty() const override { return false; }
+};
+
+TEST_F(CameraOptionPanelTest, LongTextsOfAnotherLanguageAreNotCut)
+{
+    m_panel.SetUpdatedComboboxValues({"Off", "TemperatureRegulation"}, "TemperatureRegulation", ControlMode);
+    QWidget window;
+    auto* row = new QHBoxLayout(&window);
+    row->addWidget(&m_panel);
+    row->addStretch();
+    window.resize(800, 400);
+    window.show();
+    LongTexts translator;
+    for (const bool isTranslated : {true, false})
+    {
+        isTranslated ? QApplication::installTranslator(&translator) : QApplication::removeTranslator(&translator);
+        Settle();
+        EXPECT_EQ(m_panel.ContinuousAutoGain()->text(), isTranslated ? "Continuouseeeeee" : "Continuous");
+        const QWidget& contents = *Find<QScrollArea>("optionScrollArea").widget();
+        for (const QWidget* widget : contents.findChildren<QWidget*>())
+        {
+            if (widget->isVisible())
+            {
+                const QPoint end = widget->mapTo(&contents, widget->rect().topRight());
+                EXPECT_LT(end.x(), contents.parentWidget()->width()) << widget->objectName().toStdString();
+                const bool isWholeText =
+                    qobject_cast<const QComboBox*>(widget) || qobject_cast<const QPushButton*>(widget);
+                const QSize needed = isWholeText ? widget->sizeHint() : widget->minimumSizeHint();
+                EXPECT_GE(widget->width(), needed.width()) << widget->objectName().toStdString();
+            }
+        }
+    }
+    m_panel.setParent(nullptr);
+}
+
+} // namespace
