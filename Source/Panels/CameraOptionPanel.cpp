@@ -101,7 +101,15 @@ CameraOptionPanel::CameraOptionPanel(QWidget* parent) : QWidget(parent)
     InitNucWidgets(false);
 }
 
-CameraOptionPanel::~CameraOptionPanel() = default;
+// A field that has the focus reports the end of its editing while it is destroyed, which is after this part of the
+// panel.
+CameraOptionPanel::~CameraOptionPanel()
+{
+    for (QObject* child : findChildren<QObject*>())
+    {
+        child->disconnect(this);
+    }
+}
 
 void CameraOptionPanel::MakeConnections()
 {
