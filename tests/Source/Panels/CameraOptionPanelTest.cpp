@@ -1,0 +1,512 @@
+// Camera options panel: what it shows, what it sends, and what it keeps to itself.
+#include "CameraOptionPanel.h"
+#include "ExposureScale.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QSlider>
+#include <QTest>
+#include <QTranslator>
+#include <QWheelEvent>
+
+#include <cmath>
+
+namespace
+{
+
+constexpr int Gamma = 0, Gain = 1, Exposure = 2, BlackLevel = 3, Setpoint = 4;
+constexpr int SetpointSelector = 5, ControlMode = 6, SetpointMode = 7;
+
+// The controls in the order of their numbers, and what they show of the ranges that the fixture sets.
+struct Control
+{
+    const char *slider, *field, *minimum, *maximum;
+    int first, last, position;
+    const char *text, *minimumText, *maximumText;
+};
+constexpr Control Controls[] = {
+    {"sliderGamma", "currentGammaLabel", "minGammaLabel", "maxGammaLabel", 25, 400, 100, "1.00", "0.25", "4.00"},
+    {"sliderGain", "currentGainLabel", "minGainLabel", "maxGainLabel", 0, 2400, 556, "5.6", "0.0", "24.0"},
+    {"sliderExposure", "currentExposureLabel", "minExposureLabel", "maxExposureLabel", 0, 1000000, 400000, "1000.000",
+     "10.000", "1000000.000"},
+    {"sliderBlacklvl", "currentBlacklvlLabel", "minBlacklvlLabel", "maxBlacklvlLabel", 0, 25500, 1200, "12", "0",
+     "255"},
+    {"sliderSetpointValue", "editSetpointValue", "minSetpointValue", "maxSetpointValue", -2000, 4000, -1050, "-10.5",
+     "-20.0", "40.0"},
+};
+
+class CameraOptionPanelTest : public testing::Test
+{
+protected:
+    CameraOptionPanelTest()
+    {
+        m_panel.SetSliders(0.25, 4.0, 1.0, Gamma);
+        m_panel.SetSliders(0.0, 24.0, 5.56, Gain);
+        m_panel.SetSliders(10.0, 1000000.0, 1000.0, Exposure);
+        m_panel.SetSliders(0.0, 255.0, 12.0, BlackLevel);
+        m_panel.SetSliders(-20.0, 40.0, -10.5, Setpoint);
+        m_panel.InitTemperatureWidgets(true);
+        m_panel.InitNucWidgets(true);
+        m_panel.resize(m_panel.sizeHint());
+        m_panel.show();
+        QApplication::setActiveWindow(&m_panel);
+        Settle();
+    }
+
+    // Layouts of nested widgets follow each other event by event.
+    static void Settle()
+    {
+        for (int round = 0; round < 5; ++round)
+        {
+            QApplication::processEvents();
+        }
+    }
+    template <class Widget> Widget& Find(const char* name)
+    {
+        auto* widget = m_panel.findChild<Widget*>(QLatin1String(name));
+        if (widget == nullptr)
+        {
+            throw std::runtime_error(name);
+        }
+        return *widget;
+    }
+    QSlider& Slider(int number) { return Find<QSlider>(Controls[number].slider); }
+    QLineEdit& Field(int number) { return Find<QLineEdit>(Controls[number].field); }
+    std::string Text(int number) { return Field(number).text().toStdString(); }
+
+    void Type(int number, const char* text)
+    {
+        Field(number).selectAll();
+        QTest::keyClicks(&Field(number), QLatin1String(text));
+    }
+    QPoint Handle(int number)
+    {
+        constexpr int HandleWidth = 14;
+        const QSlider& slider = Slider(number);
+        const double part = double(slider.value() - slider.minimum()) / (slider.maximum() - slider.minimum());
+        return {HandleWidth / 2 + int(part * (slider.width() - HandleWidth)), slider.height() / 2};
+    }
+    // Value and number of the one signal since the last call; the number is -1 when there was none or more than one.
+    std::pair<double, int> TakeSent()
+    {
+        const QVariantList sent = m_sent.count() == 1 ? m_sent[0] : QVariantList{0.0, -1};
+        m_sent.clear();
+        return {sent[0].toDouble(), sent[1].toInt()};
+    }
+
+    CameraOptionPanel m_panel;
+    QSignalSpy m_sent{&m_panel, &CameraOptionPanel::SendChangedSliderValue};
+};
+
+TEST(ExposureScaleTest, MapsBetweenTimesAndPositions)
+{
+    struct Case
+    {
+        double minimum, maximum, value;
+        int position;
+    };
+    const Case cases[] = {
+        {1.0, 1000000.0, 1000.0, 500000},
+        {1.0, 1000000.0, 1000000.0, 1000000},
+        {27.5, 83000000.0, 83000000.0, 1000000},                   // the end, whatever the rounding of the logarithms
+        {10.0, 1000.0, 10.0 * std::pow(100.0, 0.2500009), 250000}, // truncated, not rounded
+        {10.0, 1000.0, 5.0, 0},                                    // below the range
+        {10.0, 10.0, 10.0, 0},                                     // a fixed exposure
+        {10.0, 1000.0, std::nan(""), 0},
+        {0.0, 1000.0, 0.0, 0}, // no logarithm
+        {0.0, 1000.0, 1.0, 500000},
+    };
+    for (const Case& test : cases)
+    {
+        SCOPED_TRACE(testing::Message() << test.minimum << ".." << test.maximum << ": " << test.value);
+        ExposureScale scale;
+        scale.SetRange(test.minimum, test.maximum, 0, 1000000);
+        EXPECT_NEAR(scale.PositionOf(test.value), test.position, test.value == 1000.0 || test.value == 1.0 ? 1 : 0);
+        EXPECT_EQ(scale.ValueAt(0), test.minimum);
+        EXPECT_NEAR(scale.ValueAt(1000000), test.maximum, test.maximum * 1e-12);
+    }
+}
+
+TEST_F(CameraOptionPanelTest, RangesAndValuesAreShownThreeTimesAndNotSentBack)
+{
+    for (int number = Gamma; number <= Setpoint; ++number)
+    {
+        const Control& control = Controls[number];
+        SCOPED_TRACE(control.slider);
+        EXPECT_EQ(Slider(number).minimum(), control.first);
+        EXPECT_EQ(Slider(number).maximum(), control.last);
+        EXPECT_NEAR(Slider(number).value(), control.position, number == Exposure ? 1 : 0);
+        EXPECT_EQ(Text(number), control.text);
+        EXPECT_EQ(Find<QLabel>(control.minimum).text(), control.minimumText);
+        EXPECT_EQ(Find<QLabel>(control.maximum).text(), control.maximumText);
+    }
+    m_panel.SetSliders(1.0, 2.0, 1.5, Gamma);
+    m_panel.SetSliders(1.0, 2.0, 1.5, 5);
+    m_panel.SetSliders(-1e300, 1e300, std::nan(""), BlackLevel);
+    EXPECT_EQ(m_sent.count(), 0);
+    EXPECT_EQ(m_panel.GetMinExposureValue(), 10.0);
+    EXPECT_NEAR(m_panel.GetMaxExposureValue(), 1000000.0, 1e-6);
+    EXPECT_EQ(m_panel.GetMaximumAutomaticExposure(), 1000000);
+}
+
+TEST_F(CameraOptionPanelTest, TypedNumbersAreLimitedByTheLabels)
+{
+    // An own range whose ends the labels round.
+    m_panel.SetSliders(0.04, 23.96, 5.0, Gain);
+    const struct
+    {
+        int control, position;
+        const char *typed, *text;
+        double sent;
+    } cases[] = {
+        {Gain, 2396, "30", "24.0", 24.0}, // the slider ends at the real maximum
+        {Gain, 2396, "24", "24.0", 24.0},
+        {Gain, 4, "0", "0.0", 0.0},
+        {Gain, 234, "2.345", "2.345", 2.345},
+        {Gamma, 123, "1.239", "1.239", 1.239},
+        {Exposure, 400000, "1e3", "1e3", 1000.0},
+        {Exposure, 0, "1", "10.000", 10.0},
+        {Exposure, 1000000, "2000000", "1000000.000", 1000000.0},
+        {BlackLevel, 25500, "300", "255", 255.0},
+        {Setpoint, 1250, "12.5", "12.5", 12.5},
+        {Setpoint, 4000, "99", "40.0", 40.0},
+        {Setpoint, -2000, "-1e300", "-20.0", -20.0},
+    };
+    for (const auto& test : cases)
+    {
+        SCOPED_TRACE(testing::Message() << test.control << ' ' << test.typed);
+        Type(test.control, test.typed);
+        EXPECT_EQ(m_sent.count(), 0);
+        QTest::keyClick(&Field(test.control), Qt::Key_Return);
+        EXPECT_EQ(TakeSent(), std::make_pair(test.sent, test.control));
+        EXPECT_EQ(Text(test.control), test.text);
+        EXPECT_NEAR(Slider(test.control).value(), test.position, test.control == Exposure ? 1 : 0);
+    }
+}
+
+TEST_F(CameraOptionPanelTest, WhatIsNoNumberBringsTheFormerTextBack)
+{
+    for (int number = Gamma; number <= Setpoint; ++number)
+    {
+        for (const char* typed : {"abc", "1,5", "nan", "inf", "1e999", "", "3"})
+        {
+            SCOPED_TRACE(testing::Message() << number << " \"" << typed << '"');
+            Field(number).clear();
+            Type(number, typed);
+            QTest::keyClick(&Field(number), QLatin1String(typed) == "3" ? Qt::Key_Escape : Qt::Key_Return);
+            EXPECT_EQ(m_sent.count(), 0);
+            EXPECT_EQ(Text(number), Controls[number].text);
+        }
+    }
+    CameraOptionPanel unused;
+    QSignalSpy sent(&unused, &CameraOptionPanel::SendChangedSliderValue);
+    unused.SetValuesFromAutomatic(5.0, 5.0);
+    EXPECT_EQ(sent.count(), 0) << "no camera has told its ranges";
+}
+
+TEST_F(CameraOptionPanelTest, LeavingAFieldSendsOnlyWhatWasChanged)
+{
+    Field(Gain).setFocus();
+    ASSERT_TRUE(Field(Gain).hasFocus());
+    Field(Exposure).setFocus();
+    Field(Setpoint).setFocus();
+    Field(Gain).setFocus();
+    EXPECT_EQ(m_sent.count(), 0) << "the shown number is rounded: passing by must not write it";
+    Type(Gain, "7.1");
+    Field(Exposure).setFocus();
+    EXPECT_EQ(TakeSent(), std::make_pair(7.1, Gain));
+    Field(Gain).setFocus();
+    QTest::keyClick(&Field(Gain), Qt::Key_Return);
+    EXPECT_EQ(TakeSent(), std::make_pair(7.1, Gain)) << "Return confirms an unchanged number, too";
+}
+
+TEST_F(CameraOptionPanelTest, GammaFollowsADragAndTheOthersItsEnd)
+{
+    for (int number = Gamma; number <= Setpoint; ++number)
+    {
+        SCOPED_TRACE(number);
+        QSlider& slider = Slider(number);
+        const QPoint from = Handle(number);
+        const std::string former = Text(number);
+        QTest::mousePress(&slider, Qt::LeftButton, Qt::NoModifier, from);
+        for (const int distance : {20, 40})
+        {
+            QMouseEvent move(QEvent::MouseMove, from + QPoint(distance, 0), Qt::NoButton, Qt::LeftButton,
+                             Qt::NoModifier);
+            QApplication::sendEvent(&slider, &move);
+        }
+        EXPECT_EQ(m_sent.count(), number == Gamma ? 2 : 0);
+        EXPECT_EQ(Text(number) == former, number != Gamma);
+        QTest::mouseRelease(&slider, Qt::LeftButton, Qt::NoModifier, from + QPoint(40, 0));
+        ASSERT_EQ(m_sent.count(), number == Gamma ? 2 : 1);
+        const double sent = m_sent.last()[0].toDouble();
+        const double expected =
+            number == Exposure ? 10.0 * std::pow(1e5, slider.value() / 1e6) : slider.value() / 100.0;
+        EXPECT_NEAR(sent, expected, std::abs(expected) * 1e-9);
+        EXPECT_EQ(m_sent.last()[1].toInt(), number);
+        EXPECT_NE(Text(number), former);
+        m_sent.clear();
+    }
+}
+
+TEST_F(CameraOptionPanelTest, KeysAndClicksBesideTheHandleCountAsARelease)
+{
+    const std::pair<int, double> steps[] = {{Gamma, 1.01}, {Gain, 5.66}, {BlackLevel, 13.0}, {Setpoint, -9.5}};
+    for (const auto& [control, value] : steps)
+    {
+        QTest::keyClick(&Slider(control), Qt::Key_Right);
+        EXPECT_EQ(TakeSent(), std::make_pair(value, control));
+    }
+    QTest::keyClick(&Slider(Exposure), Qt::Key_End);
+    EXPECT_EQ(Text(Exposure), "1000000.000");
+    EXPECT_NEAR(TakeSent().first, 1000000.0, 1e-6);
+    QTest::keyClick(&Slider(Exposure), Qt::Key_Home);
+    EXPECT_EQ(TakeSent(), std::make_pair(10.0, Exposure));
+    QSlider& slider = Slider(BlackLevel);
+    QTest::mouseClick(&slider, Qt::LeftButton, Qt::NoModifier, QPoint(slider.width() - 3, slider.height() / 2));
+    EXPECT_EQ(TakeSent(), std::make_pair(25.0, BlackLevel));
+    EXPECT_EQ(Text(BlackLevel), "25");
+}
+
+TEST_F(CameraOptionPanelTest, TheWheelScrollsThePanelAndChangesOnlyWhatHasTheFocus)
+{
+    m_panel.SetPixelFormats({"Mono8", "Mono12"}, "Mono8");
+    m_panel.resize(m_panel.width(), 300);
+    Settle();
+    QScrollBar& bar = *Find<QScrollArea>("optionScrollArea").verticalScrollBar();
+    const auto turn = [](QWidget& widget)
+    {
+        const QPointF center = widget.rect().center();
+        QWheelEvent event(center, widget.mapToGlobal(center.toPoint()), QPoint(), QPoint(0, -120), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QSpontaneKeyEvent::setSpontaneous(&event);
+        qApp->notify(&widget, &event);
+    };
+    turn(Slider(Gain));
+    const int scrolled = bar.value();
+    EXPECT_GT(scrolled, 0);
+    turn(*m_panel.PixelFormatBox());
+    EXPECT_GT(bar.value(), scrolled);
+    EXPECT_EQ(m_sent.count(), 0);
+    EXPECT_EQ(m_panel.PixelFormatBox()->currentIndex(), 0);
+    Slider(Gain).setFocus();
+    turn(Slider(Gain));
+    EXPECT_EQ(TakeSent().second, Gain);
+}
+
+TEST_F(CameraOptionPanelTest, ResultsOfAutoModesAreShownButNotSent)
+{
+    m_panel.SetUpdatedSliderValues(50000.0, Exposure);
+    m_panel.SetUpdatedSliderValues(7.25, Gain);
+    m_panel.SetUpdatedSliderValues(33.0, BlackLevel);
+    m_panel.SetUpdatedSliderValues(2.0, Gamma);
+    m_panel.SetUpdatedSliderValues(2.0, Setpoint);
+    m_panel.SetUpdatedSliderValues(2.0, 9);
+    EXPECT_EQ(m_sent.count(), 0);
+    EXPECT_NEAR(Field(Exposure).text().toDouble(), 50000.0, 1.0);
+    EXPECT_EQ(Slider(Gain).value(), 725);
+    EXPECT_EQ(Text(Gain), QString::number(7.25, 'f', 1).toStdString());
+    EXPECT_EQ(Text(BlackLevel), "33");
+    EXPECT_EQ(Text(Gamma), "1.00");
+    EXPECT_EQ(Text(Setpoint), "-10.5");
+    QTest::keyClick(&Slider(Gain), Qt::Key_Right);
+    EXPECT_EQ(TakeSent(), std::make_pair(7.35, Gain)) << "signals flow again afterwards";
+}
+
+TEST_F(CameraOptionPanelTest, LocksDisableTheSliderAlone)
+{
+    for (const bool locked : {true, false})
+    {
+        for (const int control : {Gamma, Gain, Exposure, BlackLevel})
+        {
+            m_panel.LockChosenSliders(control, locked);
+            EXPECT_EQ(Slider(control).isEnabled(), !locked);
+            EXPECT_TRUE(Field(control).isEnabled());
+        }
+    }
+}
+
+TEST_F(CameraOptionPanelTest, ValuesOfTheDetectionAreSentWithTheAutoModesOff)
+{
+    QStringList order;
+    QObject::connect(m_panel.OffAutoExposure(), &QPushButton::clicked, [&order] { order << "exposure off"; });
+    QObject::connect(m_panel.OffAutoGain(), &QPushButton::clicked, [&order] { order << "gain off"; });
+    QObject::connect(&m_panel, &CameraOptionPanel::SendChangedSliderValue,
+                     [&order](double value, int slider) { order << QStringLiteral("%1: %2").arg(slider).arg(value); });
+    Field(Gain).setFocus();
+    m_panel.SetValuesFromAutomatic(1000.0, 99.0);
+    EXPECT_EQ(order, QStringList({"exposure off", "2: 1000", "gain off", "1: 24"})) << "an unchanged exposure, too";
+    EXPECT_EQ(Text(Exposure), "1000.000");
+    EXPECT_EQ(Text(Gain), "24.0");
+}
+
+TEST_F(CameraOptionPanelTest, PixelFormatDecidesOverDebayering)
+{
+    QSignalSpy formats(&m_panel, &CameraOptionPanel::SendNewPixelFormat);
+    QSignalSpy defaults(&m_panel, &CameraOptionPanel::SetDebayeringtoDefault);
+    QComboBox& box = *m_panel.PixelFormatBox();
+    const QPushButton& debayering = *m_panel.DebayeringButton();
+    m_panel.SetPixelFormats({"Mono8", "BayerRG12", "BayerRG8", "BayerGB8"}, "BayerRG8");
+    EXPECT_EQ(box.currentText(), "BayerRG8");
+    EXPECT_TRUE(debayering.isEnabled());
+    EXPECT_EQ(formats.count() + defaults.count(), 0);
+    EXPECT_EQ(m_panel.findPixelFormat("Mono8"), 0);
+    EXPECT_EQ(m_panel.findPixelFormat("Mono"), -1);
+    EXPECT_EQ(m_panel.findPixelFormat("Bayer(GR|RG|BG|GB)8"), 2);
+    EXPECT_TRUE(m_panel.BayerFormatAvailable());
+
+    QTest::keyClick(&box, Qt::Key_Home);
+    EXPECT_EQ(formats.takeFirst()[0], "Mono8");
+    EXPECT_EQ(defaults.count(), 1);
+    EXPECT_FALSE(debayering.isEnabled());
+    m_panel.SetBoxIndexToDefault();
+    EXPECT_EQ(box.currentText(), "BayerRG8");
+    EXPECT_TRUE(debayering.isEnabled());
+    EXPECT_EQ(formats.count(), 0);
+
+    m_panel.SetPixelFormats({"Mono10", "BayerRG12"}, "Unlisted");
+    EXPECT_EQ(box.currentIndex(), -1);
+    EXPECT_FALSE(m_panel.BayerFormatAvailable());
+    EXPECT_EQ(formats.count(), 0);
+    const std::pair<const char*, bool> texts[] = {{"BayerGR8", true},    {"BayerBG8", true},   {"BayerRG12", false},
+                                                  {"BayerRG8p", false},  {"xBayerRG8", false}, {"bayerrg8", false},
+                                                  {"BayerRG8\n", false}, {"Mono8", false},     {"", false}};
+    for (const auto& [text, isBayer] : texts)
+    {
+        EXPECT_EQ(m_panel.CheckBayerFormat(text), isBayer) << text;
+    }
+}
+
+TEST_F(CameraOptionPanelTest, BoxesShowTheCamerasTextsAndSendTheUsersChoice)
+{
+    QSignalSpy chosen(&m_panel, &CameraOptionPanel::SendChangedComboboxValue);
+    QSignalSpy nuc(&m_panel, &CameraOptionPanel::SendNucModeValue);
+    const std::pair<int, const char*> boxes[] = {
+        {SetpointSelector, "cmbSetpointSelector"}, {ControlMode, "cmbControlMode"}, {SetpointMode, "cmbSetpointMode"}};
+    for (const auto& [number, name] : boxes)
+    {
+        SCOPED_TRACE(name);
+        auto& box = Find<QComboBox>(name);
+        m_panel.SetUpdatedComboboxValues({"1", "2", "3"}, "3", number);
+        EXPECT_EQ(box.currentText(), "3");
+        m_panel.SetUpdatedComboboxValues({}, "2", number);
+        m_panel.SetUpdatedComboboxValues({}, "", number);
+        EXPECT_EQ(box.count(), 3);
+        EXPECT_EQ(box.currentText(), "2");
+        EXPECT_EQ(chosen.count(), 0);
+        QTest::keyClick(&box, Qt::Key_Up);
+        ASSERT_EQ(chosen.count(), 1);
+        EXPECT_EQ(chosen.takeFirst(), QVariantList({"1", number}));
+    }
+    m_panel.SetUpdatedComboboxValues({"x"}, "x", Setpoint);
+    m_panel.SetNucModeValues({"Off", "Dataset"}, "Off");
+    EXPECT_EQ(nuc.count(), 0);
+    QTest::keyClick(&Find<QComboBox>("cmbNucMode"), Qt::Key_Down);
+    EXPECT_EQ(nuc.takeFirst()[0], "Dataset");
+    EXPECT_EQ(chosen.count(), 0);
+    m_panel.SetNucDescription("<b>100 us</b>");
+    EXPECT_EQ(Find<QLabel>("lblDatasetActiveDescr").text(), "<b>100 us</b>");
+    EXPECT_EQ(Find<QLabel>("lblDatasetActiveDescr").textFormat(), Qt::PlainText);
+}
+
+TEST_F(CameraOptionPanelTest, ActivationStaysDownUntilTheCameraIsDone)
+{
+    QSignalSpy activations(&m_panel, &CameraOptionPanel::SendActivateSetpoint);
+    auto& button = Find<QPushButton>("btnActivateSetpoint");
+    Find<QScrollArea>("optionScrollArea").ensureWidgetVisible(&button);
+    // A press on the busy button releases it and sends nothing.
+    for (const auto& [isDown, count] : {std::make_pair(true, 1), std::make_pair(false, 1), std::make_pair(true, 2)})
+    {
+        QTest::mouseClick(&button, Qt::LeftButton);
+        EXPECT_EQ(button.isChecked(), isDown);
+        EXPECT_EQ(activations.count(), count);
+    }
+    m_panel.ReleaseSetpointButton();
+    EXPECT_FALSE(button.isChecked());
+    EXPECT_EQ(activations.count(), 2);
+}
+
+TEST_F(CameraOptionPanelTest, AnUnstableSensorTurnsTheDisabledFieldYellow)
+{
+    auto& state = Find<QLineEdit>("editControlState");
+    EXPECT_FALSE(state.isEnabled());
+    const QString style =
+        "QLineEdit{\nborder-radius:6px;\nborder:1px solid rgb(89,89,89);\nbackground-color:rgb(37,38,39);"
+        "\ncolor: #dbdbdb;\nborder-radius: 6px;\npadding: 1px 0px 1px 3px;\nfont-size: 12px;\n}\n"
+        "QLineEdit:disabled{\ncolor: %1\n}";
+    for (const char* text : {"Stable", "Unstable", "stable", "Stable ", ""})
+    {
+        m_panel.OnControlStateChanged(text);
+        EXPECT_EQ(state.text(), text);
+        EXPECT_EQ(state.styleSheet(), style.arg(QLatin1String(text) == "Stable" ? "#7d8185" : "#ffff00"));
+    }
+    m_panel.OnActiveSetpointChanged("3");
+    EXPECT_EQ(Find<QLineEdit>("editActiveSetpoint").text(), "3");
+}
+
+TEST_F(CameraOptionPanelTest, GroupsComeAndGoWithTheCamera)
+{
+    for (const bool active : {false, true})
+    {
+        m_panel.InitTemperatureWidgets(active);
+        m_panel.InitNucWidgets(!active);
+        EXPECT_EQ(Find<QFrame>("frameTemperatureControl").isVisible(), active);
+        EXPECT_EQ(Find<QFrame>("frameTemperatureControl").isEnabled(), active);
+        EXPECT_EQ(Find<QFrame>("frameNucControl").isVisible(), !active);
+        EXPECT_EQ(Find<QFrame>("frameNucControl").isEnabled(), !active);
+    }
+}
+
+class LongTexts : public QTranslator
+{
+public:
+    QString translate(const char*, const char* text, const char*, int) const override
+    {
+        return QString::fromLatin1(text) + QString(3 + static_cast<int>(qstrlen(text)) / 3, QLatin1Char('e'));
+    }
+    bool isEmpty() const override { return false; }
+};
+
+TEST_F(CameraOptionPanelTest, LongTextsOfAnotherLanguageAreNotCut)
+{
+    m_panel.SetUpdatedComboboxValues({"Off", "TemperatureRegulation"}, "TemperatureRegulation", ControlMode);
+    QWidget window;
+    auto* row = new QHBoxLayout(&window);
+    row->addWidget(&m_panel);
+    row->addStretch();
+    window.resize(800, 400);
+    window.show();
+    LongTexts translator;
+    for (const bool isTranslated : {true, false})
+    {
+        isTranslated ? QApplication::installTranslator(&translator) : QApplication::removeTranslator(&translator);
+        Settle();
+        EXPECT_EQ(m_panel.ContinuousAutoGain()->text(), isTranslated ? "Continuouseeeeee" : "Continuous");
+        const QWidget& contents = *Find<QScrollArea>("optionScrollArea").widget();
+        for (const QWidget* widget : contents.findChildren<QWidget*>())
+        {
+            if (widget->isVisible())
+            {
+                const QPoint end = widget->mapTo(&contents, widget->rect().topRight());
+                EXPECT_LT(end.x(), contents.parentWidget()->width()) << widget->objectName().toStdString();
+                const bool isWholeText =
+                    qobject_cast<const QComboBox*>(widget) || qobject_cast<const QPushButton*>(widget);
+                const QSize needed = isWholeText ? widget->sizeHint() : widget->minimumSizeHint();
+                EXPECT_GE(widget->width(), needed.width()) << widget->objectName().toStdString();
+            }
+        }
+    }
+    m_panel.setParent(nullptr);
+}
+
+} // namespace
