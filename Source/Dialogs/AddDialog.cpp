@@ -45,6 +45,7 @@ AddDialog::AddDialog(QWidget* parent, int width, int height, const std::vector<i
     connect(m_ui->cancelButton, &QPushButton::clicked, this, &AddDialog::OnCancelButtonClick);
     connect(m_ui->exitButton, &QPushButton::clicked, this, &AddDialog::OnCancelButtonClick);
     OnCurrentItemChanged(0);
+    m_ui->comboBox->setFocus();
 }
 
 void AddDialog::SetStrings()

@@ -24,6 +24,7 @@ EditPixelDialog::EditPixelDialog(QWidget* parent, int type, int x, int y, int se
     Limit(m_ui->lineEditWidth, 1, m_roomRight - 1);
     Limit(m_ui->lineEditHeight, 1, m_roomBelow - 1);
     FixFields();
+    (type == DefectUiType::Row ? m_ui->lineEditY : m_ui->lineEditX)->setFocus();
     // A cluster has no item and shows none.
     if (type != DefectUiType::Cluster && !KindText(type).isEmpty())
     {

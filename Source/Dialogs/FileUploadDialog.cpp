@@ -63,11 +63,19 @@ FileUploadDialog::FileUploadDialog(CorrectionSetData* set, QList<CorrectionSetDa
     }
     connect(m_ui->exitButton, &QPushButton::clicked, this, &QWidget::close);
     connect(m_ui->buttonOK, &QPushButton::clicked, this, &QDialog::accept);
+    m_ui->editGain->setFocus();
     SetStrings();
     OnMetadataChange();
 }
 
-FileUploadDialog::~FileUploadDialog() = default;
+FileUploadDialog::~FileUploadDialog()
+{
+    // A field that loses the focus with its window would still call.
+    for (const QLineEdit* field : {m_ui->editGain, m_ui->editExposure, m_ui->editTemperature})
+    {
+        field->disconnect(this);
+    }
+}
 
 void FileUploadDialog::OnMetadataChange()
 {
@@ -99,6 +107,12 @@ void FileUploadDialog::changeEvent(QEvent* event)
     EntryDialog::changeEvent(event);
 }
 
+void FileUploadDialog::showEvent(QShowEvent* event)
+{
+    EntryDialog::showEvent(event);
+    FitHeight();
+}
+
 void FileUploadDialog::FillFields()
 {
     m_ui->editGain->setText(Number(m_set->getMetadata(Keys::CORRECTION_SET_METADATA_GAIN).value_or(MissingGain)));
@@ -115,7 +129,22 @@ void FileUploadDialog::ShowDuplicate()
         m_ui->labelWarning->setText(m_warning.arg(m_resultSetName, QString::fromStdString(m_set->getName())));
     }
     m_ui->labelWarning->setVisible(!m_newSet);
-    adjustSize();
+    if (isVisible())
+    {
+        FitHeight();
+    }
+}
+
+// The warning takes the more lines, the narrower the dialog is: only the height follows it.
+void FileUploadDialog::FitHeight()
+{
+    // From the inside outwards, so that no size comes from before.
+    m_ui->contentLayout->activate();
+    m_ui->frameLayout->activate();
+    layout()->activate();
+    const int height = layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(minimumWidth())
+                                                     : layout()->totalSizeHint().height();
+    resize(minimumWidth(), height);
 }
 
 void FileUploadDialog::SetStrings()

@@ -35,10 +35,12 @@ public Q_SLOTS:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void FillFields();
     void ShowDuplicate();
+    void FitHeight();
     void SetStrings();
 
     std::unique_ptr<Ui::FileUploadDialog> m_ui;

@@ -1,21 +1,25 @@
 // One list of correction sets: a combo box with the switch for the correction and the button for the default set.
 #include "CorrectionListWidget.h"
 
+#include "CommandIcon.h"
 #include "CorrectionSetData.h"
 #include "CorrectionSetMetadata.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QEvent>
-#include <QHBoxLayout>
+#include <QGridLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QStyledItemDelegate>
 
 namespace
 {
 
-constexpr int ButtonSize = 30;
-constexpr int IconSize = 18;
+constexpr int BoxHeight = 30;
+constexpr QSize SwitchSize(42, 26);
+constexpr QSize ButtonSize(26, 26);
+constexpr QSize IconSize(16, 16);
 
 // Without all three values there is nothing to show.
 QString MetadataDescription(int index, const CorrectionSetData& set)
@@ -36,30 +40,35 @@ QString MetadataDescription(int index, const CorrectionSetData& set)
 
 CorrectionListWidget::CorrectionListWidget(QWidget* parent)
     : QWidget(parent),
+      m_titleLabel(new QLabel(this)),
       m_comboBox(new QComboBox(this)),
       m_dpcEnableButton(new QPushButton(this)),
       m_defaultSetButton(new QPushButton(this))
 {
+    m_titleLabel->setObjectName(QStringLiteral("titleLabel"));
+    m_titleLabel->setBuddy(m_comboBox);
     m_comboBox->setObjectName(QStringLiteral("comboBox"));
     m_dpcEnableButton->setObjectName(QStringLiteral("dpcEnableButton"));
     m_defaultSetButton->setObjectName(QStringLiteral("defaultSetButton"));
 
     m_comboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_comboBox->setMinimumContentsLength(8);
-    m_comboBox->setMinimumHeight(ButtonSize);
+    m_comboBox->setMinimumHeight(BoxHeight);
     // The default delegate of combo boxes knows nothing of style sheets.
     m_comboBox->setItemDelegate(new QStyledItemDelegate(m_comboBox));
-    m_dpcEnableButton->setFixedSize(ButtonSize + 10, ButtonSize);
-    m_defaultSetButton->setFixedSize(ButtonSize, ButtonSize);
-    m_defaultSetButton->setIcon(QIcon(QStringLiteral(":/icons/resources/default-set.svg")));
-    m_defaultSetButton->setIconSize({IconSize, IconSize});
+    m_dpcEnableButton->setFixedSize(SwitchSize);
+    m_defaultSetButton->setFixedSize(ButtonSize);
+    SetCommandIcon(m_defaultSetButton, QStringLiteral("default-set"), IconSize);
 
-    auto* layout = new QHBoxLayout(this);
+    // The lines of the box are long: it has the whole width.
+    auto* layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(6);
-    layout->addWidget(m_comboBox, 1);
-    layout->addWidget(m_dpcEnableButton);
-    layout->addWidget(m_defaultSetButton);
+    layout->setSpacing(4);
+    layout->setColumnStretch(0, 1);
+    layout->addWidget(m_titleLabel, 0, 0);
+    layout->addWidget(m_dpcEnableButton, 0, 1);
+    layout->addWidget(m_defaultSetButton, 0, 2);
+    layout->addWidget(m_comboBox, 1, 0, 1, 3);
 
     connect(m_comboBox, qOverload<int>(&QComboBox::activated), this, &CorrectionListWidget::OnComboBoxActivated);
     // The line may be longer than the box.
@@ -70,6 +79,11 @@ CorrectionListWidget::CorrectionListWidget(QWidget* parent)
             [this] { Q_EMIT dpcEnableClicked(m_comboBox->currentIndex()); });
     SetDpcEnableButton(false);
     SetStrings();
+}
+
+void CorrectionListWidget::SetTitle(const QString& title)
+{
+    m_titleLabel->setText(title);
 }
 
 void CorrectionListWidget::Add(CorrectionSetData* set)

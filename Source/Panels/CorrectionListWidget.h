@@ -6,6 +6,7 @@
 
 class CorrectionSetData;
 class QComboBox;
+class QLabel;
 class QPushButton;
 
 // Turns clicks into signals and changes nothing in the camera. GUI thread.
@@ -15,6 +16,8 @@ class CorrectionListWidget : public QWidget
 
 public:
     explicit CorrectionListWidget(QWidget* parent = nullptr);
+
+    void SetTitle(const QString& title);
 
     // Appends the set, which must stay alive until Clear. The buttons follow the first set of the list.
     void Add(CorrectionSetData* set);
@@ -61,6 +64,7 @@ private:
     void SetToolTips();
     void FitPopup();
 
+    QLabel* m_titleLabel;
     QComboBox* m_comboBox;
     QPushButton* m_dpcEnableButton;
     QPushButton* m_defaultSetButton;

@@ -1,6 +1,7 @@
 // The panel at the right: the camera's correction sets, and the pixel list with its commands.
 #include "RightPanel.h"
 
+#include "CommandIcon.h"
 #include "CorrectionListWidget.h"
 #include "CorrectionSetData.h"
 #include "CorrectionSetNames.h"
@@ -9,12 +10,15 @@
 #include <QAbstractItemModel>
 #include <QComboBox>
 #include <QEvent>
+#include <QHeaderView>
 #include <QTreeView>
 
 #include <algorithm>
 
 namespace
 {
+
+constexpr int SeparatorColumn = 2; // of the pixel list
 
 // Sets of these names are left out where the camera does not have them.
 bool IsFactorySet(const CorrectionSetData& set)
@@ -34,8 +38,7 @@ void Describe(QPushButton* button, const QString& toolTip)
 
 void Dress(QPushButton* button, const char* icon)
 {
-    button->setIcon(QIcon(QStringLiteral(":/icons/resources/%1.svg").arg(QLatin1String(icon))));
-    button->setIconSize({18, 18});
+    SetCommandIcon(button, QLatin1String(icon), {18, 18});
 }
 
 } // namespace
@@ -59,7 +62,12 @@ RightPanel::RightPanel(QTreeView* pixelListView, QWidget* parent)
 
     pixelListView->setUniformRowHeights(true);
     pixelListView->setIndentation(16);
-    pixelListView->setFrameShape(QFrame::NoFrame);
+    // The separator takes the room that is left, so that the icons of all rows stand at the right edge.
+    pixelListView->header()->setStretchLastSection(false);
+    if (pixelListView->header()->count() > SeparatorColumn)
+    {
+        pixelListView->header()->setSectionResizeMode(SeparatorColumn, QHeaderView::Stretch);
+    }
     m_ui->pixelListLayout->addWidget(pixelListView);
     if (const QAbstractItemModel* model = pixelListView->model())
     {
@@ -413,6 +421,8 @@ void RightPanel::SetStrings()
              tr("<b>Upload</b> <br/> <span style='color:gray;'>Upload current pixel list to the camera</span>"));
     Describe(m_ui->restoreDefaultSetButton,
              tr("<b>Restore default set</b> <br/> <span style='color:gray;'>Restore default set</span>"));
+    m_ui->presetWidget->SetTitle(tr("Preset"));
+    m_ui->userWidget->SetTitle(tr("User"));
     ShowNames();
     ShowNumberOfDefects();
 }
