@@ -62,8 +62,10 @@ DefectEntryDialog::Values DefectEntryDialog::EnteredValues() const
 void DefectEntryDialog::Limit(QLineEdit* field, int smallest, int largest)
 {
     auto* validator = new QIntValidator(smallest, largest, field);
-    // Other locales take "1.000" or "1,000" for a number, which then could not be read.
-    validator->setLocale(QLocale::c());
+    // "1.000" and "1,000" would pass for numbers, and then could not be read.
+    QLocale digitsOnly = QLocale::c();
+    digitsOnly.setNumberOptions(QLocale::RejectGroupSeparator);
+    validator->setLocale(digitsOnly);
     field->setValidator(validator);
 }
 

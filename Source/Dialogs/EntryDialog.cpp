@@ -24,6 +24,7 @@ QLineEdit, QComboBox
     padding: 0 8px;
     selection-background-color: rgb(47,128,237);
 }
+QLineEdit { padding: 5px 8px; }
 QLineEdit:focus, QComboBox:focus { border-color: rgb(47,128,237); }
 QLineEdit:disabled, QComboBox:disabled { background: rgba(63,63,65,40%); color: #7d8185; }
 QComboBox::drop-down { border: none; width: 22px; }

@@ -32,7 +32,9 @@ class MetadataValidator : public QDoubleValidator
 public:
     explicit MetadataValidator(QObject* parent) : QDoubleValidator(-Largest, Largest, 1000, parent)
     {
-        setLocale(QLocale::c());
+        QLocale pointOnly = QLocale::c();
+        pointOnly.setNumberOptions(QLocale::RejectGroupSeparator);
+        setLocale(pointOnly);
     }
 
     void fixup(QString& input) const override

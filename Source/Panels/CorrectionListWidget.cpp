@@ -71,6 +71,7 @@ CorrectionListWidget::CorrectionListWidget(QWidget* parent)
     layout->addWidget(m_comboBox, 1, 0, 1, 3);
 
     connect(m_comboBox, qOverload<int>(&QComboBox::activated), this, &CorrectionListWidget::OnComboBoxActivated);
+    m_comboBox->installEventFilter(this);
     // The line may be longer than the box.
     connect(m_comboBox, &QComboBox::currentTextChanged, m_comboBox, &QWidget::setToolTip);
     connect(m_defaultSetButton, &QPushButton::clicked, this,
@@ -167,6 +168,17 @@ void CorrectionListWidget::changeEvent(QEvent* event)
         SetStrings();
     }
     QWidget::changeEvent(event);
+}
+
+// A wheel that rolls over the box by chance would have one set after the other read from the camera.
+bool CorrectionListWidget::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Wheel)
+    {
+        event->ignore();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void CorrectionListWidget::OnComboBoxActivated(int index)
