@@ -61,6 +61,101 @@
     </message>
 </context>
 <context>
+    <name>CameraOptionPanel</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Reset&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Reset to default&lt;/span&gt;</source>
+        <translation>&lt;b&gt;Zurücksetzen&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Auf die Standardwerte zurücksetzen&lt;/span&gt;</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Pixel format</source>
+        <translation>Pixelformat</translation>
+    </message>
+    <message>
+        <source>Debayering</source>
+        <translation>Debayering</translation>
+    </message>
+    <message>
+        <source>Exposure</source>
+        <translation>Belichtung</translation>
+    </message>
+    <message>
+        <source>Gamma</source>
+        <translation>Gamma</translation>
+    </message>
+    <message>
+        <source>BlackLevel</source>
+        <translation>Schwarzwert</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Verstärkung</translation>
+    </message>
+    <message>
+        <source>Continuous</source>
+        <translation>Kontinuierlich</translation>
+    </message>
+    <message>
+        <source>Once</source>
+        <translation>Einmalig</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>Sensor Temperature Control:</source>
+        <translation>Temperaturregelung des Sensors:</translation>
+    </message>
+    <message>
+        <source>Control mode</source>
+        <translation>Regelmodus</translation>
+    </message>
+    <message>
+        <source>Control state</source>
+        <translation>Regelstatus</translation>
+    </message>
+    <message>
+        <source>Setpoint mode</source>
+        <translation>Sollwertmodus</translation>
+    </message>
+    <message>
+        <source>Active setpoint</source>
+        <translation>Aktiver Sollwert</translation>
+    </message>
+    <message>
+        <source>Temperature setpoint</source>
+        <translation>Temperatur-Sollwert</translation>
+    </message>
+    <message>
+        <source>Activate</source>
+        <translation>Aktivieren</translation>
+    </message>
+    <message>
+        <source>Activate selected setpoint</source>
+        <translation>Ausgewählten Sollwert aktivieren</translation>
+    </message>
+    <message>
+        <source>Dataset active</source>
+        <translation>Aktiver Datensatz</translation>
+    </message>
+    <message>
+        <source>NUC Mode</source>
+        <translation>NUC-Modus</translation>
+    </message>
+    <message>
+        <source>Select NUC mode</source>
+        <translation>NUC-Modus auswählen</translation>
+    </message>
+</context>
+<context>
     <name>ConfirmDialog</name>
     <message>
         <source>Confirm</source>
@@ -69,6 +164,37 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>CorrectionListWidget</name>
+    <message>
+        <source>[Empty Set]</source>
+        <translation>[Leerer Satz]</translation>
+    </message>
+    <message>
+        <source>DPC On/Off</source>
+        <translation>DPC ein/aus</translation>
+    </message>
+    <message>
+        <source>Default correction set</source>
+        <translation>Standardkorrektursatz</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Default correction set&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Set the default correction set&lt;/span&gt;</source>
+        <translation>&lt;b&gt;Standard-Korrektursatz&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Den Standard-Korrektursatz festlegen&lt;/span&gt;</translation>
+    </message>
+    <message>
+        <source>This Correction Set cannot be set to default</source>
+        <translation>Dieser Korrektursatz kann nicht als Standard festgelegt werden</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;DPC On/Off&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Switch DPC on or off&lt;/span&gt;</source>
+        <translation>&lt;b&gt;DPC ein/aus&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;DPC ein- oder ausschalten&lt;/span&gt;</translation>
+    </message>
+    <message>
+        <source>This Correction Set cannot be enabled</source>
+        <translation>Dieser Korrektursatz kann nicht eingeschaltet werden</translation>
     </message>
 </context>
 <context>
@@ -89,10 +215,118 @@ y: %2</translation>
     </message>
 </context>
 <context>
+    <name>DefectEntryDialog</name>
+    <message>
+        <source>Single Pixel Defect</source>
+        <translation>Einzelpixel-Defekt</translation>
+    </message>
+    <message>
+        <source>Pixel Column Defect</source>
+        <translation>Pixelspalten-Defekt</translation>
+    </message>
+    <message>
+        <source>Pixel Row Defect</source>
+        <translation>Pixelzeilen-Defekt</translation>
+    </message>
+    <message>
+        <source>Cluster Defect</source>
+        <translation>Cluster-Defekt</translation>
+    </message>
+    <message>
+        <source>Column Defect</source>
+        <translation>Spaltendefekt</translation>
+    </message>
+    <message>
+        <source>Row Defect</source>
+        <translation>Zeilendefekt</translation>
+    </message>
+</context>
+<context>
+    <name>DefectEntryForm</name>
+    <message>
+        <source>Add pixel coordinates</source>
+        <translation>Pixelkoordinaten eingeben</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Pixel type:</source>
+        <translation>Pixeltyp:</translation>
+    </message>
+    <message>
+        <source>x:</source>
+        <translation>x:</translation>
+    </message>
+    <message>
+        <source>y:</source>
+        <translation>y:</translation>
+    </message>
+    <message>
+        <source>width:</source>
+        <translation>Breite:</translation>
+    </message>
+    <message>
+        <source>height:</source>
+        <translation>Höhe:</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
     <name>DpcMarker</name>
     <message>
         <source>DPC Unsupported</source>
         <translation>Ohne DPC</translation>
+    </message>
+</context>
+<context>
+    <name>EditPixelDialog</name>
+    <message>
+        <source>Entered values are out of scope!</source>
+        <translation>Die eingegebenen Werte liegen außerhalb des Sensors!</translation>
+    </message>
+</context>
+<context>
+    <name>FileUploadDialog</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Verstärkung</translation>
+    </message>
+    <message>
+        <source>Exposure, µS</source>
+        <translation>Belichtung, µs</translation>
+    </message>
+    <message>
+        <source>Temperature Setpoint, °C</source>
+        <translation>Temperatur-Sollwert, °C</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Überschreiben</translation>
+    </message>
+    <message>
+        <source>Upload To Camera : %1</source>
+        <translation>In die Kamera übertragen: %1</translation>
+    </message>
+    <message>
+        <source>WARNING: 
+The current metadata is equal to already existing Set &apos;%1&apos;.
+&quot;Overwrite&quot; would remove it and save the Set &apos;%2&apos;.</source>
+        <translation>WARNUNG: 
+Die aktuellen Metadaten stimmen mit dem vorhandenen Satz &apos;%1&apos; überein.
+„Überschreiben“ würde ihn entfernen und den Satz &apos;%2&apos; speichern.</translation>
     </message>
 </context>
 <context>
@@ -306,6 +540,90 @@ wählen Sie zuerst eine Kamera aus</translation>
     <message>
         <source>Get started</source>
         <translation>Erste Schritte</translation>
+    </message>
+</context>
+<context>
+    <name>RightPanel</name>
+    <message>
+        <source>Correction sets</source>
+        <translation>Korrektursätze</translation>
+    </message>
+    <message>
+        <source>Active:</source>
+        <translation>Aktiv:</translation>
+    </message>
+    <message>
+        <source>Default:</source>
+        <translation>Standard:</translation>
+    </message>
+    <message>
+        <source>Pixel list</source>
+        <translation>Pixelliste</translation>
+    </message>
+    <message>
+        <source>Automatic Detection</source>
+        <translation>Automatische Erkennung</translation>
+    </message>
+    <message>
+        <source>Upload to camera</source>
+        <translation>In die Kamera übertragen</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keiner</translation>
+    </message>
+    <message>
+        <source>Not available</source>
+        <translation>Nicht verfügbar</translation>
+    </message>
+    <message>
+        <source># defects</source>
+        <translation># Defekte</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <comment>ending of more than one defect</comment>
+        <translation>e</translation>
+    </message>
+    <message>
+        <source>%1 defect%2</source>
+        <translation>%1 Defekt%2</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Copy pixel list&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Copy the current pixel list&lt;/span&gt;</source>
+        <translation>&lt;b&gt;Pixelliste kopieren&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Die aktuelle Pixelliste kopieren&lt;/span&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Paste pixel list&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Paste the copied pixel list&lt;/span&gt;</source>
+        <translation>&lt;b&gt;Pixelliste einfügen&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Die kopierte Pixelliste einfügen&lt;/span&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Add pixels&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Add pixels&lt;/span&gt;</source>
+        <translation>&lt;b&gt;Pixel hinzufügen&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Pixel hinzufügen&lt;/span&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Clear list&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Delete all list items&lt;/span&gt;</source>
+        <translation>&lt;b&gt;Liste leeren&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Alle Einträge der Liste löschen&lt;/span&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Export&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Export current pixel list to an .xml file&lt;/span&gt;</source>
+        <translation>&lt;b&gt;Exportieren&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Aktuelle Pixelliste in eine .xml-Datei exportieren&lt;/span&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Upload&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Upload current pixel list to the camera&lt;/span&gt;</source>
+        <translation>&lt;b&gt;Übertragen&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Aktuelle Pixelliste in die Kamera übertragen&lt;/span&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Restore default set&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Restore default set&lt;/span&gt;</source>
+        <translation>&lt;b&gt;Auslieferungszustand&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Den Korrektursatz auf den Auslieferungszustand zurücksetzen&lt;/span&gt;</translation>
+    </message>
+    <message>
+        <source>Preset</source>
+        <translation>Voreinstellung</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <translation>Benutzer</translation>
     </message>
 </context>
 <context>
