@@ -14,7 +14,7 @@ namespace
 {
 
 constexpr qint64 LargestCache = 1'048'576; // bytes; room for more than ten thousand cameras
-constexpr int DeepestNesting = 16;           // a cache needs 3
+constexpr int DeepestNesting = 16;         // a cache needs 3
 
 QString CacheName()
 {

@@ -10,8 +10,6 @@
 #include "Provider/SimulationProvider.h"
 #include "Rig/Rig.h"
 
-#include <gmock/gmock.h>
-
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
@@ -26,7 +24,6 @@
 #include <random>
 #include <sstream>
 
-using testing::ElementsAre;
 using namespace std::chrono_literals;
 
 namespace
