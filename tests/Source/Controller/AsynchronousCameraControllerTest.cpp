@@ -67,6 +67,7 @@ protected:
         std::vector<CameraAccessInfo> infos;
         CamerasInfoWriterReader().GetInformationFromFile(infos);
         std::vector<std::pair<std::string, bool>> pairs;
+        pairs.reserve(infos.size());
         for (const CameraAccessInfo& info : infos)
         {
             pairs.emplace_back(info.id, info.dpcSupported);

@@ -75,7 +75,8 @@ public:
         isOpen = isOpen || result == ZltErrorSuccess;
         return result;
     }
-    Result Close() override { return isOpen = false, Log("Close"); }
+    // Ends the stream, too.
+    Result Close() override { return isOpen = false, observer = nullptr, Log("Close"); }
     Result GetStreams(std::vector<ZltApi::StreamPtr>& result) override
     {
         result.assign(stream ? 1 : 0, stream);

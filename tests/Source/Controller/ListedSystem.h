@@ -27,6 +27,10 @@ protected:
     ~ListedSystem() override
     {
         provider->cameras.clear();
+        for (const auto& camera : m_made)
+        {
+            camera->Close(); // a stream that still runs holds its camera
+        }
         QDir::setCurrent(m_before);
     }
 
@@ -34,12 +38,14 @@ protected:
     {
         auto camera = std::make_shared<ListedCamera>(id, provider->good, model);
         provider->cameras.push_back(camera);
+        m_made.push_back(camera);
         return camera;
     }
 
     ListProvider* provider = nullptr;
 
 private:
+    std::vector<std::shared_ptr<ListedCamera>> m_made;
     const QString m_before = QDir::currentPath();
     const QTemporaryDir m_folder;
 };
