@@ -18,8 +18,8 @@ namespace
 
 // Where the camera has stored none.
 constexpr double MissingGain = 0.0;
-constexpr double MissingTemperature = 20.0;  // degrees Celsius
-constexpr double MissingExposure = 10'000.0; // microseconds
+constexpr double MissingTemperature = 20.0; // degrees Celsius
+constexpr double MissingExposure = 10000.0; // microseconds
 
 QString Number(double value)
 {
