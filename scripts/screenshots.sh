@@ -51,10 +51,7 @@ main=$(window '^Lorvane$')
 shoot welcome 2
 xdotool key Escape
 shoot main-window 1.5
-xdotool key p
-shoot select-a-camera
-xdotool key Escape
-click 190 60
+click 234 60
 shoot tour 1
 xdotool key Escape
 click 70 16

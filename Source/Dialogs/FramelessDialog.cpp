@@ -23,6 +23,17 @@ constexpr int WidestText = 460;
 
 QWidget* WindowInUse()
 {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    // What covers the main window must stay above it: a dialog that belonged to the main window would lift that as
+    // well.
+    const auto overlay =
+        std::find_if(windows.begin(), windows.end(),
+                     [](const QWidget* widget)
+                     { return widget->isVisible() && widget->objectName() == QLatin1String("windowOverlay"); });
+    if (overlay != windows.end())
+    {
+        return *overlay;
+    }
     if (QWidget* const active = QApplication::activeWindow())
     {
         return active;
@@ -31,7 +42,6 @@ QWidget* WindowInUse()
     {
         return modal;
     }
-    const QWidgetList windows = QApplication::topLevelWidgets();
     const auto found = std::find_if(
         windows.begin(), windows.end(),
         [](const QWidget* widget)

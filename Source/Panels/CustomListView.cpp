@@ -20,9 +20,23 @@ CustomListView::CustomListView(QWidget* parent) : QListView(parent), m_camerasLi
     setMouseTracking(true);
     setStyleSheet(QStringLiteral("QListView{ border:none; font-size:12px; } QListView::item{font-weight: bold; "
                                  "border-radius:4px; color:gray;} QListView::item:hover{ color:white; }"));
+    for (const auto change : {&CamerasList::rowsInserted, &CamerasList::rowsRemoved})
+    {
+        connect(m_camerasList, change, this, &CustomListView::updateGeometry);
+    }
     connect(m_camerasList, &CamerasList::SendDpcSupportedIndex, this, &CustomListView::SetDpcReadyMarks);
     connect(m_camerasList, &CamerasList::ClearMarkersVectorSignal, this, &CustomListView::ClearMarkersVector);
     connect(m_camerasList, &CamerasList::ClearMarkerSignal, this, &CustomListView::DeleteDpcReadyMark);
+}
+
+QSize CustomListView::sizeHint() const
+{
+    int height = 2 * frameWidth();
+    for (int row = 0; row < m_camerasList->rowCount(); ++row)
+    {
+        height += sizeHintForRow(row);
+    }
+    return {QListView::sizeHint().width(), height};
 }
 
 void CustomListView::SetDpcReadyMarks(QModelIndex index)

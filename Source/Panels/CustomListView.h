@@ -15,6 +15,9 @@ public:
 
     CamerasList* GetCamerasList() const { return m_camerasList; }
 
+    // As high as the rows, so that a panel around the list scrolls only when its window is too low.
+    QSize sizeHint() const override;
+
 Q_SIGNALS:
     void SendCurrentIndex(int row, QString id);
 

@@ -113,6 +113,7 @@ void MainWindow::CreateMembers()
     m_onboardDialog = new OnboardDialog(this);
     m_apiVersion = m_controller->GetVersion();
 
+    m_windowOverlay.setObjectName(QStringLiteral("windowOverlay"));
     m_windowOverlay.setParent(this);
     m_windowOverlay.hide();
 }
