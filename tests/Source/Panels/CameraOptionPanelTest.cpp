@@ -479,7 +479,7 @@ public:
 
 TEST_F(CameraOptionPanelTest, LongTextsOfAnotherLanguageAreNotCut)
 {
-    m_panel.SetUpdatedComboboxValues({"Off", "TemperatureRegulation"}, "TemperatureRegulation", ControlMode);
+    m_panel.SetUpdatedComboboxValues({"Off", "TemperatureRegulationFast"}, "TemperatureRegulationFast", ControlMode);
     QWidget window;
     auto* row = new QHBoxLayout(&window);
     row->addWidget(&m_panel);
