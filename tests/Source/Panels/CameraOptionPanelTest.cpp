@@ -479,15 +479,16 @@ public:
 
 TEST_F(CameraOptionPanelTest, LongTextsOfAnotherLanguageAreNotCut)
 {
-    m_panel.SetUpdatedComboboxValues({"Off", "TemperatureRegulation"}, "TemperatureRegulation", ControlMode);
     QWidget window;
     auto* row = new QHBoxLayout(&window);
     row->addWidget(&m_panel);
     row->addStretch();
     window.resize(800, 400);
     window.show();
+    Settle();
+    m_panel.SetUpdatedComboboxValues({"Off", "TemperatureRegulationFast"}, "TemperatureRegulationFast", ControlMode);
     LongTexts translator;
-    for (const bool isTranslated : {true, false})
+    for (const bool isTranslated : {false, true, false})
     {
         isTranslated ? QApplication::installTranslator(&translator) : QApplication::removeTranslator(&translator);
         Settle();
