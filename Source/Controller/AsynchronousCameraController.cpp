@@ -22,6 +22,9 @@ AsynchronousCameraController::AsynchronousCameraController(CustomListView* camer
     {
         StartUp();
     }
+    connect(&m_exposureAutoTimer, &QTimer::timeout, this, &AsynchronousCameraController::ExposureSliderAutoChange);
+    connect(&m_gainAutoTimer, &QTimer::timeout, this, &AsynchronousCameraController::GainSliderAutoChange);
+    connect(&m_monitorTimer, &QTimer::timeout, this, &AsynchronousCameraController::MonitorExposureTimeAndTemperature);
 }
 
 void AsynchronousCameraController::StartUp()

@@ -14,12 +14,16 @@
 
 #include <atomic>
 #include <functional>
+#include <initializer_list>
 #include <mutex>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 class CustomListView;
 class ImageDoubleBuffer;
+class QImage;
 
 // Keeps the list of usable cameras, opens and closes the selected one, starts and stops its stream.
 //
@@ -72,6 +76,40 @@ public:
     // Returns whether there was a stream to stop.
     bool StopIfStreaming();
 
+    // Settings. Ranges and values go to the options panel by signals; what the camera does not have is locked or hidden
+    // there. What a camera refuses is dropped. The first six belong to the GUI thread, whose timers they start and stop
+    // or whose stream they pause.
+    void SetCameraSettings();
+    // Writes the values of gamma, gain, black level and exposure that SetCameraSettings read first.
+    void RestoreSettingsToDefault();
+    // mode: 0 off, 1 once, 2 continuous.
+    void SetExposureMode(int mode);
+    void SetGainMode(int mode);
+    // Switches mirroring off, so that image and sensor coordinates agree; true when it was on.
+    bool SetOffReverseXY();
+    // true: Bayer frames are shown in colour; false: as grey mosaic.
+    void SetDebayeringOnOff(bool on);
+
+    // Minimum and maximum, in microseconds and in the camera's unit of gain; zeros when there is none.
+    std::pair<double, double> GetExposureRange();
+    std::pair<double, double> GetGainRange();
+    // Microseconds. The last known value when the camera does not tell.
+    double GetCurrentExposure();
+    // 0 and a message when the camera does not tell.
+    double GetCurrentGain();
+    // Degrees Celsius; -999 without temperature control.
+    double GetCurrentTemperatureSetpointValue();
+    bool IsTemperatureControlAvailable() const { return m_temperatureControlAvailable; }
+
+    // Conversions into 32-bit images of the acquisition's size: a mosaic as grey values, pixel for pixel, and any
+    // format of the camera in colour. colorMatrix: nine floats, row by row, or null. What cannot be converted leaves
+    // the image as it is.
+    void TransformBayer8Image(unsigned char* source, QImage& img);
+    void TransformBayer10Image(unsigned char* source, QImage& img);
+    void TransformBayer12Image(unsigned char* source, QImage& img);
+    void TransformBayer12PackedImage(unsigned char* source, QImage& img);
+    void CopyToImage(unsigned char* buffer, unsigned int format, QImage& image, const float* colorMatrix);
+
 Q_SIGNALS:
     void SendPixmapToArea();
     void ErrorSignal(QString message);
@@ -101,11 +139,25 @@ public Q_SLOTS:
     // Takes the next frame of the running acquisition. status: a ZltApi::FrameStatus. Controller's thread.
     void OnFrameReady(int status);
     void OnCameraListChanged(ZltApi::CameraPtr camera, ZltApi::UpdateTriggerType reason);
+    // By the entry's name; takes force with the restart of the stream.
+    void SetPixelFormat(const QString& name);
+    // slider: 0 gamma, 1 gain, 2 exposure, 3 black level, 4 temperature setpoint. An exposure is written by the
+    // monitor.
+    void UpdateSliderFeatures(double value, int slider);
+    // number: 5 setpoint selector, 6 control mode, 7 setpoint mode.
+    void UpdateComboboxFeatures(const QString& text, int number);
+    // Waits up to 5 s for the camera, while the thread's events go on.
+    void OnActivateSetpoint();
+    void SetNucModeValue(const QString& text);
     // Version of the camera API. Throws std::exception when it cannot be asked.
     QString GetVersion() const;
 
 private Q_SLOTS:
+    void ExposureSliderAutoChange();
+    void GainSliderAutoChange();
+    void MonitorExposureTimeAndTemperature();
     void UpdateCameraList();
+    void SetTemperatureSetpointActivateTimeout();
 
 private:
     // One operation: holds the list lock. Operations nest; at the end of the outermost one, after the lock is released,
@@ -143,6 +195,25 @@ private:
     void StartAcquisition();
     void StopAcquisition();
     void ConnectFrames();
+    // False when the frame cannot be shown.
+    bool ShowFrame(ZltApi::Frame& frame);
+    void Convert(unsigned char* source, unsigned int format, QImage& image);
+    void CopyMosaic(unsigned char* source, unsigned int monoFormat, QImage& img);
+
+    ZltApi::CameraPtr ListedCamera() const;
+    std::optional<double> SendSlider(const ZltApi::Feature& feature, int slider);
+    void SendPlainSlider(const ZltApi::CameraPtr& camera, int slider, double& defaultValue);
+    void SendAutoMode(const ZltApi::CameraPtr& camera, const char* name,
+                      void (AsynchronousCameraController::*signal)(int));
+    // These two tell whether the camera has all of their features.
+    bool SendTemperatureControl(const ZltApi::CameraPtr& camera);
+    bool SendNuc(const ZltApi::CameraPtr& camera);
+    void SetAutoMode(const char* name, int mode, QTimer& timer);
+    void SendAutoValue(const char* modeName, std::initializer_list<const char*> valueNames, int slider);
+    void MonitorControlState(const ZltApi::CameraPtr& camera);
+    void WaitForSetpoint(const ZltApi::Feature& activate);
+    // Within an operation only.
+    void CheckFeaturesWritable();
 
     int m_cameraIndex;
     std::atomic<int> m_sensorWidth{0};
@@ -152,7 +223,12 @@ private:
     std::atomic<bool> m_streaming{false};
     std::atomic<bool> m_exposurePending{false};
     std::atomic<bool> m_exposureDefaultStored{false};
-    std::atomic<double> m_exposureValue{0.0}; // microseconds
+    // As first read, for restoring; GUI thread. Exposures in microseconds.
+    double m_defaultGamma = 0;
+    double m_defaultGain = 0;
+    double m_defaultBlackLevel = 0;
+    double m_defaultExposure = 0;
+    std::atomic<double> m_exposureValue{0.0};
     std::string m_cameraId;
     // Without a parent, so that they stay on the GUI thread when the controller moves.
     QTimer m_exposureAutoTimer;
@@ -170,4 +246,7 @@ private:
     CameraListUpdates m_listUpdates;
     std::atomic<bool> m_temperatureControlAvailable{false};
     std::atomic<bool> m_nucAvailable{false};
+    std::atomic<bool> m_setpointModeIsAuto{false};
+    std::atomic<bool> m_setpointActivationTimedOut{false};
+    QString m_lastControlState;
 };

@@ -1,6 +1,7 @@
 // The controller's session with one camera: selecting, asking, streaming.
 #include "AsynchronousCameraController.h"
 
+#include "CameraFeatures.h"
 #include "DefectUiType.h"
 #include "DpcAdapter.h"
 #include "DpcAdapterManager.h"
@@ -17,20 +18,6 @@ namespace
 using ZltApi::CameraPtr;
 
 constexpr int MonitorInterval = 500; // milliseconds
-
-ZltApi::FeaturePtr FindFeature(const CameraPtr& camera, const char* name)
-{
-    ZltApi::FeaturePtr feature;
-    return camera && camera->GetFeatureByName(name, feature) == ZltErrorSuccess ? feature : nullptr;
-}
-
-// The type's default when the camera has no such feature or does not tell.
-template <class Value> Value ReadFeature(const CameraPtr& camera, const char* name)
-{
-    Value value{};
-    const ZltApi::FeaturePtr feature = FindFeature(camera, name);
-    return feature && feature->GetValue(value) == ZltErrorSuccess ? value : Value{};
-}
 
 QString Text(const std::string& text)
 {
@@ -111,8 +98,8 @@ QPoint AsynchronousCameraController::GetMaxWidthHeight() const
         return {};
     }
     const CameraPtr camera = CurrentCamera();
-    return {static_cast<int>(ReadFeature<std::int64_t>(camera, "WidthMax")),
-            static_cast<int>(ReadFeature<std::int64_t>(camera, "HeightMax"))};
+    return {static_cast<int>(CameraFeatures::Read<std::int64_t>(camera, "WidthMax")),
+            static_cast<int>(CameraFeatures::Read<std::int64_t>(camera, "HeightMax"))};
 }
 
 QString AsynchronousCameraController::GetCameraName(const QString& kind) const
@@ -152,18 +139,18 @@ QString AsynchronousCameraController::GetCurrentPixelFormat() const
             camera = m_currentCamera;
         }
     }
-    return Text(ReadFeature<std::string>(camera, "PixelFormat"));
+    return Text(CameraFeatures::Read<std::string>(camera, "PixelFormat"));
 }
 
 QString AsynchronousCameraController::getCurrentCameraFamilyName() const
 {
-    return Text(ReadFeature<std::string>(CurrentCamera(), "DeviceFamilyName"));
+    return Text(CameraFeatures::Read<std::string>(CurrentCamera(), "DeviceFamilyName"));
 }
 
 void AsynchronousCameraController::ResetCamera()
 {
     const CameraPtr camera = CurrentCamera();
-    if (!FindFeature(camera, "DeviceReset"))
+    if (!CameraFeatures::Find(camera, "DeviceReset"))
     {
         throw KTR::System::Exception("Cannot reset camera: DeviceReset feature not available!", true);
     }
@@ -178,6 +165,8 @@ void AsynchronousCameraController::SetNewIndex(int index, const QString& serial)
     m_cameraBusyReported = false;
     m_debayering = true;
     m_exposureDefaultStored = false;
+    m_setpointModeIsAuto = false;
+    m_lastControlState.clear();
     m_cameraIndex = index;
     m_cameraId = serial.toStdString();
     m_currentCamera = nullptr;
@@ -190,8 +179,9 @@ void AsynchronousCameraController::SetNewIndex(int index, const QString& serial)
             m_exposurePending = false;
             m_monitorTimer.start(MonitorInterval);
         }
-        m_temperatureControlAvailable = FindFeature(m_currentCamera, "SensorTemperatureControlState") != nullptr;
-        m_nucAvailable = FindFeature(m_currentCamera, "NUCMode") != nullptr;
+        m_temperatureControlAvailable =
+            CameraFeatures::Find(m_currentCamera, "SensorTemperatureControlState") != nullptr;
+        m_nucAvailable = CameraFeatures::Find(m_currentCamera, "NUCMode") != nullptr;
     }
 }
 
@@ -206,7 +196,11 @@ void AsynchronousCameraController::StartStopAcquisition()
     {
         StopAcquisition();
     }
-    else if (!m_cameras.empty())
+    else if (m_cameras.empty())
+    {
+        CheckFeaturesWritable();
+    }
+    else
     {
         StartAcquisition();
     }
@@ -233,6 +227,7 @@ void AsynchronousCameraController::StopAcquisition()
         m_currentCamera->ReleaseAllFrames();
     }
     m_imageBuffer.SetDefImages();
+    CheckFeaturesWritable();
 }
 
 void AsynchronousCameraController::StartAcquisition()
@@ -265,6 +260,7 @@ void AsynchronousCameraController::StartAcquisition()
         m_cameraBusyReported = true;
     }
     m_streaming = started == ZltErrorSuccess;
+    CheckFeaturesWritable();
 }
 
 // A start that failed without telling has left the observer of the acquisition before it, or none.

@@ -4,6 +4,7 @@
 #include "ApplicationStyle.h"
 #include "AsynchronousCameraController.h"
 #include "BottomPanel.h"
+#include "CameraOptionPanel.h"
 #include "CamerasInfoWriterReader.h"
 #include "CustomLabelView.h"
 #include "CustomListView.h"
@@ -12,6 +13,7 @@
 #include "LoaderDialog.h"
 #include "OnboardDialog.h"
 #include "OverviewPanel.h"
+#include "RightPanel.h"
 #include "TreeModel.h"
 #include "ui_MainWindow.h"
 
@@ -22,6 +24,7 @@
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QSizeGrip>
+#include <QThread>
 #include <QTranslator>
 #include <QTreeView>
 
@@ -81,6 +84,12 @@ MainWindow::MainWindow(QWidget* parent)
 
 MainWindow::~MainWindow()
 {
+    if (m_imageThread)
+    {
+        m_imageThread->requestInterruption();
+        m_imageThread->quit();
+        m_imageThread->wait();
+    }
     m_controller.reset();
     m_translator.reset();
     CamerasInfoWriterReader().SetConfigInfo(m_tutorialFinished, m_automaticDetectionEnabled);
@@ -93,6 +102,7 @@ void MainWindow::CreateMembers()
     m_imageItem = new QGraphicsPixmapItem;
     m_cameraListView = new CustomListView(this);
     m_cameraListPanel = new LeftPanel(m_ui->widget_2, m_cameraListView);
+    m_optionPanel = new CameraOptionPanel(m_ui->widget_2);
     m_overviewLabel = new CustomLabelView(this, 0, 0);
     m_overviewPanel = new OverviewPanel(this, m_overviewLabel);
 
@@ -104,7 +114,7 @@ void MainWindow::CreateMembers()
         QStringLiteral("QScrollBar::handle:vertical { min-height: 15px; }"));
     m_pixelListView->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_pixelListView->header()->hide();
-    m_pixelListView->hide();
+    m_rightPanel = new RightPanel(m_pixelListView, m_ui->widget_3);
 
     m_controller =
         std::make_unique<AsynchronousCameraController>(m_cameraListView, m_cameraIndex, QString(), true, m_imageBuffer);
@@ -156,10 +166,15 @@ void MainWindow::StyleChrome()
 
 void MainWindow::PlaceChildren()
 {
+    m_ui->leftGridLayout->addWidget(m_optionPanel);
+    m_ui->rightGridLayout->addWidget(m_rightPanel);
     m_ui->leftGridLayout_2->addWidget(m_cameraListPanel, 0, 0, Qt::AlignTop);
     setWindowIcon(QIcon(QStringLiteral(":/icons/resources/logo-taskbar.png")));
     installEventFilter(m_keyReceiver.get());
+    m_optionPanel->hide();
     m_overviewPanel->hide();
+    m_rightPanel->hide();
+    m_rightPanel->AutomaticDetectionButton()->hide();
 
     // The language is fixed: its box keeps its place in the layout, but cannot be used.
     m_ui->spaceLabel->setMinimumWidth(m_ui->spaceLabel->sizeHint().width() + m_ui->languageBox->sizeHint().width());
@@ -183,7 +198,7 @@ void MainWindow::SetProperSizes()
 {
     m_overviewPanel->resize(m_overviewPanel->GetMaximumSizes());
     MoveOverviewToCorner();
-    m_overviewPanel->SetAdditionalWidth(0);
+    m_overviewPanel->SetAdditionalWidth(WidthBesideOverview());
     PlaceBottomPanel();
     ChangeWindowOverlay();
 }

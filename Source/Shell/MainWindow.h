@@ -1,16 +1,21 @@
 // The program's one window.
 #pragma once
 
+#include "DefectInfo.h"
 #include "ImageDoubleBuffer.h"
 
 #include <QMainWindow>
+#include <QPointF>
 #include <QTimer>
+#include <QVector>
 
+#include <array>
 #include <memory>
 #include <vector>
 
 class AsynchronousCameraController;
 class BottomPanel;
+class CameraOptionPanel;
 class CustomLabelView;
 class CustomListView;
 class KeyEnterReceiver;
@@ -22,9 +27,12 @@ class QCheckBox;
 class QGraphicsPixmapItem;
 class QGraphicsScene;
 class QLabel;
+class QPushButton;
 class QSizeGrip;
+class QThread;
 class QTranslator;
 class QTreeView;
+class RightPanel;
 class TreeModel;
 
 namespace Ui
@@ -58,10 +66,18 @@ public:
     void SetMaximumOverviewSizes(const QPoint& size);
     // While the overview opens by itself: shows it exactly when the image no longer fits into the view.
     void AutomaticOverviewViewer();
+    bool isOptionPanelHidden() const;
+    bool isRightPanelHidden() const;
+    // Starts a session with the chosen camera, step by step behind the loader, which the first frame closes.
+    void StartThreadImage();
+    // Fills the options panel from the camera.
+    void SetCameraSettings();
 
 public Q_SLOTS:
     // Panels and window buttons.
     void OnCameraListButtonClick(int state);
+    void OnCameraOptionsButtonClick(int state);
+    void OnRightPanelButtonClick(int state);
     void OnSupportButtonClick(int state);
     void OnAboutButtonClick();
     void OnAboutQtButtonClick();
@@ -101,8 +117,42 @@ public Q_SLOTS:
     void OnScaleButtonClick();
 
     // Camera session.
+    void SetCameraIndex(int index, const QString& serial);
+    // Takes away what belongs to the camera so far.
+    void UpdateOptionList();
+    void SetImageFromCamera();
+    void CheckIfRightPanelCanBeOpened();
     void OnPlayPauseButtonClick();
     void CheckIfStreaming();
+    void PlayPauseStateChanged(bool state);
+    void SetErrorMessage(const QString& text);
+    void CloseLoaderDialogIfCameraBusy();
+    void OnCameraDisconnected();
+
+    // Camera settings.
+    void OnDebayeringOnOffStateChanged();
+    void DebayeringDefaultState();
+    void PassNewPixelFormat(const QString& format);
+    void PassRestoringSettings();
+    void OnExposureAutoOffClick();
+    void OnExposureAutoOnceClick();
+    void OnExposureAutoContinuousClick();
+    void OnGainAutoOffClick();
+    void OnGainAutoOnceClick();
+    void OnGainAutoContinuousClick();
+    // mode: 0 off, 1 once, 2 continuous, anything else: the camera has none.
+    void SetAutoExposureButtons(int mode);
+    void SetAutoGainButtons(int mode);
+    void OnTemperatureStatusUnstable(const QString& status);
+
+    // Pixel list entry.
+    void ShowDialog();
+    void DeleteAllPixelsSlot();
+    void UnlockClearButtonSlot();
+    void SetPressedPoint(QPointF& point, int width, int height, int type);
+    void PassDeletingPoint(QPointF point);
+    void OnCopyPixelListButtonClicked();
+    void OnPastePixelListButtonClicked();
 
     // Pixel list files.
     void SaveXmlFile();
@@ -125,6 +175,9 @@ private:
     void StyleChrome();
     void PlaceChildren();
     void MakeConnections();
+    void ConnectPanels();
+    // What only makes sense with the controller on its thread.
+    void MakeSessionConnections();
     void PlaceBottomPanel();
     // What all three tool slots do: tool is the one whose button changed.
     void ToolStateChanged(int state, const Tool& tool, const Tool& second, const Tool& third);
@@ -133,6 +186,20 @@ private:
     Tool RubberTool() const;
 
     void MoveOverviewToCorner();
+    int WidthBesideOverview() const;
+
+    void ResetSession();
+    void StartControllerThread();
+    void EnableCameraButtons(bool enabled);
+    void EnableDefectCommands(bool dpcSupported);
+    void EditDefect(int x, int y, int width, int height, int type);
+    // The buttons of the modes, by mode number.
+    std::array<QPushButton*, 3> ExposureModeButtons() const;
+    std::array<QPushButton*, 3> GainModeButtons() const;
+    static void ShowMode(int mode, QWidget& group, const std::array<QPushButton*, 3>& buttons);
+    void ChooseExposureMode(int mode);
+    void ChooseGainMode(int mode);
+    static void ShowCaptionActive(QLabel* caption, bool active);
 
     // Stops the stream for a step and tells whether it ran; the other starts it again.
     bool PauseStream();
@@ -144,6 +211,12 @@ private:
 
     bool m_cameraChosen = false;
     bool m_overviewPlaced = false;
+    bool m_firstFrameShown = false;
+    bool m_correctionSetsLoaded = false;
+    bool m_cameraSettingsLoaded = false;
+    bool m_dpcSupported = false;
+    bool m_imageThreadStarted = false;
+    bool m_temperatureWarningOpen = false;
     bool m_overlayVisible = true;
     bool m_playPauseShortcutLocked = false;
     bool m_automaticOverview = false;
@@ -153,6 +226,7 @@ private:
     int m_cameraIndex = -1;
     int m_sensorWidth = 0;
     int m_sensorHeight = 0;
+    int m_shownFrameCount = 0;
     int m_currentTool = 0;
     QGraphicsScene* m_scene = nullptr;
     QGraphicsPixmapItem* m_imageItem = nullptr; // the scene's
@@ -160,8 +234,11 @@ private:
     std::unique_ptr<KeyEnterReceiver> m_keyReceiver;
     QTimer m_streamCheckTimer;
     QTimer m_playPauseShortcutTimer;
+    QTimer m_rightPanelOpenTimer;
     LeftPanel* m_cameraListPanel = nullptr;
+    CameraOptionPanel* m_optionPanel = nullptr;
     OverviewPanel* m_overviewPanel = nullptr;
+    RightPanel* m_rightPanel = nullptr;
     CustomLabelView* m_overviewLabel = nullptr;
     CustomListView* m_cameraListView = nullptr;
     BottomPanel* m_bottomPanel = nullptr;
@@ -170,10 +247,13 @@ private:
     QTreeView* m_pixelListView = nullptr;
     TreeModel* m_treeModel = nullptr;
     std::unique_ptr<QSizeGrip> m_sizeGrip;
-    std::vector<int> m_availableDefects;
+    QString m_cameraId;
+    std::vector<int> m_availableDefects; // DefectUiType values
+    QVector<DefectInfo> m_copiedPixelList;
     std::unique_ptr<QTranslator> m_translator;
     QString m_apiVersion;
     ImageDoubleBuffer m_imageBuffer;
     QWidget m_windowOverlay;
+    std::unique_ptr<QThread> m_imageThread; // the controller's
     std::unique_ptr<AsynchronousCameraController> m_controller;
 };

@@ -81,7 +81,7 @@ void MainWindow::OnOverviewStateChanged(int state)
             m_overviewPlaced = true;
         }
         MoveOverviewToCorner();
-        m_overviewPanel->SetAdditionalWidth(0);
+        m_overviewPanel->SetAdditionalWidth(WidthBesideOverview());
         m_overviewPanel->show();
     }
     else if (state == Qt::Unchecked)

@@ -5,7 +5,6 @@
 #include "LeftPanel.h"
 #include "LoaderDialog.h"
 #include "MainWindow.h"
-#include "MessageDialog.h"
 #include "OnboardDialog.h"
 #include "Version.h"
 #include "WelcomeDialog.h"
@@ -13,7 +12,6 @@
 
 #include <QApplication>
 #include <QMessageBox>
-#include <QSignalBlocker>
 #include <QTranslator>
 
 namespace
@@ -24,13 +22,13 @@ constexpr int AddToolNumber = 1;
 constexpr int RubberToolNumber = 2;
 constexpr int PlayPauseLockMs = 1000;
 
-void ShowCaptionActive(QLabel* caption, bool active)
+} // namespace
+
+void MainWindow::ShowCaptionActive(QLabel* caption, bool active)
 {
     caption->setStyleSheet(active ? QStringLiteral("color:white; background:none;")
                                   : QStringLiteral("color: #dbdbdb; background:none;"));
 }
-
-} // namespace
 
 void MainWindow::WelcomingDialog()
 {
@@ -221,22 +219,6 @@ void MainWindow::PlayPauseShortcutController()
 {
     m_playPauseShortcutLocked = false;
     m_playPauseShortcutTimer.stop();
-}
-
-void MainWindow::OnPlayPauseButtonClick()
-{
-    if (!m_cameraChosen)
-    {
-        MessageDialog::ExecuteDialog(tr("Camera Error"), tr("Please select a camera"), tr("OK"), nullptr);
-        return;
-    }
-    m_controller->StartStopAcquisition();
-}
-
-void MainWindow::CheckIfStreaming()
-{
-    const QSignalBlocker blocker(m_bottomPanel->PlayPauseButton());
-    m_bottomPanel->PlayPauseButton()->setChecked(m_controller->GetIfStreaming());
 }
 
 void MainWindow::ApplicationLoaderShow()
