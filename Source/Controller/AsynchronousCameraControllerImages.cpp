@@ -140,7 +140,10 @@ void AsynchronousCameraController::TransformBayer12PackedImage(unsigned char* so
 void AsynchronousCameraController::CopyMosaic(unsigned char* source, unsigned int monoFormat, QImage& img)
 {
     const int count = m_api.GetWidth() * m_api.GetHeight();
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED // byteCount: the text of the assertion is known to users
     assert(img.byteCount() == count * 4);
+    QT_WARNING_POP
     CopyToImage(source, monoFormat, img, nullptr);
 }
 

@@ -1,6 +1,7 @@
 // The window's pixel list: entry by mouse and dialog, editing, copy and paste.
 #include "AddDialog.h"
 #include "AsynchronousCameraController.h"
+#include "CameraOptionPanel.h"
 #include "ConfirmDialog.h"
 #include "EditPixelDialog.h"
 #include "LoaderDialog.h"
