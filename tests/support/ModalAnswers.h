@@ -25,6 +25,9 @@ public:
     // Clicks the button with this object name.
     ModalAnswers& ThenClick(const QString& buttonName);
 
+    // The answer to every dialog that has none of its own.
+    ModalAnswers& Always(Answer answer);
+
     // The visible label texts of each dialog that came, joined by newlines.
     const std::vector<QString>& Seen() const { return m_seen; }
 
@@ -32,5 +35,6 @@ private:
     void Handle(QDialog& dialog);
 
     std::vector<Answer> m_answers;
+    Answer m_usualAnswer;
     std::vector<QString> m_seen;
 };

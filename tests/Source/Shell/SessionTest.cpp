@@ -1,0 +1,340 @@
+// A camera session in the real window on simulated cameras: choice, live image, tools, settings, loss.
+#include "MainWindow.h"
+
+#include "AsynchronousCameraController.h"
+#include "CameraOptionPanel.h"
+#include "Control/ControlProgram.h"
+#include "CustomGraphicsView.h"
+#include "CustomListView.h"
+#include "LoaderDialog.h"
+#include "ModalAnswers.h"
+#include "OverviewPanel.h"
+#include "Provider/SimulationProvider.h"
+#include "Rig/Rig.h"
+#include "RightPanel.h"
+#include "TreeModel.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QGraphicsPixmapItem>
+#include <QLabel>
+#include <QPushButton>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <random>
+#include <sstream>
+
+namespace
+{
+
+constexpr int Patience = 20'000; // milliseconds
+
+class SessionTest : public testing::Test
+{
+protected:
+    enum Row
+    {
+        Mono,   // 320 x 240, correction
+        Colour, // Bayer, 352 x 288, correction
+        Plain,  // no correction
+        Mute    // has no stream
+    };
+
+    SessionTest()
+    {
+        QDir::setCurrent(m_folder.path());
+        WriteFile("rig.json", R"({"cameras": [
+            {"id": "MONO", "model": "OSTREL S-1m", "serial": "1", "firmware": "ostrel", "width": 320, "height": 240,
+             "frameRate": 100, "reverseX": true},
+            {"id": "COLOUR", "model": "OSTREL S-2c", "serial": "2", "firmware": "ostrel", "width": 352, "height": 288,
+             "filter": "BayerRG", "scene": "chart", "frameRate": 100},
+            {"id": "PLAIN", "model": "Vesk P", "serial": "3", "firmware": "plain", "width": 1600, "height": 1200,
+             "frameRate": 50},
+            {"id": "MUTE", "model": "Vesk Q", "serial": "4", "firmware": "plain", "width": 320, "height": 240,
+             "stream": false}]})");
+        WriteFile("Lorvane.ini", "[info]\nTutorialFinished=true\n");
+        qputenv("ZLT_SIMULATION_RIG", m_folder.filePath("rig.json").toUtf8());
+        qputenv("ZLT_SIMULATION_STATE", m_folder.filePath("state").toUtf8());
+        qputenv("ZLT_PROVIDER_PATH", SIMULATION_FOLDER);
+        window = std::make_unique<MainWindow>();
+        window->show();
+        window->SetProperSizes();
+    }
+    ~SessionTest() override
+    {
+        window.reset();
+        QDir::setCurrent(QDir::rootPath());
+    }
+
+    // As another program leaves the camera behind.
+    static void SetFeature(const char* id, const char* name, bool value)
+    {
+        struct NoEvents final : ZltApi::ProviderEvents
+        {
+            void CameraListChanged(const ZltApi::CameraPtr&, ZltApi::UpdateTriggerType) noexcept override {}
+            void InterfaceListChanged(const ZltApi::InterfacePtr&, ZltApi::UpdateTriggerType) noexcept override {}
+        } events;
+        Simulation::SimulationProvider provider;
+        ASSERT_EQ(provider.Startup(events), ZltErrorSuccess);
+        std::vector<ZltApi::CameraPtr> cameras;
+        provider.GetCameras(cameras);
+        for (const ZltApi::CameraPtr& camera : cameras)
+        {
+            std::string found;
+            camera->GetID(found);
+            ZltApi::FeaturePtr feature;
+            if (found == id)
+            {
+                ASSERT_EQ(camera->Open(ZltApi::AccessModeFull), ZltErrorSuccess);
+                ASSERT_EQ(camera->GetFeatureByName(name, feature), ZltErrorSuccess);
+                EXPECT_EQ(feature->SetValue(value), ZltErrorSuccess);
+                camera->Close();
+            }
+        }
+        provider.Shutdown();
+    }
+    static void WriteFile(const char* name, const QByteArray& text)
+    {
+        QFile file(name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    }
+    void Control(const std::vector<std::string>& arguments) const
+    {
+        std::ostringstream out;
+        std::ostringstream err;
+        Simulation::ControlProgram program(Simulation::LoadRig(), m_folder.filePath("state").toStdString(), out, err);
+        ASSERT_EQ(program.Run(arguments), 0) << err.str();
+    }
+    template <class Widget> Widget* Find(const char* name = nullptr) const
+    {
+        auto* widget = window->findChild<Widget*>(QLatin1String(name));
+        EXPECT_NE(widget, nullptr) << name;
+        return widget;
+    }
+    void Click(const char* name) const { QTest::mouseClick(Find<QWidget>(name), Qt::LeftButton); }
+    CustomGraphicsView& View() const { return *Find<CustomGraphicsView>("graphicsView"); }
+    TreeModel& Model() const { return *Find<TreeModel>(); }
+    QWidget& Loader() const { return *window->findChild<LoaderDialog*>(); }
+    static bool Waits(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, Patience); }
+
+    void ClickRow(int row) const
+    {
+        auto* const list = window->findChild<CustomListView*>();
+        if (!list->isVisible())
+        {
+            Click("cameraListButton");
+        }
+        ASSERT_TRUE(Waits([&] { return list->model()->rowCount() > row; }));
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          list->visualRect(list->model()->index(row, 0)).center());
+    }
+    // Until the live image is there and the right panel has opened by itself.
+    void Pick(int row) const
+    {
+        ClickRow(row);
+        ASSERT_TRUE(Waits([&] { return !Loader().isVisible() && Find<QCheckBox>("pixelListButton")->isChecked(); }));
+        ASSERT_TRUE(Waits([&] { return !Image().isNull(); }));
+    }
+    QImage Image() const
+    {
+        for (const QGraphicsItem* item : View().scene()->items())
+        {
+            if (const auto* pixmap = qgraphicsitem_cast<const QGraphicsPixmapItem*>(item))
+            {
+                return pixmap->pixmap().toImage();
+            }
+        }
+        return {};
+    }
+    // Presses at the first sensor pixel and releases at the second.
+    void Drag(QPoint from, QPoint to) const
+    {
+        const auto place = [&](QPoint pixel) { return View().mapFromScene(QPointF(pixel) + QPointF(0.25, 0.25)); };
+        QTest::mousePress(View().viewport(), Qt::LeftButton, {}, place(from));
+        QMouseEvent move(QEvent::MouseMove, place(to), Qt::LeftButton, Qt::LeftButton, {});
+        QApplication::sendEvent(View().viewport(), &move);
+        QTest::mouseRelease(View().viewport(), Qt::LeftButton, {}, place(to));
+    }
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<MainWindow> window;
+};
+
+TEST_F(SessionTest, StartsStepByStepUntilTheFirstFrame)
+{
+    SetFeature("MONO", "ReverseX", true);
+    ModalAnswers answers;
+    answers.ThenClick("okButton");
+    Pick(Mono);
+    ASSERT_EQ(answers.Seen().size(), 1U);
+    EXPECT_TRUE(answers.Seen()[0].contains("NOTE:\nReverse X and Y have been disabled"));
+    EXPECT_EQ(Image().size(), QSize(320, 240));
+    EXPECT_FALSE(Find<QCheckBox>("cameraListButton")->isChecked());
+    EXPECT_TRUE(Find<QWidget>("importButton")->isEnabled());
+    EXPECT_EQ(Find<QLabel>("cameraNameLabel")->text().toStdString(), "OSTREL S-1m-1(MONO)"); // also the title bar's
+    EXPECT_TRUE(window->findChild<RightPanel*>()->isVisible());
+
+    Click("playPauseButton");
+    EXPECT_TRUE(Waits([&] { return !Find<QCheckBox>("playPauseButton")->isChecked(); }));
+    Click("playPauseButton");
+    EXPECT_TRUE(Waits([&] { return Find<QCheckBox>("playPauseButton")->isChecked(); }));
+    Pick(Mono); // the same again is a session of its own
+    EXPECT_EQ(answers.Seen().size(), 1U);
+}
+
+TEST_F(SessionTest, MouseToolsEditThePixelList)
+{
+    ModalAnswers answers;
+    Pick(Mono);
+    Click("mouseRectAddButton");
+    Drag({10, 12}, {10, 12}); // a pixel
+    Drag({30, 20}, {31, 28}); // part of a column
+    Drag({50, 40}, {55, 45}); // 25 pixels
+    answers.ThenClick("okButton");
+    Drag({70, 40}, {76, 45}); // 30 pixels
+    EXPECT_TRUE(answers.Seen().back().contains("Too many pixels!"));
+    const QVector<DefectInfo> list = Model().getDefectList();
+    ASSERT_EQ(list.size(), 3);
+    EXPECT_EQ(QPoint(list[0].x, list[0].y), QPoint(10, 12));
+    EXPECT_EQ(QRect(list[1].x, list[1].y, list[1].width, list[1].height), QRect(30, 20, 1, 8));
+    EXPECT_EQ(list[2].type, 3);
+
+    Click("mouseRubber");
+    Drag({52, 42}, {52, 42});
+    EXPECT_EQ(Model().rowCount(), 2);
+    Pick(Plain);
+    EXPECT_EQ(Model().rowCount(), 0) << "the list belongs to the camera before";
+    Click("mouseRectAddButton");
+    answers.ThenClick("okButton");
+    Drag({10, 12}, {10, 12});
+    EXPECT_TRUE(answers.Seen().back().contains("DPC not supported"));
+}
+
+TEST_F(SessionTest, ColoursAndMosaic)
+{
+    Pick(Colour);
+    Click("cameraOptionsButton");
+    auto* const formats = Find<QComboBox>("pixelFormatComboBox");
+    ASSERT_GE(formats->findText("BayerRG8"), 0);
+    const auto isGrey = [this]
+    {
+        const QImage image = Image();
+        for (int i = 0; i < image.width() * image.height(); i += 7)
+        {
+            const QRgb pixel = image.pixel(i % image.width(), i / image.width());
+            if (qRed(pixel) != qGreen(pixel) || qGreen(pixel) != qBlue(pixel))
+            {
+                return false;
+            }
+        }
+        return !image.isNull();
+    };
+    for (const char* format : {"BayerRG8", "BayerRG12", "BayerRG12Packed", "BayerRG10"})
+    {
+        const int index = formats->findText(format);
+        if (index < 0)
+        {
+            continue;
+        }
+        formats->setCurrentIndex(index);
+        EXPECT_TRUE(Waits([&] { return !isGrey(); })) << format;
+    }
+    formats->setCurrentIndex(formats->findText("BayerRG8"));
+    Click("debayeringOnOff");
+    EXPECT_TRUE(Find<QPushButton>("debayeringOnOff")->isChecked());
+    EXPECT_TRUE(Waits(isGrey));
+    formats->setCurrentIndex(formats->findText("BayerRG12"));
+    EXPECT_FALSE(Find<QPushButton>("debayeringOnOff")->isChecked());
+}
+
+TEST_F(SessionTest, OverviewComesWhenTheImageNoLongerFits)
+{
+    Pick(Plain); // larger than the view
+    EXPECT_TRUE(window->findChild<OverviewPanel*>()->isVisible());
+    for (int i = 0; i < 8; ++i)
+    {
+        Click("zoomOutButton");
+    }
+    EXPECT_FALSE(window->findChild<OverviewPanel*>()->isVisible());
+}
+
+TEST_F(SessionTest, LostCameraAndAnother)
+{
+    ModalAnswers answers;
+    Pick(Mono);
+    Model().addDefectItem(1, 2, 1, 1, 0, 0);
+    answers.ThenClick("okButton");
+    Control({"unplug", "MONO"});
+    ASSERT_TRUE(Waits([&] { return answers.Seen().size() == 1; }));
+    EXPECT_TRUE(answers.Seen()[0].contains("Connection lost"));
+    EXPECT_EQ(Model().rowCount(), 0);
+    EXPECT_TRUE(Waits([&] { return !Find<QWidget>("importButton")->isEnabled(); }));
+    Pick(0); // the next one has moved up
+    EXPECT_EQ(Image().size(), QSize(352, 288));
+}
+
+TEST_F(SessionTest, CameraWithoutAStreamEndsTheStart)
+{
+    ModalAnswers answers;
+    answers.ThenClick("okButton");
+    ClickRow(Mute);
+    ASSERT_TRUE(Waits([&] { return answers.Seen().size() == 1 && !Loader().isVisible(); }));
+    EXPECT_TRUE(answers.Seen()[0].contains("Cannot open camera stream")) << answers.Seen()[0].toStdString();
+    EXPECT_FALSE(Find<QWidget>("importButton")->isEnabled());
+    EXPECT_TRUE(Find<QLabel>("cameraNameLabel")->text().isEmpty());
+    Pick(Plain);
+}
+
+// LORVANE_SESSION_CHANGES lengthens it.
+TEST_F(SessionTest, SurvivesRandomChanges)
+{
+    ModalAnswers answers;
+    answers.Always([](QDialog& dialog) { dialog.accept(); });
+    std::mt19937 random(7);
+    const int changes = qMax(30, qEnvironmentVariableIntValue("LORVANE_SESSION_CHANGES"));
+    auto* const list = window->findChild<CustomListView*>();
+    for (int change = 0; change < changes; ++change)
+    {
+        switch (random() % 6)
+        {
+        case 0:
+        case 1:
+            if (!Loader().isVisible() && list->model()->rowCount() > 0)
+            {
+                ClickRow(static_cast<int>(random() % static_cast<unsigned>(list->model()->rowCount())));
+            }
+            break;
+        case 2:
+            Click("playPauseButton");
+            break;
+        case 3:
+        {
+            auto* const formats = Find<QComboBox>("pixelFormatComboBox");
+            formats->setCurrentIndex(formats->count() - 1 - static_cast<int>(random() % 3));
+            break;
+        }
+        case 4:
+            Control({"unplug", random() % 2 == 0 ? "MONO" : "COLOUR"});
+            break;
+        default:
+            Control({"plug", random() % 2 == 0 ? "MONO" : "COLOUR"});
+            break;
+        }
+        QTest::qWait(static_cast<int>(random() % 120));
+    }
+    Control({"plug", "MONO"});
+    Control({"plug", "COLOUR"});
+    ASSERT_TRUE(Waits([&] { return list->model()->rowCount() == 4; }));
+    ASSERT_TRUE(Waits([&] { return !Loader().isVisible(); }));
+    Pick(Colour);
+    EXPECT_EQ(Image().size(), QSize(352, 288));
+}
+
+} // namespace
