@@ -57,3 +57,26 @@ xdotool key Escape
 click 70 16
 shoot about 1
 xdotool key Escape
+
+# Live image: pixels, a run and a cluster entered by mouse.
+drag() {
+  xdotool mousemove --window "$main" "$1" "$2" sleep 0.2 mousedown 1
+  xdotool mousemove --window "$main" $((($1 + $3) / 2)) $((($2 + $4) / 2)) sleep 0.1
+  xdotool mousemove --window "$main" "$3" "$4" sleep 0.2 mouseup 1 sleep 0.3
+}
+click 150 173 # the first camera
+sleep 3
+click 657 57 # the tool that adds
+xdotool mousemove --window "$main" 450 300 click --repeat 13 --delay 60 4 sleep 0.5
+click 300 250
+click 420 330
+drag 520 200 540 330
+drag 600 400 690 470
+shoot zoomed 1
+xdotool click --repeat 9 --delay 60 5
+shoot live 1
+click 40 57
+click 150 338 # the one with temperature control
+sleep 3
+click 181 57
+shoot settings 2

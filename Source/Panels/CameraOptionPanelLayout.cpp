@@ -134,6 +134,7 @@ void CameraOptionPanel::BuildLayout()
 QWidget* CameraOptionPanel::BuildHeader()
 {
     auto* header = new QWidget;
+    header->setObjectName(QStringLiteral("optionHeader"));
     m_settingsLabel = new QLabel;
     m_settingsLabel->setObjectName(QStringLiteral("settingsLabel"));
     m_restoreDefaultButton = new QPushButton;
@@ -150,6 +151,7 @@ QWidget* CameraOptionPanel::BuildHeader()
 QWidget* CameraOptionPanel::BuildPixelFormatGroup()
 {
     auto* group = new QWidget;
+    group->setObjectName(QStringLiteral("pixelFormatGroup"));
     m_pixelFormatLabel = new QLabel;
     m_pixelFormatComboBox = BuildComboBox("pixelFormatComboBox");
     m_pixelFormatLabel->setBuddy(m_pixelFormatComboBox);

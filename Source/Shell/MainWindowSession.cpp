@@ -112,6 +112,7 @@ void MainWindow::ResetSession()
     m_cameraSettingsLoaded = false;
     m_dpcSupported = false;
     m_automaticOverview = true;
+    m_bottomPanel->OverviewButton()->setChecked(false); // opens anew, in the size that fits this camera
     m_optionPanel->DebayeringButton()->setChecked(false);
 }
 
