@@ -32,6 +32,18 @@
         <source>Camera is in use by another application</source>
         <translation>Die Kamera wird von einer anderen Anwendung benutzt</translation>
     </message>
+    <message>
+        <source>Activating new sensor temperature setpoint has run into a timeout!</source>
+        <translation>Zeitüberschreitung beim Aktivieren des neuen Temperatur-Sollwerts!</translation>
+    </message>
+    <message>
+        <source>Cannot retrieve the current value of &apos;Gain&apos;. Error: %1</source>
+        <translation>Der aktuelle Wert von &apos;Gain&apos; kann nicht gelesen werden. Fehler: %1</translation>
+    </message>
+    <message>
+        <source>Cannot retrieve the current &apos;SensorTemperatureSetpointValue&apos;. Error: %1</source>
+        <translation>Der aktuelle &apos;SensorTemperatureSetpointValue&apos; kann nicht gelesen werden. Fehler: %1</translation>
+    </message>
 </context>
 <context>
     <name>BottomPanel</name>
@@ -494,6 +506,108 @@ wählen Sie zuerst eine Kamera aus</translation>
     <message>
         <source>Please select a camera</source>
         <translation>Bitte wählen Sie eine Kamera aus</translation>
+    </message>
+    <message>
+        <source>Reading correction sets...</source>
+        <translation>Korrektursätze werden gelesen...</translation>
+    </message>
+    <message>
+        <source>Reading defects from camera...</source>
+        <translation>Defekte werden aus der Kamera gelesen...</translation>
+    </message>
+    <message>
+        <source>Opening right panel...</source>
+        <translation>Rechter Bereich wird geöffnet...</translation>
+    </message>
+    <message>
+        <source>DPC not supported</source>
+        <translation>DPC wird nicht unterstützt</translation>
+    </message>
+    <message>
+        <source>Too many pixels!</source>
+        <translation>Zu viele Pixel!</translation>
+    </message>
+    <message>
+        <source>Deleting list</source>
+        <translation>Liste löschen</translation>
+    </message>
+    <message>
+        <source>WARNING: All list entries will be deleted!</source>
+        <translation>WARNUNG: Alle Einträge der Liste werden gelöscht!</translation>
+    </message>
+    <message>
+        <source>Copy success</source>
+        <translation>Kopieren erfolgreich</translation>
+    </message>
+    <message>
+        <source>Setting new camera index...</source>
+        <translation>Neue Kamera wird ausgewählt...</translation>
+    </message>
+    <message>
+        <source>Getting current settings of selected camera...</source>
+        <translation>Aktuelle Einstellungen der ausgewählten Kamera werden gelesen...</translation>
+    </message>
+    <message>
+        <source>Adjusting overview panel...</source>
+        <translation>Übersicht wird angepasst...</translation>
+    </message>
+    <message>
+        <source>Starting image acquisiton...</source>
+        <translation>Bildaufnahme wird gestartet...</translation>
+    </message>
+    <message>
+        <source>NOTE:
+Reverse X and Y have been disabled, so that coordinates are unambiguous.
+Please reenable after you have finished.</source>
+        <translation>HINWEIS:
+Die Spiegelung in X und Y wurde ausgeschaltet, damit die Koordinaten eindeutig sind.
+Bitte schalten Sie sie nach Abschluss wieder ein.</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>Ein</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>Getting settings from camera...</source>
+        <translation>Einstellungen werden aus der Kamera gelesen...</translation>
+    </message>
+    <message>
+        <source>Adjusting sliders...</source>
+        <translation>Regler werden angepasst...</translation>
+    </message>
+    <message>
+        <source>Confirm</source>
+        <translation>Bestätigen</translation>
+    </message>
+    <message>
+        <source>Are you sure? 
+Reset camera settings</source>
+        <translation>Sind Sie sicher? 
+Kameraeinstellungen zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Restoring settings...</source>
+        <translation>Einstellungen werden zurückgesetzt...</translation>
+    </message>
+    <message>
+        <source>Camera info</source>
+        <translation>Kamerainformation</translation>
+    </message>
+    <message>
+        <source>Connection lost</source>
+        <translation>Verbindung unterbrochen</translation>
+    </message>
+    <message>
+        <source>Camera has been disconnected</source>
+        <translation>Die Verbindung zur Kamera wurde getrennt</translation>
+    </message>
+    <message>
+        <source>Sensor Temperature is not stable, current status is &apos;%1&apos;</source>
+        <translation>Die Sensortemperatur ist nicht stabil, aktueller Status: &apos;%1&apos;</translation>
     </message>
 </context>
 <context>
