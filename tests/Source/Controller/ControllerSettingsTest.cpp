@@ -262,7 +262,7 @@ TEST_F(ControllerSettingsTest, ExposureIsWrittenByTheMonitor)
 
 TEST_F(ControllerSettingsTest, AutoModes)
 {
-    Start();
+    Start().StopTimers();
     EXPECT_THAT(Tick("ExposureSliderAutoChange"), IsEmpty());
     EXPECT_THAT(Tick("GainSliderAutoChange"), ElementsAre("Updated 3 1"));
     controller->SetExposureMode(1);
@@ -304,7 +304,7 @@ TEST_F(ControllerSettingsTest, TemperatureMonitor)
 
 TEST_F(ControllerSettingsTest, SetpointActivation)
 {
-    Start();
+    Start().StopTimers();
     controller->OnActivateSetpoint();
     EXPECT_THAT(Told(), ElementsAre("Done")) << "without the command";
     ScriptedFeature& activate = camera->Add("SensorTemperatureSetpointActivate", ZltFeatureDataCommand, false);
