@@ -18,6 +18,8 @@ namespace
 std::atomic<int> g_allocations{0};
 }
 
+// The sanitizers have a heap of their own.
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 void* operator new(std::size_t size)
 {
     void* const memory = (++g_allocations, std::malloc(size));
@@ -31,6 +33,7 @@ void operator delete(void* memory, std::size_t) noexcept
 {
     std::free(memory);
 }
+#endif
 
 namespace
 {
