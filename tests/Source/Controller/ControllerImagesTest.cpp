@@ -18,8 +18,8 @@ namespace
 std::atomic<int> g_allocations{0};
 }
 
-// The sanitizers have a heap of their own.
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+// The sanitizers have a heap of their own; the analyzer takes each new for a malloc.
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) && !defined(__clang_analyzer__)
 void* operator new(std::size_t size)
 {
     void* const memory = (++g_allocations, std::malloc(size));
