@@ -132,11 +132,11 @@ TEST_F(ControllerSettingsTest, WhatTheOptionsPanelIsTold)
     const std::pair<int, const char*> noNuc = {17, "NucControlEnabled false"};
     const std::vector<std::pair<std::string, std::map<int, std::string>>> cases = {
         {"", {}},
-        {"Find Gamma Find BlackLevel", {{0, "LockSliders 0 true"}, {5, "LockSliders 3 true"}}},
-        {"Find Gain Find GainAuto", {{1, "LockSliders 1 true"}, {4, "CurrentGainMode -1"}}},
+        {"Find Gamma,Find BlackLevel", {{0, "LockSliders 0 true"}, {5, "LockSliders 3 true"}}},
+        {"Find Gain,Find GainAuto", {{1, "LockSliders 1 true"}, {4, "CurrentGainMode -1"}}},
         {"Find ExposureTime", {{2, "SlidersValues 20 200 100 2"}}},
-        {"Find ExposureTime Find ExposureTimeAbs", {{2, "LockSliders 2 true"}}},
-        {"Find ExposureAuto Find PixelFormat", {{3, "CurrentExposureMode -1"}, {6, ""}}},
+        {"Find ExposureTime,Find ExposureTimeAbs", {{2, "LockSliders 2 true"}}},
+        {"Find ExposureAuto,Find PixelFormat", {{3, "CurrentExposureMode -1"}, {6, ""}}},
         {"Find SensorTemperatureControlState", {{7, ""}, noTemperature}},
         {"Find SensorTemperatureSetpointMode", {{8, ""}, {13, ""}, noTemperature}},
         {"Find SensorTemperatureSetpointActive", {{9, ""}, noTemperature}},
@@ -145,15 +145,15 @@ TEST_F(ControllerSettingsTest, WhatTheOptionsPanelIsTold)
         {"Find SensorTemperatureControlMode", {{12, ""}, noTemperature}},
         {"Find NUCMode", {{14, ""}, noNuc}},
         {"Find NUCDatasetActiveDescription", {{15, ""}, noNuc}},
-        {"Range Gain Get SensorTemperatureSetpointActive Get ExposureAuto", {{1, ""}, {3, ""}, {9, ""}}}};
+        {"Range Gain,Get SensorTemperatureSetpointActive,Get ExposureAuto", {{1, ""}, {3, ""}, {9, ""}}}};
     for (const auto& [failing, instead] : cases)
     {
         SCOPED_TRACE(failing);
         static_cast<CallScript&>(*camera) = CallScript();
         std::istringstream calls(failing);
-        for (std::string operation, name; calls >> operation >> name;)
+        for (std::string call; std::getline(calls, call, ',');)
         {
-            camera->Fail(operation + ' ' + name, 0);
+            camera->Fail(call, 0);
         }
         Start().SetCameraSettings();
         Lines expected = all;
