@@ -202,7 +202,7 @@ private:
 
     ZltApi::CameraPtr ListedCamera() const;
     std::optional<double> SendSlider(const ZltApi::Feature& feature, int slider);
-    void SendPlainSlider(const ZltApi::CameraPtr& camera, int slider, double& defaultValue);
+    void SendPlainSlider(const ZltApi::CameraPtr& camera, int slider, std::optional<double>& defaultValue);
     void SendAutoMode(const ZltApi::CameraPtr& camera, const char* name,
                       void (AsynchronousCameraController::*signal)(int));
     // These two tell whether the camera has all of their features.
@@ -211,6 +211,7 @@ private:
     void SetAutoMode(const char* name, int mode, QTimer& timer);
     void SendAutoValue(const char* modeName, std::initializer_list<const char*> valueNames, int slider);
     void MonitorControlState(const ZltApi::CameraPtr& camera);
+    void SendActiveSetpoint(const ZltApi::Feature& feature);
     void WaitForSetpoint(const ZltApi::Feature& activate);
     // Within an operation only.
     void CheckFeaturesWritable();
@@ -222,12 +223,11 @@ private:
     std::atomic<bool> m_debayering{true};
     std::atomic<bool> m_streaming{false};
     std::atomic<bool> m_exposurePending{false};
-    std::atomic<bool> m_exposureDefaultStored{false};
-    // As first read, for restoring; GUI thread. Exposures in microseconds.
-    double m_defaultGamma = 0;
-    double m_defaultGain = 0;
-    double m_defaultBlackLevel = 0;
-    double m_defaultExposure = 0;
+    // As read from this camera, for restoring; nothing before. GUI thread. Exposures in microseconds.
+    std::optional<double> m_defaultGamma;
+    std::optional<double> m_defaultGain;
+    std::optional<double> m_defaultBlackLevel;
+    std::optional<double> m_defaultExposure; // only the first reading
     std::atomic<double> m_exposureValue{0.0};
     std::string m_cameraId;
     // Without a parent, so that they stay on the GUI thread when the controller moves.

@@ -19,8 +19,8 @@ ZltImage Descriptor()
     return image;
 }
 
-// Whether the frame is one of an acquisition with this format and size, and holds all of its pixels. Frames of an
-// acquisition that has just ended may still come while the next one starts.
+// Whether the frame is a complete one of an acquisition with this format and size, and holds all of its pixels. What an
+// acquisition that has just ended announced may still come while the next one runs, so that the frame itself is asked.
 bool HoldsImage(const ZltApi::Frame& frame, std::uint32_t format, std::uint32_t width, std::uint32_t height)
 {
     ZltImage image = Descriptor();
@@ -28,7 +28,9 @@ bool HoldsImage(const ZltApi::Frame& frame, std::uint32_t format, std::uint32_t 
     std::uint32_t frameWidth = 0;
     std::uint32_t frameHeight = 0;
     std::uint64_t bytes = 0;
+    ZltApi::FrameStatus status = ZltApi::FrameStatusInvalid;
     return ZltSetImageInfoFromPixelFormat(format, width, height, &image) == ZltErrorSuccess &&
+           frame.GetReceiveStatus(status) == ZltErrorSuccess && status == ZltApi::FrameStatusComplete &&
            frame.GetPixelFormat(frameFormat) == ZltErrorSuccess && frameFormat == format &&
            frame.GetWidth(frameWidth) == ZltErrorSuccess && frameWidth == width &&
            frame.GetHeight(frameHeight) == ZltErrorSuccess && frameHeight == height &&
@@ -142,7 +144,7 @@ void AsynchronousCameraController::CopyMosaic(unsigned char* source, unsigned in
     const int count = m_api.GetWidth() * m_api.GetHeight();
     QT_WARNING_PUSH
     QT_WARNING_DISABLE_DEPRECATED // byteCount: the text of the assertion is known to users
-    assert(img.byteCount() == count * 4);
+        assert(img.byteCount() == count * 4);
     QT_WARNING_POP
     CopyToImage(source, monoFormat, img, nullptr);
 }

@@ -164,7 +164,12 @@ void AsynchronousCameraController::SetNewIndex(int index, const QString& serial)
     m_api.CloseCamera();
     m_cameraBusyReported = false;
     m_debayering = true;
-    m_exposureDefaultStored = false;
+    m_exposureValue = 0.0;
+    m_exposurePending = false;
+    m_defaultGamma.reset();
+    m_defaultGain.reset();
+    m_defaultBlackLevel.reset();
+    m_defaultExposure.reset();
     m_setpointModeIsAuto = false;
     m_lastControlState.clear();
     m_cameraIndex = index;
@@ -175,8 +180,6 @@ void AsynchronousCameraController::SetNewIndex(int index, const QString& serial)
         m_currentCamera = m_cameras[static_cast<std::size_t>(index)];
         if (m_api.OpenCamera(m_currentCamera) == ZltErrorSuccess)
         {
-            m_exposureValue = 0.0;
-            m_exposurePending = false;
             m_monitorTimer.start(MonitorInterval);
         }
         m_temperatureControlAvailable =
@@ -248,6 +251,7 @@ void AsynchronousCameraController::StartAcquisition()
     if (started == ZltErrorSuccess)
     {
         m_imageBuffer.SetImages(m_api.GetWidth(), m_api.GetHeight());
+        m_streaming = true; // before the first frame can come: one that falls through stays in the queue
         ConnectFrames();
     }
     else if (started == ZltErrorNotSupported)
@@ -259,7 +263,6 @@ void AsynchronousCameraController::StartAcquisition()
         AnnounceError(tr("Camera is in use by another application"));
         m_cameraBusyReported = true;
     }
-    m_streaming = started == ZltErrorSuccess;
     CheckFeaturesWritable();
 }
 

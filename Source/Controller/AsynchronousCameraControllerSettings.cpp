@@ -8,9 +8,8 @@
 #include <QCoreApplication>
 #include <QThread>
 
-#include <algorithm>
 #include <array>
-#include <cmath>
+#include <utility>
 
 namespace
 {
@@ -34,11 +33,11 @@ enum Control
 constexpr int ModeAbsent = -1;
 constexpr std::array<const char*, 3> ModeNames = {"Off", "Once", "Continuous"}; // by mode number
 
-constexpr int AutoModeInterval = 500;        // milliseconds
-constexpr int ActivationTimeout = 5000;      // milliseconds
-constexpr int ActivationPollPause = 5;       // milliseconds
-constexpr std::int64_t MostSetpoints = 1000; // of a camera that claims an absurd range
-constexpr double NoTemperature = -999.0;     // degrees Celsius
+constexpr int AutoModeInterval = 500;    // milliseconds
+constexpr int ActivationTimeout = 5000;  // milliseconds
+constexpr int ActivationPollPause = 5;   // milliseconds
+constexpr int MostSetpoints = 1000;      // of a camera that claims an absurd range
+constexpr double NoTemperature = -999.0; // degrees Celsius
 
 constexpr const char* ControlState = "SensorTemperatureControlState";
 constexpr const char* ControlMode = "SensorTemperatureControlMode";
@@ -73,11 +72,29 @@ bool StartsWith(const QString& text, const char* beginning)
     return text.startsWith(QLatin1String(beginning), Qt::CaseInsensitive);
 }
 
-QString IntegerText(const ZltApi::Feature& feature)
+// Nothing when the camera does not tell.
+std::optional<QString> IntegerText(const ZltApi::Feature& feature)
 {
     std::int64_t value = 0;
-    feature.GetValue(value);
-    return QString::number(value);
+    return feature.GetValue(value) == ZltErrorSuccess ? std::optional(QString::number(value)) : std::nullopt;
+}
+
+// The integers from the feature's minimum to its maximum.
+QStringList Setpoints(const ZltApi::Feature& selector)
+{
+    std::int64_t minimum = 0;
+    std::int64_t maximum = 0;
+    QStringList setpoints;
+    if (selector.GetRange(minimum, maximum) == ZltErrorSuccess && minimum <= maximum)
+    {
+        // The maximum may be the greatest number there is.
+        setpoints << QString::number(minimum);
+        while (minimum < maximum && setpoints.size() < MostSetpoints)
+        {
+            setpoints << QString::number(++minimum);
+        }
+    }
+    return setpoints;
 }
 
 } // namespace
@@ -119,10 +136,7 @@ void AsynchronousCameraController::SetCameraSettings()
     }
     else if (const std::optional<double> value = SendSlider(*exposure, ExposureSlider))
     {
-        if (!m_exposureDefaultStored.exchange(true))
-        {
-            m_defaultExposure = *value;
-        }
+        m_defaultExposure = m_defaultExposure.value_or(*value);
     }
     SendAutoMode(camera, "ExposureAuto", &AsynchronousCameraController::SendCurrentExposureMode);
     SendAutoMode(camera, "GainAuto", &AsynchronousCameraController::SendCurrentGainMode);
@@ -137,7 +151,8 @@ void AsynchronousCameraController::SetCameraSettings()
     Q_EMIT SendNucControlEnabled(m_nucAvailable);
 }
 
-void AsynchronousCameraController::SendPlainSlider(const CameraPtr& camera, int slider, double& defaultValue)
+void AsynchronousCameraController::SendPlainSlider(const CameraPtr& camera, int slider,
+                                                   std::optional<double>& defaultValue)
 {
     const FeaturePtr feature = CameraFeatures::Find(camera, PlainSliderFeature(slider));
     if (!feature)
@@ -146,7 +161,7 @@ void AsynchronousCameraController::SendPlainSlider(const CameraPtr& camera, int 
     }
     else if (const std::optional<double> value = SendSlider(*feature, slider))
     {
-        defaultValue = *value;
+        defaultValue = value;
     }
 }
 
@@ -191,21 +206,12 @@ bool AsynchronousCameraController::SendTemperatureControl(const CameraPtr& camer
              m_setpointModeIsAuto = StartsWith(mode, "Auto");
              Q_EMIT SendTemperatureSetpointMode(mode);
          });
-    tell(SetpointActive,
-         [this](const ZltApi::Feature& feature) { Q_EMIT SendActiveSetpointValue(IntegerText(feature)); });
+    tell(SetpointActive, [this](const ZltApi::Feature& feature) { SendActiveSetpoint(feature); });
     tell(SetpointValue, [this](const ZltApi::Feature& feature) { SendSlider(feature, SetpointValueSlider); });
     tell(SetpointSelector,
-         [this](const ZltApi::Feature& feature)
-         {
-             std::int64_t minimum = 0;
-             std::int64_t maximum = -1;
-             feature.GetRange(minimum, maximum);
-             QStringList setpoints;
-             for (std::int64_t setpoint = minimum; setpoint <= std::min(maximum, minimum + MostSetpoints); ++setpoint)
-             {
-                 setpoints << QString::number(setpoint);
-             }
-             Q_EMIT SendComboboxValues(setpoints, IntegerText(feature), SetpointSelectorBox);
+         [this](const ZltApi::Feature& feature) {
+             Q_EMIT SendComboboxValues(Setpoints(feature), IntegerText(feature).value_or(QString()),
+                                       SetpointSelectorBox);
          });
     for (const auto& [name, box] : {std::pair{ControlMode, ControlModeBox}, std::pair{SetpointMode, SetpointModeBox}})
     {
@@ -241,11 +247,11 @@ void AsynchronousCameraController::RestoreSettingsToDefault()
         return;
     }
     const CameraStreamStateHolder holder(*this);
-    const auto restore = [this](const FeaturePtr& feature, int slider, double value)
+    const auto restore = [this](const FeaturePtr& feature, int slider, std::optional<double> value)
     {
-        if (feature)
+        if (feature && value)
         {
-            CameraFeatures::WriteNumber(*feature, value);
+            CameraFeatures::WriteNumber(*feature, *value);
             SendSlider(*feature, slider);
         }
     };
@@ -325,7 +331,7 @@ void AsynchronousCameraController::UpdateSliderFeatures(double value, int slider
     {
         if (const FeaturePtr setpoint = CameraFeatures::Find(camera, SetpointValue))
         {
-            CameraFeatures::WriteNumber(*setpoint, std::trunc(value));
+            setpoint->SetValue(static_cast<std::int64_t>(value));
         }
     }
     else if (const char* const name = PlainSliderFeature(slider))
@@ -384,19 +390,28 @@ void AsynchronousCameraController::MonitorExposureTimeAndTemperature()
     {
         if (const FeaturePtr active = CameraFeatures::Find(camera, SetpointActive))
         {
-            Q_EMIT SendActiveSetpointValue(IntegerText(*active));
+            SendActiveSetpoint(*active);
         }
+    }
+}
+
+void AsynchronousCameraController::SendActiveSetpoint(const ZltApi::Feature& feature)
+{
+    if (const std::optional<QString> active = IntegerText(feature))
+    {
+        Q_EMIT SendActiveSetpointValue(*active);
     }
 }
 
 void AsynchronousCameraController::MonitorControlState(const CameraPtr& camera)
 {
     const FeaturePtr feature = CameraFeatures::Find(camera, ControlState);
-    if (!feature)
+    std::string text;
+    if (!feature || feature->GetValue(text) != ZltErrorSuccess)
     {
-        return;
+        return; // no answer is no state
     }
-    const QString state = CameraFeatures::ReadText(*feature);
+    const QString state = QString::fromStdString(text);
     Q_EMIT SendTemperatureControlStateValue(state);
     QString last;
     {
@@ -421,11 +436,9 @@ void AsynchronousCameraController::OnActivateSetpoint()
         {
             Q_EMIT ErrorSignal(tr("Activating new sensor temperature setpoint has run into a timeout!"));
         }
-        std::int64_t active = 0;
-        const FeaturePtr feature = CameraFeatures::Find(camera, SetpointActive);
-        if (feature && feature->GetValue(active) == ZltErrorSuccess)
+        if (const FeaturePtr active = CameraFeatures::Find(camera, SetpointActive))
         {
-            Q_EMIT SendActiveSetpointValue(QString::number(active));
+            SendActiveSetpoint(*active);
         }
     }
     Q_EMIT SendSetpointActivationDone();
@@ -487,7 +500,11 @@ std::pair<double, double> AsynchronousCameraController::GetExposureRange()
     const std::optional<CameraFeatures::Range> range = feature ? CameraFeatures::ReadRange(*feature) : std::nullopt;
     if (range)
     {
-        m_exposureValue = CameraFeatures::Clamped(m_exposureValue, *range);
+        // A slider's value that comes meanwhile on the other thread is not lost.
+        double value = m_exposureValue;
+        while (!m_exposureValue.compare_exchange_weak(value, CameraFeatures::Clamped(value, *range)))
+        {
+        }
     }
     return range.value_or(CameraFeatures::Range{});
 }
@@ -513,7 +530,12 @@ double AsynchronousCameraController::GetCurrentGain()
 {
     double gain = 0;
     const FeaturePtr feature = CameraFeatures::Find(CurrentCamera(), "Gain");
-    const ZltErrorType result = feature ? feature->GetValue(gain) : ZltErrorNotFound;
+    ZltErrorType result = feature ? feature->GetValue(gain) : ZltErrorNotFound;
+    std::int64_t integer = 0;
+    if (result == ZltErrorWrongType && (result = feature->GetValue(integer)) == ZltErrorSuccess)
+    {
+        gain = static_cast<double>(integer);
+    }
     if (result != ZltErrorSuccess)
     {
         Q_EMIT ErrorSignal(tr("Cannot retrieve the current value of 'Gain'. Error: %1").arg(result));

@@ -47,6 +47,7 @@ public:
     std::vector<std::shared_ptr<Entry>> entries;
     bool readable = true;
     bool writable = true;
+    bool commandDone = true;
 
     Result GetName(std::string& result) const override { return answer("Name ", result, name); }
     Result GetDataType(ZltFeatureDataType& result) const override { return answer("Type ", result, type); }
@@ -80,8 +81,16 @@ public:
         result.assign(entries.begin(), entries.end());
         return m_script.Call("Entries " + name);
     }
-    Result GetValues(std::vector<std::string>&) const override { return ZltErrorNotImplemented; }
-    Result IsCommandDone(bool&) const override { return ZltErrorNotImplemented; }
+    Result GetValues(std::vector<std::string>& result) const override
+    {
+        result.clear();
+        for (const auto& entry : entries)
+        {
+            result.push_back(entry->name);
+        }
+        return m_script.Call("Values " + name);
+    }
+    Result IsCommandDone(bool& result) const override { return answer("Done ", result, commandDone); }
 
 private:
     std::shared_ptr<Entry> find(const std::string& wanted) const

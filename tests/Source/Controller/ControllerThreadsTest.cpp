@@ -13,6 +13,8 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
+#include <QImage>
 #include <QTest>
 #include <QThread>
 
@@ -246,6 +248,74 @@ TEST_F(SimulatedSystem, StartsAndStopsOfTheApi)
         before = round == 4 ? resources() : before;
     }
     EXPECT_EQ(resources(), before) << "files and threads";
+}
+
+// Format and interpolation change under the running stream, from both threads; then a cooled camera is set.
+TEST_F(SimulatedSystem, SettingsOfLiveCameras)
+{
+    QFile rig("live.json");
+    ASSERT_TRUE(rig.open(QIODevice::WriteOnly));
+    rig.write(R"({"cameras": [{"id": "C", "model": "OSTREL T-1", "serial": "1", "firmware": "ostrel", "width": 96,
+                  "height": 64, "filter": "BayerRG", "frameRate": 200, "scene": "chart"},
+                 {"id": "T", "model": "Kelda", "serial": "2", "firmware": "plain", "width": 64, "height": 48,
+                  "temperatureControl": true, "exposureFeature": "ExposureTimeAbs"}]})");
+    rig.close();
+    qputenv("ZLT_SIMULATION_RIG", QFileInfo(rig).absoluteFilePath().toUtf8());
+    Window window;
+    Controller& controller = *window.controller;
+    const auto isColoured = [&]
+    {
+        bool coloured = false;
+        window.images.Lock();
+        const QImage& front = *window.images.Front();
+        for (int i = 0; i < front.width() * front.height(); ++i)
+        {
+            const QRgb pixel = front.pixel(i % front.width(), i / front.width());
+            coloured = coloured || qRed(pixel) != qGreen(pixel);
+        }
+        window.images.Unlock();
+        return coloured;
+    };
+    int frames = 0;
+    QObject::connect(&controller, &Controller::SendPixmapToArea, &window.view, [&] { ++frames; });
+    controller.SetNewIndex(0, "C");
+    QMetaObject::invokeMethod(&controller, &Controller::StartStopAcquisition);
+    for (const char* const format : {"BayerRG8", "BayerRG12", "BayerRG12Packed", "BayerRG8"})
+    {
+        QMetaObject::invokeMethod(&controller, [&controller, format] { controller.SetPixelFormat(format); });
+        for (const bool debayering : {false, true, true, false})
+        {
+            controller.SetDebayeringOnOff(debayering);
+            ASSERT_TRUE(QTest::qWaitFor([&] { return controller.GetCurrentPixelFormat() == format; }, Patience));
+            QCoreApplication::processEvents();
+            frames = 0;
+            ASSERT_TRUE(QTest::qWaitFor([&] { return frames > 3; }, Patience)) << format;
+            EXPECT_EQ(isColoured(), debayering) << format;
+        }
+    }
+
+    controller.StopIfStreaming();
+    controller.SetNewIndex(1, "T");
+    QStringList told;
+    QStringList states;
+    const auto note = [&](const char* what)
+    { return [&told, what](const auto& value) { told << QString("%1 %2").arg(what).arg(value); }; };
+    QObject::connect(&controller, &Controller::ErrorSignal, &window.view, note("error"));
+    QObject::connect(&controller, &Controller::SendTemperatureStatusUnstable, &window.view, note("unstable"));
+    QObject::connect(&controller, &Controller::SendTemperatureControlEnabled, &window.view, note("enabled"));
+    QObject::connect(&controller, &Controller::SendSetpointActivationDone, &window.view, [&] { told << "done"; });
+    QObject::connect(&controller, &Controller::SendTemperatureControlStateValue, &window.view,
+                     [&](const QString& state) { states << state; });
+    controller.SetCameraSettings();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return states.endsWith("Stable") && states.size() > 3; }, Patience));
+    controller.UpdateSliderFeatures(1e12, 2);
+    QMetaObject::invokeMethod(&controller, [&] { controller.UpdateComboboxFeatures("Manual", 7); });
+    QMetaObject::invokeMethod(&controller, [&] { controller.UpdateComboboxFeatures("1", 5); });
+    QMetaObject::invokeMethod(&controller, &Controller::OnActivateSetpoint);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return told.size() == 3; }, Patience)) << told.join(", ").toStdString();
+    told.sort();
+    EXPECT_EQ(told, QStringList({"done", "enabled 1", "unstable Regulating"}));
+    EXPECT_EQ(controller.GetCurrentExposure(), controller.GetExposureRange().second);
 }
 
 using ThreadedList = ListedSystem;

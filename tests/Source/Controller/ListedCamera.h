@@ -105,22 +105,32 @@ private:
     Result Log(const std::string& call) { return calls.push_back(call), Call(call); }
 };
 
-class ListedFrame final : public ZltApi::Frame
+// Of 36 x 10 pixels; everything of it can be wrong. A status above 0 cannot be read.
+struct ListedFrame final : ZltApi::Frame
 {
-public:
-    explicit ListedFrame(int frameStatus) : m_status(frameStatus) {}
-    ZltErrorType GetImage(unsigned char*&) override { return ZltErrorNotImplemented; }
-    // A status above 0 cannot be read.
-    ZltErrorType GetReceiveStatus(ZltApi::FrameStatus& status) const override
+    explicit ListedFrame(int frameStatus, std::uint32_t pixelFormat = 0, std::vector<unsigned char> content = {})
+        : status(frameStatus),
+          format(pixelFormat),
+          bytes(std::move(content)),
+          size(bytes.size())
     {
-        return status = ZltApi::FrameStatus(m_status), m_status > 0 ? ZltErrorTransportLayer : ZltErrorSuccess;
     }
-    ZltErrorType GetBufferSize(std::uint64_t&) const override { return ZltErrorNotImplemented; }
-    ZltErrorType GetWidth(std::uint32_t&) const override { return ZltErrorNotImplemented; }
-    ZltErrorType GetHeight(std::uint32_t&) const override { return ZltErrorNotImplemented; }
-    ZltErrorType GetPixelFormat(std::uint32_t&) const override { return ZltErrorNotImplemented; }
+    ZltErrorType GetImage(unsigned char*& image) override { return image = bytes.data(), result; }
+    ZltErrorType GetReceiveStatus(ZltApi::FrameStatus& is) const override
+    {
+        return is = ZltApi::FrameStatus(status), status > 0 ? ZltErrorTransportLayer : ZltErrorSuccess;
+    }
+    ZltErrorType GetBufferSize(std::uint64_t& is) const override { return is = size, ZltErrorSuccess; }
+    ZltErrorType GetWidth(std::uint32_t& is) const override { return is = width, ZltErrorSuccess; }
+    ZltErrorType GetHeight(std::uint32_t& is) const override { return is = height, ZltErrorSuccess; }
+    ZltErrorType GetPixelFormat(std::uint32_t& is) const override { return is = format, ZltErrorSuccess; }
     ZltErrorType GetFrameID(std::uint64_t&) const override { return ZltErrorNotImplemented; }
 
-private:
-    const int m_status;
+    int status;
+    std::uint32_t format;
+    std::vector<unsigned char> bytes;
+    std::uint64_t size;
+    std::uint32_t width = 36;
+    std::uint32_t height = 10;
+    ZltErrorType result = ZltErrorSuccess;
 };
