@@ -134,8 +134,7 @@ private:
 
     void MoveOverviewToCorner();
 
-    // Stops the stream for a step and tells whether it ran; the other starts it again.
-    bool PauseStream();
+    // Starts a stream again that was stopped for a step.
     void ResumeStream(bool wasStreaming);
     // What the busy state takes out of use.
     std::vector<QWidget*> WidgetsOffWhileBusy() const;
@@ -144,7 +143,6 @@ private:
 
     bool m_cameraChosen = false;
     bool m_overviewPlaced = false;
-    bool m_overlayVisible = true;
     bool m_playPauseShortcutLocked = false;
     bool m_automaticOverview = false;
     bool m_tutorialFinished = false;
