@@ -27,7 +27,6 @@ void DefectEntryDialog::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange)
     {
         m_ui->retranslateUi(this);
-        SetStrings();
     }
     EntryDialog::changeEvent(event);
 }

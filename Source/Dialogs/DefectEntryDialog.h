@@ -35,8 +35,6 @@ protected:
 
     // The name of a DefectUiType in the combo box; empty for an unknown one.
     static QString KindText(int kind);
-    // Anew after a change of language.
-    virtual void SetStrings() = 0;
 
     // What stands in the fields; 0 for a field without a number.
     Values EnteredValues() const;

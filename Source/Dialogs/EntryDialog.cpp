@@ -1,4 +1,4 @@
-// What the dialogs for entering numbers have in common: no frame, a header that drags them, and their look.
+// What the dialogs for entering numbers have in common: a header that drags them, and their look.
 #include "EntryDialog.h"
 
 #include <QIcon>
@@ -8,8 +8,7 @@ namespace
 {
 
 const char* const Style = R"(
-QDialog { background: rgb(46,47,48); }
-#dialogFrame { border: 1px solid rgb(89,89,89); }
+#dialogFrame { background: rgb(46,47,48); border: 1px solid rgb(89,89,89); }
 #headerWidget { background: rgb(66,67,68); }
 QLabel { color: rgb(219,219,219); background: none; font-size: 12px; }
 #headerLabel { font-size: 13px; font-weight: 600; }
@@ -71,7 +70,7 @@ QPushButton:focus { border-color: rgb(47,128,237); }
 
 } // namespace
 
-EntryDialog::EntryDialog(QWidget* parent) : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint)
+EntryDialog::EntryDialog(QWidget* parent) : FramelessDialog(parent)
 {
     setStyleSheet(QLatin1String(Style));
     setWindowIcon(QIcon(QStringLiteral(":/icons/resources/logo-taskbar.png")));
@@ -80,23 +79,8 @@ EntryDialog::EntryDialog(QWidget* parent) : QDialog(parent, Qt::Dialog | Qt::Fra
 void EntryDialog::mousePressEvent(QMouseEvent* event)
 {
     const auto* header = findChild<QWidget*>(QStringLiteral("headerWidget"));
-    m_dragging = event->button() == Qt::LeftButton && header != nullptr &&
-                 header->rect().contains(header->mapFrom(this, event->pos()));
-    m_grip = event->globalPos() - pos();
-    QDialog::mousePressEvent(event);
-}
-
-void EntryDialog::mouseMoveEvent(QMouseEvent* event)
-{
-    if (m_dragging)
+    if (header != nullptr && header->rect().contains(header->mapFrom(this, event->pos())))
     {
-        move(event->globalPos() - m_grip);
+        FramelessDialog::mousePressEvent(event);
     }
-    QDialog::mouseMoveEvent(event);
-}
-
-void EntryDialog::mouseReleaseEvent(QMouseEvent* event)
-{
-    m_dragging = false;
-    QDialog::mouseReleaseEvent(event);
 }

@@ -1,10 +1,9 @@
-// What the dialogs for entering numbers have in common: no frame, a header that drags them, and their look.
+// What the dialogs for entering numbers have in common: a header that drags them, and their look.
 #pragma once
 
-#include <QDialog>
-#include <QPoint>
+#include "FramelessDialog.h"
 
-class EntryDialog : public QDialog
+class EntryDialog : public FramelessDialog
 {
     Q_OBJECT
 
@@ -12,12 +11,6 @@ public:
     explicit EntryDialog(QWidget* parent);
 
 protected:
-    // The header is the child "headerWidget".
+    // Only the header drags: the child "headerWidget".
     void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-
-private:
-    QPoint m_grip; // from the dialog's corner to the pointer
-    bool m_dragging = false;
 };

@@ -103,8 +103,6 @@ void FileUploadDialog::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange)
     {
         m_ui->retranslateUi(this);
-        SetStrings();
-        ShowDuplicate();
     }
     EntryDialog::changeEvent(event);
 }
@@ -155,4 +153,5 @@ void FileUploadDialog::SetStrings()
     m_warning =
         tr("WARNING: \nThe current metadata is equal to already existing Set '%1'.\n\"Overwrite\" would remove it "
            "and save the Set '%2'.");
+    ShowDuplicate();
 }

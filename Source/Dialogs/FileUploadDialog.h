@@ -41,7 +41,7 @@ private:
     void FillFields();
     void ShowDuplicate();
     void FitHeight();
-    void SetStrings();
+    void SetStrings() override;
 
     std::unique_ptr<Ui::FileUploadDialog> m_ui;
     CorrectionSetData* m_set;

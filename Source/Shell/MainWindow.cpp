@@ -32,7 +32,6 @@ namespace
 {
 
 constexpr int StreamCheckPeriodMs = 1000;
-constexpr int PlayPauseLockMs = 1000;
 constexpr int SizeGripSize = 15;
 constexpr int BottomPanelMargin = 15;
 
@@ -130,38 +129,37 @@ void MainWindow::CreateMembers()
 
 void MainWindow::StyleChrome()
 {
-    const auto& style = [](QWidget* widget, const QString& text) { widget->setStyleSheet(text); };
-    style(m_ui->customTopBar, QStringLiteral("QWidget{background-color:rgb(31,32,33);}"
-                                             "QPushButton{border:1px solid transparent;border-radius:4px;"
-                                             "padding:2px 8px;font-size:12px;color:#dbdbdb;}"
-                                             "QPushButton:hover{background-color:rgb(66,67,68);}"
-                                             "QPushButton:focus{border-color:rgb(47,128,237);}"
-                                             "QLabel{font-size:12px;}"));
-    style(m_ui->widget, QStringLiteral("QWidget{background-color:rgb(19,20,21);}"));
-    style(m_ui->widget_2, QStringLiteral("QWidget#widget_2{background-color:rgb(46,47,48);}"));
-    style(m_ui->label, QStringLiteral("background-color:rgb(66,67,68);"));
+    m_ui->customTopBar->setStyleSheet(QStringLiteral("QWidget{background-color:rgb(31,32,33);}"
+                                                     "QPushButton{border:1px solid transparent;border-radius:4px;"
+                                                     "padding:2px 8px;font-size:12px;color:#dbdbdb;}"
+                                                     "QPushButton:hover{background-color:rgb(66,67,68);}"
+                                                     "QPushButton:focus{border-color:rgb(47,128,237);}"
+                                                     "QLabel{font-size:12px;}"));
+    m_ui->widget->setStyleSheet(QStringLiteral("QWidget{background-color:rgb(19,20,21);}"));
+    m_ui->widget_2->setStyleSheet(QStringLiteral("QWidget#widget_2{background-color:rgb(46,47,48);}"));
+    m_ui->label->setStyleSheet(QStringLiteral("background-color:rgb(66,67,68);"));
     m_ui->label_9->setPixmap(QIcon(QStringLiteral(":/icons/resources/logo.svg")).pixmap(windowHandle(), QSize(20, 20)));
 
-    const auto windowButton = [&style](QWidget* button, const char* icon, const char* hover)
+    const auto windowButton = [](QWidget* button, const char* icon, const char* hover)
     {
-        style(button, QStringLiteral("QPushButton{border:1px solid transparent;border-radius:0px;"
-                                     "image:url(:/icons/resources/%1.svg);}"
-                                     "QPushButton:hover{background-color:%2;}"
-                                     "QPushButton:focus{border-color:rgb(47,128,237);}")
-                          .arg(QLatin1String(icon), QLatin1String(hover)));
+        button->setStyleSheet(QStringLiteral("QPushButton{border:1px solid transparent;border-radius:0px;"
+                                             "image:url(:/icons/resources/%1.svg);}"
+                                             "QPushButton:hover{background-color:%2;}"
+                                             "QPushButton:focus{border-color:rgb(47,128,237);}")
+                                  .arg(QLatin1String(icon), QLatin1String(hover)));
     };
     windowButton(m_ui->minimizeButton, "window-minimize", "rgb(66,67,68)");
     windowButton(m_ui->maximizeButton, "window-maximize", "rgb(66,67,68)");
     windowButton(m_ui->exitButton, "window-close", "rgb(196,43,28)");
 
-    style(m_ui->cameraListButton, Lorvane::IconCheckBoxStyle(QStringLiteral("cameras")));
-    style(m_ui->cameraOptionsButton, Lorvane::IconCheckBoxStyle(QStringLiteral("settings")));
-    style(m_ui->supportButton, Lorvane::IconCheckBoxStyle(QStringLiteral("support")));
-    style(m_ui->mouseRectAddButton, Lorvane::IconCheckBoxStyle(QStringLiteral("tool-add")));
-    style(m_ui->mouseGrabButton, Lorvane::IconCheckBoxStyle(QStringLiteral("tool-grab")));
-    style(m_ui->mouseRubber, Lorvane::IconCheckBoxStyle(QStringLiteral("tool-erase")));
-    style(m_ui->pixelListButton, Lorvane::IconCheckBoxStyle(QStringLiteral("pixel-list")));
-    style(m_ui->importButton, Lorvane::IconButtonStyle(QStringLiteral("import")));
+    m_ui->cameraListButton->setStyleSheet(Lorvane::IconCheckBoxStyle(QStringLiteral("cameras")));
+    m_ui->cameraOptionsButton->setStyleSheet(Lorvane::IconCheckBoxStyle(QStringLiteral("settings")));
+    m_ui->supportButton->setStyleSheet(Lorvane::IconCheckBoxStyle(QStringLiteral("support")));
+    m_ui->mouseRectAddButton->setStyleSheet(Lorvane::IconCheckBoxStyle(QStringLiteral("tool-add")));
+    m_ui->mouseGrabButton->setStyleSheet(Lorvane::IconCheckBoxStyle(QStringLiteral("tool-grab")));
+    m_ui->mouseRubber->setStyleSheet(Lorvane::IconCheckBoxStyle(QStringLiteral("tool-erase")));
+    m_ui->pixelListButton->setStyleSheet(Lorvane::IconCheckBoxStyle(QStringLiteral("pixel-list")));
+    m_ui->importButton->setStyleSheet(Lorvane::IconButtonStyle(QStringLiteral("import")));
 }
 
 void MainWindow::PlaceChildren()

@@ -201,8 +201,7 @@ private:
     void ChooseGainMode(int mode);
     static void ShowCaptionActive(QLabel* caption, bool active);
 
-    // Stops the stream for a step and tells whether it ran; the other starts it again.
-    bool PauseStream();
+    // Starts a stream again that was stopped for a step.
     void ResumeStream(bool wasStreaming);
     // What the busy state takes out of use.
     std::vector<QWidget*> WidgetsOffWhileBusy() const;
@@ -217,7 +216,6 @@ private:
     bool m_dpcSupported = false;
     bool m_imageThreadStarted = false;
     bool m_temperatureWarningOpen = false;
-    bool m_overlayVisible = true;
     bool m_playPauseShortcutLocked = false;
     bool m_automaticOverview = false;
     bool m_tutorialFinished = false;

@@ -114,12 +114,10 @@ void MainWindow::OnOverlayCheckBoxStateChanged(int state)
     if (state == Qt::Checked)
     {
         m_ui->graphicsView->ShowHideRects(Qt::Unchecked);
-        m_overlayVisible = false;
     }
     else if (state == Qt::Unchecked)
     {
         m_ui->graphicsView->ShowHideRects(Qt::Checked);
-        m_overlayVisible = true;
     }
 }
 

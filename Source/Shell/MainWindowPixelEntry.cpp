@@ -94,7 +94,7 @@ void MainWindow::ShowDialog()
         MessageDialog::ExecuteDialog(tr("Error"), tr("DPC not supported"), tr("OK"), nullptr);
         return;
     }
-    const bool wasStreaming = PauseStream();
+    const bool wasStreaming = m_controller->StopIfStreaming();
     {
         AddDialog dialog(nullptr, m_sensorWidth, m_sensorHeight, m_availableDefects);
         connect(&dialog, &AddDialog::SendDataBack, m_treeModel, &TreeModel::addDefectItem);

@@ -44,16 +44,6 @@ QString AskFileName(const QString& title, const QString& proposal, QFileDialog::
 
 } // namespace
 
-bool MainWindow::PauseStream()
-{
-    const bool wasStreaming = m_controller->GetIfStreaming();
-    if (wasStreaming)
-    {
-        m_controller->StartStopAcquisition();
-    }
-    return wasStreaming;
-}
-
 void MainWindow::ResumeStream(bool wasStreaming)
 {
     if (wasStreaming && !m_controller->GetIfStreaming())
@@ -69,7 +59,7 @@ void MainWindow::SaveXmlFile()
     m_loaderDialog->PushBackToList(tr("Saving pixels to .xml..."));
     m_loaderDialog->PushBackToList(tr("Starting image acquisition..."));
     ApplicationLoaderShow();
-    const bool wasStreaming = PauseStream();
+    const bool wasStreaming = m_controller->StopIfStreaming();
     NextLoaderStep();
 
     if (m_treeModel->getDefectList().isEmpty())
@@ -100,7 +90,7 @@ void MainWindow::LoadXmlFile()
     m_loaderDialog->PushBackToList(tr("Reading pixels from .xml..."));
     m_loaderDialog->PushBackToList(tr("Starting image acquisition..."));
     ApplicationLoaderShow();
-    const bool wasStreaming = PauseStream();
+    const bool wasStreaming = m_controller->StopIfStreaming();
     QApplication::processEvents();
 
     const QString path = AskFileName(tr("Open file"), QDir::homePath(), QFileDialog::AcceptOpen);

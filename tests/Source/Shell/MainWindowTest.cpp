@@ -4,6 +4,7 @@
 #include "CustomGraphicsView.h"
 #include "ModalAnswers.h"
 #include "OverviewPanel.h"
+#include "PixelListXml.h"
 #include "ScreenScale.h"
 #include "TreeModel.h"
 
@@ -332,16 +333,7 @@ TEST_F(PixelListFiles, SavesWhatTheListHolds)
     m_window->SaveXmlFile();
     QFile file(path); // the name as given, without an extension of ours
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll().trimmed().toStdString(), R"(<Camera>
- <Pixel LP:="1">
-  <Type Type:="0"/>
-  <Data>
-   <Coordinates x:="10" y:="20"/>
-   <Width width:="1"/>
-   <Height height:="1"/>
-  </Data>
- </Pixel>
-</Camera>)");
+    EXPECT_EQ(file.readAll().toStdString(), ToXml(Model()->getDefectList()).toStdString());
     EXPECT_TRUE(Find<QWidget>("graphicsView")->isEnabled());
     EXPECT_TRUE(Model()->hasUnsavedDefects());
 }
