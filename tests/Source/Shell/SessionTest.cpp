@@ -239,10 +239,7 @@ TEST_F(SessionTest, ColoursAndMosaic)
     for (const char* format : {"BayerRG8", "BayerRG12", "BayerRG12Packed", "BayerRG10"})
     {
         const int index = formats->findText(format);
-        if (index < 0)
-        {
-            continue;
-        }
+        ASSERT_GE(index, 0) << format;
         formats->setCurrentIndex(index);
         EXPECT_TRUE(Waits([&] { return !isGrey(); })) << format;
     }
