@@ -7,6 +7,7 @@
 #include <QMainWindow>
 #include <QPixmap>
 #include <QPointF>
+#include <QPointer>
 #include <QTimer>
 #include <QVector>
 
@@ -227,6 +228,7 @@ private:
     int m_sensorWidth = 0;
     int m_sensorHeight = 0;
     unsigned m_shownFrameCount = 0;
+    QPointer<QWidget> m_focusBeforeLoader;
     std::array<QPixmap, 2> m_framePixmaps; // shown in turn
     int m_currentTool = 0;
     QGraphicsScene* m_scene = nullptr;
