@@ -38,6 +38,7 @@ void MainWindow::SetCameraIndex(int index, const QString& serial)
     m_cameraIndex = index;
     m_cameraId = serial;
     m_ui->cameraListButton->setChecked(false);
+    OnCameraListButtonClick(Qt::Unchecked); // also when it was opened without the button
     QApplication::processEvents();
     if (m_controller->StopIfStreaming())
     {

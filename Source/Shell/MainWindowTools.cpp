@@ -259,10 +259,10 @@ void MainWindow::ApplicationLoaderClose()
     m_ui->graphicsView->ChangeCurrentCursor(m_currentTool);
     m_loaderDialog->close();
     m_loaderDialog->ClearInfoList();
-    if (m_focusBeforeLoader && m_focusBeforeLoader->isEnabled())
-    {
-        m_focusBeforeLoader->setFocus(); // it has gone to the next widget in use
-    }
+    // It has gone to the next widget in use.
+    const bool isStillThere =
+        m_focusBeforeLoader && m_focusBeforeLoader->isVisible() && m_focusBeforeLoader->isEnabled();
+    (isStillThere ? m_focusBeforeLoader.data() : m_ui->graphicsView)->setFocus();
 }
 
 std::vector<QWidget*> MainWindow::WidgetsOffWhileBusy() const

@@ -274,6 +274,7 @@ TEST_F(SessionTest, LostCameraAndAnother)
     EXPECT_EQ(Model().rowCount(), 0);
     EXPECT_TRUE(Waits([&] { return !Find<QWidget>("importButton")->isEnabled(); }));
     Pick(0); // the next one has moved up
+    EXPECT_FALSE(window->findChild<CustomListView*>()->isVisible());
     EXPECT_EQ(Image().size(), QSize(352, 288));
 }
 
