@@ -58,8 +58,8 @@ bool IsCameraFailure()
     return false;
 }
 
-// A camera that leaves while one of its files is open cannot close that file, and the guard around the open file lets
-// nothing out: the process ends here. The user still gets a sentence and the status of a failure.
+// The guard around an open camera file ends the process here when nothing else would tell that the file did not close.
+// The user still gets a sentence and the status of a failure.
 [[noreturn]] void OnTerminate()
 {
     const std::string text =

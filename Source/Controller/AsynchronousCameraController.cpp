@@ -90,8 +90,13 @@ void AsynchronousCameraController::AnnounceLostSelection()
     Announce([this] { Q_EMIT SendCloseCameraIfBusy(); });
 }
 
-void AsynchronousCameraController::AnnounceError(const QString& message)
+void AsynchronousCameraController::AnnounceMessage(const QString& message)
 {
     Announce([this, message] { Q_EMIT ErrorSignal(message); });
+}
+
+void AsynchronousCameraController::AnnounceError(const QString& message)
+{
+    AnnounceMessage(message);
     Announce([this] { Q_EMIT SendCloseCameraIfBusy(); });
 }

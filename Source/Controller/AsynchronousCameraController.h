@@ -5,7 +5,10 @@
 #include "CameraAccessInfo.h"
 #include "CameraInfo.h"
 #include "CameraListUpdates.h"
+#include "CorrectionSet.h"
+#include "SensorDefect.h"
 
+#include <QList>
 #include <QObject>
 #include <QPoint>
 #include <QString>
@@ -15,15 +18,23 @@
 #include <atomic>
 #include <functional>
 #include <initializer_list>
+#include <map>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+namespace KTR::DPC
+{
+class DpcAdapter;
+} // namespace KTR::DPC
+
+class CorrectionSetData;
 class CustomListView;
 class ImageDoubleBuffer;
 class QImage;
+class TreeModel;
 
 // Keeps the list of usable cameras, opens and closes the selected one, starts and stops its stream.
 //
@@ -54,6 +65,7 @@ public:
     // The kinds of defects that the camera can store (DefectUiType values, appended), whether it supports the
     // correction, and the sensor size in pixels. Leaves all three alone when the camera is not on the list.
     void GetEntryCamerasSetup(std::vector<int>& availableDefects, bool& dpcSupported, QPoint& sensorSize);
+    // The same kinds, without a word when the camera does not support the correction.
     void GetAvaiableDefects(std::vector<int>& availableDefects);
     // Sensor size in pixels; (0, 0) when there is no camera.
     QPoint GetMaxWidthHeight() const;
@@ -101,6 +113,14 @@ public:
     double GetCurrentTemperatureSetpointValue();
     bool IsTemperatureControlAvailable() const { return m_temperatureControlAvailable; }
 
+    // Correction sets, see also the slots of the same name. GUI thread.
+    // Brings back the factory content of the set, with the stream stopped.
+    void RestoreSetToDefault(const QString& name);
+    // The set that the camera applies after start-up, asked and chosen under the running stream. Empty when there is
+    // none; choosing throws a KTR::System::Exception when the camera refuses or has no such set.
+    std::string GetDefaultCorrectionSet();
+    void SetDefaultCorrectionSet(const std::string& name);
+
     // Conversions into 32-bit images of the acquisition's size: a mosaic as grey values, pixel for pixel, and any
     // format of the camera in colour. colorMatrix: nine floats, row by row, or null. What cannot be converted leaves
     // the image as it is.
@@ -139,6 +159,19 @@ public Q_SLOTS:
     // Takes the next frame of the running acquisition. status: a ZltApi::FrameStatus. Controller's thread.
     void OnFrameReady(int status);
     void OnCameraListChanged(ZltApi::CameraPtr camera, ZltApi::UpdateTriggerType reason);
+    // Correction sets of the selected camera. GUI thread, which they keep for as long as the camera takes; pending
+    // events run first, then the stream stops until the end. Every failure goes out as a message, when the stream runs
+    // again and before the call returns, which then has nothing to return.
+    // Appends the camera's sets, which belong to the list from then on, and takes note of the sensor's size. A camera
+    // without the correction has none, without a word.
+    void GetCorrectionSets(QList<CorrectionSetData*>* list);
+    KTR::DPC::SensorDefectList ReadCorrectionSet(const QString& name, TreeModel* unused);
+    // Replaces the set by the list's defects of those kinds that the camera stores. Returns what the camera holds
+    // then, also when the write failed half-way.
+    KTR::DPC::SensorDefectList WriteCorrectionSet(const std::string& name,
+                                                  const std::map<std::string, double>& metadata, TreeModel* model);
+    // Switches the correction with this set on if it was off, and off if it was on.
+    void SetDpcOnOff(const QString& name);
     // By the entry's name; takes force with the restart of the stream.
     void SetPixelFormat(const QString& name);
     // slider: 0 gamma, 1 gain, 2 exposure, 3 black level, 4 temperature setpoint. An exposure is written by the
@@ -177,6 +210,7 @@ private:
     // Within an operation only.
     void Announce(std::function<void()> emission);
     void AnnounceLostSelection();
+    void AnnounceMessage(const QString& message);
     void AnnounceError(const QString& message);
 
     void StartUp();
@@ -199,6 +233,13 @@ private:
     bool ShowFrame(ZltApi::Frame& frame);
     void Convert(unsigned char* source, unsigned int format, QImage& image);
     void CopyMosaic(unsigned char* source, unsigned int monoFormat, QImage& img);
+
+    using SetWork = std::function<void(KTR::DPC::DpcAdapter&, const boost::shared_ptr<KTR::DPC::CorrectionSet>&)>;
+    void WorkOnSet(const std::string& name, const SetWork& work);
+    void Write(KTR::DPC::DpcAdapter& adapter, const boost::shared_ptr<KTR::DPC::CorrectionSet>& set,
+               const KTR::DPC::SensorDefectList& defects);
+    // Within an operation only.
+    void TellFailure(const std::function<void()>& work);
 
     ZltApi::CameraPtr ListedCamera() const;
     std::optional<double> SendSlider(const ZltApi::Feature& feature, int slider);

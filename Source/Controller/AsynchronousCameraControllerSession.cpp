@@ -2,8 +2,6 @@
 #include "AsynchronousCameraController.h"
 
 #include "CameraFeatures.h"
-#include "DefectUiType.h"
-#include "DpcAdapter.h"
 #include "DpcAdapterManager.h"
 #include "Exception.h"
 #include "FrameObserver.h"
@@ -59,35 +57,6 @@ void AsynchronousCameraController::GetEntryCamerasSetup(std::vector<int>& availa
         dpcSupported = IfCameraSupportDpc();
         sensorSize = GetMaxWidthHeight();
         GetAvaiableDefects(availableDefects);
-    }
-}
-
-void AsynchronousCameraController::GetAvaiableDefects(std::vector<int>& availableDefects)
-{
-    const CameraPtr current = CurrentCamera();
-    if (!current)
-    {
-        return;
-    }
-    try
-    {
-        const boost::shared_ptr<KTR::DPC::CameraAbstraction> camera = Abstraction(current);
-        if (!KTR::DPC::DpcAdapterManager::IsCompatible(camera))
-        {
-            return;
-        }
-        const auto adapter = KTR::DPC::DpcAdapterManager::GetCompatibleDpcAdapter(camera);
-        if (adapter)
-        {
-            for (const KTR::DPC::SensorDefectType type : adapter->GetAvailableDefectTypes())
-            {
-                availableDefects.push_back(DefectUiType::FromSensorDefectType(type));
-            }
-        }
-    }
-    catch (const KTR::System::Exception& failure)
-    {
-        Q_EMIT ErrorSignal(Text(failure.ToString()));
     }
 }
 

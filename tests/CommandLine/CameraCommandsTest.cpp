@@ -161,7 +161,7 @@ TEST_F(CameraCommands, AWriteThatBreaksOffIsToldAndTheCameraKeepsWhatItsFileRule
                 .arg(block));
         const Outcome pulled = WriteUser(large);
         EXPECT_EQ(pulled.status, 1) << block;
-        EXPECT_TRUE(pulled.err.contains("The camera was lost in the middle of a file transfer: Could not"))
+        EXPECT_TRUE(pulled.err.contains("Error with saving pixels\nCould not write into access buffer."))
             << pulled.err.toStdString();
         WriteRig();
         ASSERT_EQ(Control({"plug", "MONO"}).status, 0);

@@ -140,8 +140,16 @@ TEST(ScopedOpenFile, ClosesOnEveryWayOut)
     camera->log.failAt = 2;
     EXPECT_THROW(ScopedOpenFile(file, FileInterface::FileOpenMode::Read)->GetSize(), KTR::System::Exception);
     EXPECT_FALSE(file->IsOpen());
-    const auto closeTwice = [&] { ScopedOpenFile(file, FileInterface::FileOpenMode::Read)->Close(); };
-    EXPECT_DEATH(closeTwice(), "") << "a guard that cannot close";
+    camera->log = {};
+    camera->log.refused = "Close " + file->GetName();
+    EXPECT_EQ(FailureOf([&] { ScopedOpenFile(file, FileInterface::FileOpenMode::Read)->Delete(); }),
+              "Delete is not allowed now on the file OtherUser.")
+        << "the first of two failures";
+    EXPECT_EQ(FailureOf([&] { ScopedOpenFile(file, FileInterface::FileOpenMode::Read).Close(); }),
+              "Refused: Close OtherUser");
+    EXPECT_THAT(camera->log.calls, ElementsAre("OpenRead OtherUser", "Delete OtherUser", "Close OtherUser",
+                                               "OpenRead OtherUser", "Close OtherUser"));
+    EXPECT_DEATH(ScopedOpenFile(file, FileInterface::FileOpenMode::Read), "") << "a failure that nobody hears of";
 }
 
 } // namespace

@@ -192,12 +192,17 @@ SensorDefectList DpcAdapterOstrel::ReadCorrectionSet(const CorrectionSetPtr& set
     {
         fail("Could not get file " + Ostrel::CORRECTION_SET_FILENAME);
     }
-    if (ScopedOpenFile(file, FileInterface::FileOpenMode::Read)->GetSize() == 0)
+    ScopedOpenFile sized(file, FileInterface::FileOpenMode::Read);
+    const std::uint64_t size = sized->GetSize();
+    sized.Close();
+    if (size == 0)
     {
         return {};
     }
     std::vector<std::uint8_t> bytes;
-    ScopedOpenFile(file, FileInterface::FileOpenMode::Read)->Read(bytes, 0);
+    ScopedOpenFile source(file, FileInterface::FileOpenMode::Read);
+    source->Read(bytes, 0);
+    source.Close();
     return DpcFileOstrel::getSensorDefectsListFromRawData(bytes, static_cast<std::uint16_t>(m_sensorWidth));
 }
 
@@ -230,7 +235,9 @@ void DpcAdapterOstrel::WriteCorrectionSet(const CorrectionSetPtr& set, const Sen
     }
     // Encoded before the file is opened, so that a list that cannot be encoded leaves the camera as it is.
     const auto bytes = ConvertDefectsListToBinary(defects);
-    ScopedOpenFile(file, FileInterface::FileOpenMode::Write)->Write(bytes);
+    ScopedOpenFile target(file, FileInterface::FileOpenMode::Write);
+    target->Write(bytes);
+    target.Close();
 }
 
 bool DpcAdapterOstrel::IsSpaceSufficient(const CorrectionSetPtr& set, const SensorDefectList& defects)

@@ -16,9 +16,9 @@ void MemoryFile::Open(FileOpenMode openMode)
 
 void MemoryFile::Close()
 {
-    log.calls.push_back("Close " + name);
-    CallLog::require(IsOpen(), "The file " + name + " is not open.");
+    const bool wasOpen = IsOpen();
     mode.reset();
+    note("Close", wasOpen);
 }
 
 void MemoryFile::Delete()

@@ -38,7 +38,7 @@ public:
     std::string GetName() override { return name; }
     bool IsOpen() override { return mode.has_value(); }
     void Open(FileOpenMode openMode) override;
-    void Close() override; // never refused: a failing Close ends the process
+    void Close() override; // closes also when it is refused, as if the answer were lost
     void Delete() override;
     void Read(std::vector<std::uint8_t>& data, std::uint64_t size) override;
     void Append(const std::vector<std::uint8_t>& data) override;

@@ -1,0 +1,258 @@
+// The controller's work on correction sets: listing, reading, writing, switching and restoring them.
+#include "AsynchronousCameraController.h"
+
+#include "CameraStreamStateHolder.h"
+#include "CorrectionSetData.h"
+#include "DefectUiType.h"
+#include "DpcAdapter.h"
+#include "DpcAdapterManager.h"
+#include "Exception.h"
+#include "SensorDefectConversion.h"
+#include "TreeModel.h"
+#include "ZltCamera.h"
+
+#include <QCoreApplication>
+
+#include <boost/make_shared.hpp>
+
+#include <algorithm>
+#include <memory>
+
+namespace
+{
+
+using KTR::DPC::DpcAdapter;
+using KTR::DPC::SensorDefectList;
+using KTR::System::Exception;
+using CorrectionSetPtr = DpcAdapter::CorrectionSetPtr;
+
+QString Text(const Exception& failure)
+{
+    return QString::fromStdString(failure.ToString());
+}
+
+// Null when there is no camera, or none whose correction we know. An adapter is made anew for each operation.
+boost::shared_ptr<DpcAdapter> MakeAdapter(const ZltApi::CameraPtr& camera)
+{
+    if (!camera)
+    {
+        return nullptr;
+    }
+    const boost::shared_ptr<KTR::DPC::CameraAbstraction> abstraction = boost::make_shared<KTR::DPC::ZltCamera>(camera);
+    return KTR::DPC::DpcAdapterManager::IsCompatible(abstraction)
+               ? KTR::DPC::DpcAdapterManager::GetCompatibleDpcAdapter(abstraction)
+               : nullptr;
+}
+
+// Null when the camera has no set of this name.
+CorrectionSetPtr FindSet(DpcAdapter& adapter, const std::string& name)
+{
+    const std::vector<CorrectionSetPtr> sets = adapter.GetAvailableCorrectionSets();
+    const auto found =
+        std::find_if(sets.begin(), sets.end(), [&](const CorrectionSetPtr& set) { return set->getName() == name; });
+    return found != sets.end() ? *found : nullptr;
+}
+
+std::unique_ptr<CorrectionSetData> Describe(DpcAdapter& adapter, const CorrectionSetPtr& set)
+{
+    const bool writable = adapter.IsCorrectionSetWritable(set);
+    const bool available = adapter.IsCorrectionSetAvailable(set);
+    auto data = std::make_unique<CorrectionSetData>(set, writable, available, nullptr);
+    data->SetIsEmpty(!adapter.IsCorrectionSetReadable(set));
+    data->SetIfDpcOn(adapter.IsCorrectionSetEnabled(set));
+    data->SetIfRestoreDefSetAvailable(adapter.IsRestoreFactorySettingsAvailable(set));
+    return data;
+}
+
+} // namespace
+
+void AsynchronousCameraController::TellFailure(const std::function<void()>& work)
+{
+    try
+    {
+        work();
+    }
+    catch (const Exception& failure)
+    {
+        AnnounceMessage(Text(failure));
+    }
+}
+
+// The stream stops and starts again within the operation, so that no other thread meets the camera in between. Does
+// nothing without a selected camera.
+void AsynchronousCameraController::WorkOnSet(const std::string& name, const SetWork& work)
+{
+    const Operation operation(*this);
+    const CameraStreamStateHolder holder(*this);
+    const ZltApi::CameraPtr camera = m_cameras.empty() ? nullptr : ListedCamera();
+    if (!camera)
+    {
+        return;
+    }
+    TellFailure(
+        [&]
+        {
+            const boost::shared_ptr<DpcAdapter> adapter = MakeAdapter(camera);
+            if (!adapter)
+            {
+                AnnounceMessage(tr("Camera or DPC is not supported"));
+                return;
+            }
+            const CorrectionSetPtr set = FindSet(*adapter, name);
+            if (!set)
+            {
+                throw Exception("The camera has no correction set \"" + name + "\".", true);
+            }
+            work(*adapter, set);
+        });
+}
+
+void AsynchronousCameraController::GetCorrectionSets(QList<CorrectionSetData*>* list)
+{
+    QCoreApplication::processEvents();
+    if (list == nullptr)
+    {
+        return;
+    }
+    const Operation operation(*this);
+    const CameraStreamStateHolder holder(*this);
+    m_api.GetCameraList(); // lets the API look at its cameras anew; the list here follows events alone
+    if (!CheckIfCamerasAreOnTheList())
+    {
+        return;
+    }
+    TellFailure(
+        [&]
+        {
+            const boost::shared_ptr<DpcAdapter> adapter = MakeAdapter(m_currentCamera);
+            if (!adapter)
+            {
+                return;
+            }
+            m_sensorWidth = static_cast<int>(adapter->GetSensorWidth());
+            m_sensorHeight = static_cast<int>(adapter->GetSensorHeight());
+            for (const CorrectionSetPtr& set : adapter->GetAvailableCorrectionSetsWithMetadata())
+            {
+                list->append(Describe(*adapter, set).release());
+            }
+        });
+}
+
+SensorDefectList AsynchronousCameraController::ReadCorrectionSet(const QString& name, TreeModel* /*unused*/)
+{
+    QCoreApplication::processEvents();
+    SensorDefectList stored;
+    WorkOnSet(name.toStdString(),
+              [&](DpcAdapter& adapter, const CorrectionSetPtr& set) { stored = adapter.ReadCorrectionSet(set); });
+    return stored;
+}
+
+SensorDefectList AsynchronousCameraController::WriteCorrectionSet(const std::string& name,
+                                                                  const std::map<std::string, double>& metadata,
+                                                                  TreeModel* model)
+{
+    QCoreApplication::processEvents();
+    SensorDefectList stored;
+    const auto upload = [&](DpcAdapter& adapter, const CorrectionSetPtr& set)
+    {
+        for (const auto& [key, value] : metadata)
+        {
+            set->setMetadata(key, value);
+        }
+        if (set->getName() == "Factory" || set->getName() == "Preset")
+        {
+            AnnounceMessage(tr("Factory set can't be overwritten!"));
+            return;
+        }
+        if (!adapter.IsCorrectionSetWritable(set))
+        {
+            AnnounceMessage(tr("Correction set is not writable"));
+            return;
+        }
+        const SensorDefectList defects = SetNewSensorDefects(adapter.GetAvailableDefectTypes(), model->getDefectList());
+        if (!adapter.IsSpaceSufficient(set, defects) || !adapter.IsCorrectionSetValid(set, defects))
+        {
+            AnnounceMessage(tr("Not enough memory in the camera"));
+            return;
+        }
+        Write(adapter, set, defects);
+        stored = adapter.ReadCorrectionSet(set);
+    };
+    WorkOnSet(name, upload);
+    return stored;
+}
+
+// A write that fails is told and not the end: what the camera holds then is still to be read.
+void AsynchronousCameraController::Write(DpcAdapter& adapter, const CorrectionSetPtr& set,
+                                         const SensorDefectList& defects)
+{
+    try
+    {
+        adapter.WriteCorrectionSet(set, defects);
+    }
+    catch (const Exception& failure)
+    {
+        AnnounceMessage(tr("Error with saving pixels\n") + Text(failure));
+    }
+}
+
+void AsynchronousCameraController::SetDpcOnOff(const QString& name)
+{
+    QCoreApplication::processEvents();
+    WorkOnSet(name.toStdString(), [](DpcAdapter& adapter, const CorrectionSetPtr& set)
+              { adapter.SetCorrectionSetEnabled(set, !adapter.IsCorrectionSetEnabled(set)); });
+}
+
+void AsynchronousCameraController::RestoreSetToDefault(const QString& name)
+{
+    if (CheckIfCamerasAreOnTheList())
+    {
+        WorkOnSet(name.toStdString(),
+                  [](DpcAdapter& adapter, const CorrectionSetPtr& set) { adapter.RestoreFactorySettings(set); });
+    }
+}
+
+// What follows runs under the stream, on a camera pointer of its own.
+
+std::string AsynchronousCameraController::GetDefaultCorrectionSet()
+{
+    try
+    {
+        const boost::shared_ptr<DpcAdapter> adapter = MakeAdapter(CurrentCamera());
+        const CorrectionSetPtr set = adapter ? adapter->GetDefaultCorrectionSet() : nullptr;
+        return set ? set->getName() : std::string();
+    }
+    catch (const Exception&)
+    {
+        return {};
+    }
+}
+
+void AsynchronousCameraController::SetDefaultCorrectionSet(const std::string& name)
+{
+    const boost::shared_ptr<DpcAdapter> adapter = MakeAdapter(CurrentCamera());
+    const CorrectionSetPtr set = adapter ? FindSet(*adapter, name) : nullptr;
+    if (!set)
+    {
+        throw Exception("Couldn't set Correction Set \"" + name + "\" as default!", true);
+    }
+    adapter->SetDefaultCorrectionSet(set);
+}
+
+void AsynchronousCameraController::GetAvaiableDefects(std::vector<int>& availableDefects)
+{
+    try
+    {
+        if (const boost::shared_ptr<DpcAdapter> adapter = MakeAdapter(CurrentCamera()))
+        {
+            for (const KTR::DPC::SensorDefectType type : adapter->GetAvailableDefectTypes())
+            {
+                availableDefects.push_back(DefectUiType::FromSensorDefectType(type));
+            }
+        }
+    }
+    catch (const Exception& failure)
+    {
+        Q_EMIT ErrorSignal(Text(failure));
+    }
+}
