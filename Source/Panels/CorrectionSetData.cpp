@@ -1,6 +1,8 @@
 // A correction set as the window knows it: what the camera said about it when the sets were read.
 #include "CorrectionSetData.h"
 
+#include <boost/make_shared.hpp>
+
 #include <algorithm>
 #include <cmath>
 
@@ -22,6 +24,16 @@ CorrectionSetData::CorrectionSetData(const boost::shared_ptr<KTR::DPC::Correctio
       m_writable(writable),
       m_available(available)
 {
+}
+
+std::unique_ptr<CorrectionSetData> CorrectionSetData::Copy() const
+{
+    auto copy = std::make_unique<CorrectionSetData>(boost::make_shared<KTR::DPC::CorrectionSet>(*this), m_writable,
+                                                    m_available, nullptr);
+    copy->m_dpcOn = m_dpcOn;
+    copy->m_restoreDefSetAvailable = m_restoreDefSetAvailable;
+    copy->m_empty = m_empty;
+    return copy;
 }
 
 bool CorrectionSetData::IsEqual(const CorrectionSetData& other) const

@@ -7,6 +7,8 @@
 
 #include <QObject>
 
+#include <memory>
+
 // GUI thread.
 class CorrectionSetData : public QObject, public KTR::DPC::CorrectionSet
 {
@@ -16,6 +18,8 @@ public:
     // Copies name and metadata.
     CorrectionSetData(const boost::shared_ptr<KTR::DPC::CorrectionSet>& set, bool writable, bool available,
                       QObject* parent);
+    // Name, metadata and flags, without a parent.
+    std::unique_ptr<CorrectionSetData> Copy() const;
 
     void SetIfDpcOn(bool on) { m_dpcOn = on; }
     bool GetIfDpcOn() const { return m_dpcOn; }

@@ -12,7 +12,9 @@
 #include <QVector>
 
 #include <array>
+#include <map>
 #include <memory>
+#include <string>
 #include <vector>
 
 class AsynchronousCameraController;
@@ -147,6 +149,17 @@ public Q_SLOTS:
     void SetAutoGainButtons(int mode);
     void OnTemperatureStatusUnstable(const QString& status);
 
+    // Correction sets.
+    // Reads the set into the pixel list; an empty name empties it. Asks before defects are lost that no camera holds.
+    void PassReadingDefectSignal(const QString& name);
+    // Writes the pixel list into the selected set, shows what the camera holds then, and offers a restart.
+    void UploadListToTheCamera();
+    // Switches the correction with this set on or off.
+    void PassChangingStateSignal(const QString& name);
+    void PassRestoringCorrectionSet();
+    // The panel shows the default set of before when the camera refuses.
+    void SetDefaultCorrectionSetSlot(const std::string& name);
+
     // Pixel list entry.
     void ShowDialog();
     void DeleteAllPixelsSlot();
@@ -202,6 +215,13 @@ private:
     static void ShowMode(int mode, QWidget& group, const std::array<QPushButton*, 3>& buttons);
     void ChooseExposureMode(int mode);
     void ChooseGainMode(int mode);
+    // Fills the right panel once for each camera.
+    void SetCorrectionSet();
+    bool UploadPlain(const QString& name);
+    bool UploadWithMetadata(const std::string& name);
+    void WriteAndShow(const std::string& name, const std::map<std::string, double>& metadata);
+    void OfferRestart();
+    void RestartCamera();
     static void ShowCaptionActive(QLabel* caption, bool active);
 
     // Starts a stream again that was stopped for a step.

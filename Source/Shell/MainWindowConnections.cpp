@@ -75,6 +75,12 @@ void MainWindow::ConnectPanels()
     connect(m_treeModel, &TreeModel::SendNumberOfDefects, m_rightPanel, &RightPanel::OnNumberOfDefectsUpdated);
     connect(m_rightPanel, &RightPanel::EnablePixelEditingSignal, m_treeModel, &TreeModel::EnableEditDeleteButtons);
     connect(m_rightPanel, &RightPanel::EnablePixelEditingSignal, this, &MainWindow::EnableSelectEraseButtons);
+    connect(m_rightPanel, &RightPanel::ReadDefectsSignal, this, &MainWindow::PassReadingDefectSignal);
+    connect(m_rightPanel, &RightPanel::ChangeDpcStateSignal, this, &MainWindow::PassChangingStateSignal);
+    connect(m_rightPanel, &RightPanel::SetDefaultCorrectionSetSignal, this, &MainWindow::SetDefaultCorrectionSetSlot);
+    connect(m_rightPanel->UploadToCameraButton(), &QAbstractButton::clicked, this, &MainWindow::UploadListToTheCamera);
+    connect(m_rightPanel->RestoreDefaultSetButton(), &QAbstractButton::clicked, this,
+            &MainWindow::PassRestoringCorrectionSet);
     connect(m_rightPanel->CopyPixelListButton(), &QAbstractButton::clicked, this,
             &MainWindow::OnCopyPixelListButtonClicked);
     connect(m_rightPanel->PastePixelListButton(), &QAbstractButton::clicked, this,

@@ -31,6 +31,7 @@ void MainWindow::OnRightPanelButtonClick(int state)
         m_loaderDialog->PushBackToList(tr("Reading defects from camera..."));
         m_loaderDialog->PushBackToList(tr("Opening right panel..."));
         ApplicationLoaderShow();
+        SetCorrectionSet();
         NextLoaderStep();
         m_rightPanel->show();
         NextLoaderStep();
