@@ -14,6 +14,11 @@ namespace
 constexpr double RingWidth = 8.0; // pixels
 constexpr int RingInset = 4;
 constexpr int RingTop = 1440; // sixteenths of a degree
+constexpr int FullCircle = 360 * 16;
+constexpr int LightLength = 24 * 16;
+constexpr int LightStep = 9 * 16;
+constexpr int LightInterval = 40; // milliseconds
+constexpr QColor LightColor(47, 128, 237);
 
 QString OpenStep(const QString& text)
 {
@@ -56,7 +61,9 @@ void LoaderDialog::PushBackToList(const QString& text)
 
 void LoaderDialog::DisplayNextStepInformation()
 {
-    m_ui->ringLabel->setPixmap(Ring());
+    m_shownSteps = m_currentStep + 1;
+    m_shownOf = static_cast<int>(m_steps.size());
+    DrawRing();
     if (m_currentStep < static_cast<int>(m_steps.size()))
     {
         QLabel& step = *m_steps[static_cast<std::size_t>(m_currentStep)];
@@ -77,12 +84,11 @@ void LoaderDialog::ClearInfoList()
     m_currentStep = 0;
 }
 
-QPixmap LoaderDialog::Ring() const
+void LoaderDialog::DrawRing()
 {
     QLabel& label = *m_ui->ringLabel;
     label.ensurePolished();
-    const int steps = static_cast<int>(m_steps.size());
-    const int sweep = steps == 0 ? 0 : (m_currentStep + 1) * (360 / steps) * 16;
+    const int sweep = m_shownOf == 0 ? 0 : m_shownSteps * (360 / m_shownOf) * 16;
 
     QPixmap pixmap(label.size() * devicePixelRatioF());
     pixmap.setDevicePixelRatio(devicePixelRatioF());
@@ -97,13 +103,19 @@ QPixmap LoaderDialog::Ring() const
     painter.drawEllipse(ring);
     pen.setColor(Qt::white);
     painter.setPen(pen);
-    if (steps > 0)
+    if (m_shownOf > 0)
     {
-        const int percentage = std::min(100, (m_currentStep + 1) * 100 / steps);
+        const int percentage = std::min(100, m_shownSteps * 100 / m_shownOf);
         painter.drawText(label.rect(), Qt::AlignCenter, QStringLiteral("%1%").arg(percentage));
     }
     painter.drawArc(ring, RingTop, -sweep);
-    return pixmap;
+    if (m_movement.isActive())
+    {
+        pen.setColor(LightColor);
+        painter.setPen(pen);
+        painter.drawArc(ring, RingTop - m_lightAngle, -LightLength);
+    }
+    label.setPixmap(pixmap);
 }
 
 void LoaderDialog::closeEvent(QCloseEvent* event)
@@ -117,7 +129,24 @@ void LoaderDialog::showEvent(QShowEvent* event)
     {
         move(parentWidget()->window()->geometry().center() - rect().center());
     }
+    m_movement.start(LightInterval, this);
     FramelessDialog::showEvent(event);
+}
+
+void LoaderDialog::hideEvent(QHideEvent* event)
+{
+    m_movement.stop();
+    FramelessDialog::hideEvent(event);
+}
+
+void LoaderDialog::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() == m_movement.timerId())
+    {
+        m_lightAngle = (m_lightAngle + LightStep) % FullCircle;
+        DrawRing();
+    }
+    FramelessDialog::timerEvent(event);
 }
 
 void LoaderDialog::SetStrings()

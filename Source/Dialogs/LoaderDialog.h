@@ -3,6 +3,8 @@
 
 #include "FramelessDialog.h"
 
+#include <QBasicTimer>
+
 #include <memory>
 #include <vector>
 
@@ -13,8 +15,8 @@ namespace Ui
 class LoaderDialog;
 }
 
-// Modal without an event loop of its own: shown with show() while the work goes on in the GUI thread, and closed by the
-// program alone.
+// Modal without an event loop of its own: shown with show() while the work goes on, and closed by the program alone. A
+// light runs round the ring as long as events are processed.
 class LoaderDialog : public FramelessDialog
 {
     Q_OBJECT
@@ -36,13 +38,19 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
 
 private:
     void SetStrings() override;
-    QPixmap Ring() const;
+    void DrawRing();
 
     const std::unique_ptr<Ui::LoaderDialog> m_ui;
     QGridLayout* m_gridLayout;
     std::vector<QLabel*> m_steps;
     int m_currentStep = 0;
+    int m_shownSteps = 0; // of the ring, finished and current one
+    int m_shownOf = 0;    // so many in all
+    QBasicTimer m_movement;
+    int m_lightAngle = 0; // sixteenths of a degree
 };
