@@ -72,7 +72,7 @@ protected:
             cameras +=
                 (cameras.isEmpty() ? "" : ",") +
                 QByteArray(R"({"id": "%", "model": "OSTREL T-1", "serial": "7", "firmware": "ostrel", "width": 64,
-                                      "height": 48, "frameRate": 500})")
+                                      "height": 48, "frameRate": 500, "fileSizeMax": 200, "blockSize": 128})")
                     .replace("%", id.c_str());
         }
         WriteRig(cameras);
@@ -93,6 +93,15 @@ protected:
         std::ostringstream err;
         Simulation::ControlProgram program(Simulation::LoadRig(), m_folder.filePath("state").toStdString(), out, err);
         ASSERT_EQ(program.Run(arguments), 0) << err.str();
+    }
+
+    // What camera A does from its next start or plugging on: operation, feature, call and effect. None is no fault.
+    void Fail(const QStringList& fault, const char* effect) const
+    {
+        const QString rule = R"({"operation": "%1", "feature": "%2", "call": %3, %4})";
+        Control({"fault", "A", "clear"});
+        fault.size() < 3 ? void()
+                         : Control({"fault", "A", rule.arg(fault[0], fault[1], fault[2], effect).toStdString()});
     }
 
     const std::vector<std::string> m_all = {"A", "B", "C", "D", "E"};
