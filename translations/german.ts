@@ -44,6 +44,28 @@
         <source>Cannot retrieve the current &apos;SensorTemperatureSetpointValue&apos;. Error: %1</source>
         <translation>Der aktuelle &apos;SensorTemperatureSetpointValue&apos; kann nicht gelesen werden. Fehler: %1</translation>
     </message>
+    <message>
+        <source>Camera or DPC is not supported</source>
+        <translation>Die Kamera oder ihre DPC wird nicht unterstützt</translation>
+    </message>
+    <message>
+        <source>Factory set can&apos;t be overwritten!</source>
+        <translation>Der Werkssatz kann nicht überschrieben werden!</translation>
+    </message>
+    <message>
+        <source>Correction set is not writable</source>
+        <translation>Der Korrektursatz kann nicht beschrieben werden</translation>
+    </message>
+    <message>
+        <source>Not enough memory in the camera</source>
+        <translation>Nicht genug Speicher in der Kamera</translation>
+    </message>
+    <message>
+        <source>Error with saving pixels
+</source>
+        <translation>Fehler beim Speichern der Pixel
+</translation>
+    </message>
 </context>
 <context>
     <name>BottomPanel</name>

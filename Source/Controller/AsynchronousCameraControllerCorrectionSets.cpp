@@ -12,10 +12,13 @@
 #include "ZltCamera.h"
 
 #include <QCoreApplication>
+#include <QEventLoop>
+#include <QThread>
 
 #include <boost/make_shared.hpp>
 
 #include <algorithm>
+#include <exception>
 #include <memory>
 
 namespace
@@ -62,6 +65,39 @@ std::unique_ptr<CorrectionSetData> Describe(DpcAdapter& adapter, const Correctio
     data->SetIfDpcOn(adapter.IsCorrectionSetEnabled(set));
     data->SetIfRestoreDefSetAvailable(adapter.IsRestoreFactorySettingsAvailable(set));
     return data;
+}
+
+// Calls into the camera last as long as it takes; beside them the GUI thread goes on with its events, so that what
+// tells the user to wait keeps moving. The work touches the camera alone. Its exception comes back here.
+void RunBesideEvents(const std::function<void()>& work)
+{
+    if (QCoreApplication::instance() == nullptr || QThread::currentThread() != QCoreApplication::instance()->thread())
+    {
+        work();
+        return;
+    }
+    std::exception_ptr failure;
+    const std::unique_ptr<QThread> worker(QThread::create(
+        [&]
+        {
+            try
+            {
+                work();
+            }
+            catch (...)
+            {
+                failure = std::current_exception();
+            }
+        }));
+    QEventLoop events;
+    QObject::connect(worker.get(), &QThread::finished, &events, &QEventLoop::quit);
+    worker->start();
+    events.exec();
+    worker->wait();
+    if (failure)
+    {
+        std::rethrow_exception(failure);
+    }
 }
 
 } // namespace
@@ -131,7 +167,9 @@ void AsynchronousCameraController::GetCorrectionSets(QList<CorrectionSetData*>* 
             }
             m_sensorWidth = static_cast<int>(adapter->GetSensorWidth());
             m_sensorHeight = static_cast<int>(adapter->GetSensorHeight());
-            for (const CorrectionSetPtr& set : adapter->GetAvailableCorrectionSetsWithMetadata())
+            std::vector<CorrectionSetPtr> sets;
+            RunBesideEvents([&] { sets = adapter->GetAvailableCorrectionSetsWithMetadata(); });
+            for (const CorrectionSetPtr& set : sets)
             {
                 list->append(Describe(*adapter, set).release());
             }
@@ -142,8 +180,8 @@ SensorDefectList AsynchronousCameraController::ReadCorrectionSet(const QString& 
 {
     QCoreApplication::processEvents();
     SensorDefectList stored;
-    WorkOnSet(name.toStdString(),
-              [&](DpcAdapter& adapter, const CorrectionSetPtr& set) { stored = adapter.ReadCorrectionSet(set); });
+    WorkOnSet(name.toStdString(), [&](DpcAdapter& adapter, const CorrectionSetPtr& set)
+              { RunBesideEvents([&] { stored = adapter.ReadCorrectionSet(set); }); });
     return stored;
 }
 
@@ -176,7 +214,7 @@ SensorDefectList AsynchronousCameraController::WriteCorrectionSet(const std::str
             return;
         }
         Write(adapter, set, defects);
-        stored = adapter.ReadCorrectionSet(set);
+        RunBesideEvents([&] { stored = adapter.ReadCorrectionSet(set); });
     };
     WorkOnSet(name, upload);
     return stored;
@@ -188,7 +226,7 @@ void AsynchronousCameraController::Write(DpcAdapter& adapter, const CorrectionSe
 {
     try
     {
-        adapter.WriteCorrectionSet(set, defects);
+        RunBesideEvents([&] { adapter.WriteCorrectionSet(set, defects); });
     }
     catch (const Exception& failure)
     {
@@ -200,15 +238,15 @@ void AsynchronousCameraController::SetDpcOnOff(const QString& name)
 {
     QCoreApplication::processEvents();
     WorkOnSet(name.toStdString(), [](DpcAdapter& adapter, const CorrectionSetPtr& set)
-              { adapter.SetCorrectionSetEnabled(set, !adapter.IsCorrectionSetEnabled(set)); });
+              { RunBesideEvents([&] { adapter.SetCorrectionSetEnabled(set, !adapter.IsCorrectionSetEnabled(set)); }); });
 }
 
 void AsynchronousCameraController::RestoreSetToDefault(const QString& name)
 {
     if (CheckIfCamerasAreOnTheList())
     {
-        WorkOnSet(name.toStdString(),
-                  [](DpcAdapter& adapter, const CorrectionSetPtr& set) { adapter.RestoreFactorySettings(set); });
+        WorkOnSet(name.toStdString(), [](DpcAdapter& adapter, const CorrectionSetPtr& set)
+                  { RunBesideEvents([&] { adapter.RestoreFactorySettings(set); }); });
     }
 }
 

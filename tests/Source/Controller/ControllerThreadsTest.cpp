@@ -1,22 +1,12 @@
 // The controller on a thread of its own, as the window has it, with simulated cameras that are plugged and unplugged.
-#include "AsynchronousCameraController.h"
-
 #include "CameraListUpdates.h"
-#include "CamerasList.h"
-#include "Control/ControlProgram.h"
-#include "CustomListView.h"
-#include "ImageDoubleBuffer.h"
 #include "ListedSystem.h"
 #include "Provider/SimulationProvider.h"
-#include "Rig/Rig.h"
+#include "SimulatedSystem.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QFileInfo>
 #include <QImage>
-#include <QTest>
-#include <QThread>
 
 #include <atomic>
 #include <filesystem>
@@ -24,95 +14,16 @@
 #include <iostream>
 #include <numeric>
 #include <random>
-#include <sstream>
 
 using namespace std::chrono_literals;
 
 namespace
 {
 
-using Controller = AsynchronousCameraController;
-constexpr int Patience = 20'000; // milliseconds
-
 bool IsLongRun()
 {
     return qEnvironmentVariableIsSet("LORVANE_SOAK_SECONDS");
 }
-
-// Has the controller as long as the window has it, and takes it down in the window's order.
-struct Window
-{
-    Window() : controller(std::make_unique<Controller>(&view, -1, QString(), false, images))
-    {
-        controller->moveToThread(&thread);
-        thread.start(QThread::InheritPriority);
-    }
-    ~Window()
-    {
-        thread.quit();
-        EXPECT_TRUE(thread.wait(Patience));
-        controller.reset();
-    }
-    std::vector<std::string> Ids() const
-    {
-        std::vector<std::string> ids;
-        for (const CamerasInfo* const info : view.GetCamerasList()->GetCamerasList())
-        {
-            ids.push_back(info->ID.toStdString());
-        }
-        return ids;
-    }
-    // Runs the event loop until the list shows these cameras.
-    bool ComesToShow(const std::vector<std::string>& ids) const
-    {
-        return QTest::qWaitFor([&] { return Ids() == ids; }, Patience);
-    }
-
-    CustomListView view;
-    ImageDoubleBuffer images;
-    QThread thread;
-    std::unique_ptr<Controller> controller;
-};
-
-// Five small simulated cameras, in a working directory of their own.
-class SimulatedSystem : public testing::Test
-{
-protected:
-    SimulatedSystem()
-    {
-        QDir::setCurrent(m_folder.path());
-        QByteArray cameras;
-        for (const std::string& id : m_all)
-        {
-            cameras +=
-                (cameras.isEmpty() ? "" : ",") +
-                QByteArray(R"({"id": "%", "model": "OSTREL T-1", "serial": "7", "firmware": "ostrel", "width": 64,
-                                      "height": 48, "frameRate": 500})")
-                    .replace("%", id.c_str());
-        }
-        QFile rig("rig.json");
-        EXPECT_TRUE(rig.open(QIODevice::WriteOnly));
-        rig.write(R"({"cameras": [)" + cameras + "]}");
-        qputenv("ZLT_SIMULATION_RIG", m_folder.filePath("rig.json").toUtf8());
-        qputenv("ZLT_SIMULATION_STATE", m_folder.filePath("state").toUtf8());
-        qputenv("ZLT_PROVIDER_PATH", SIMULATION_FOLDER);
-    }
-    ~SimulatedSystem() override { QDir::setCurrent(m_before); }
-
-    void Control(const std::vector<std::string>& arguments) const
-    {
-        std::ostringstream out;
-        std::ostringstream err;
-        Simulation::ControlProgram program(Simulation::LoadRig(), m_folder.filePath("state").toStdString(), out, err);
-        ASSERT_EQ(program.Run(arguments), 0) << err.str();
-    }
-
-    const std::vector<std::string> m_all = {"A", "B", "C", "D", "E"};
-
-private:
-    const QString m_before = QDir::currentPath();
-    const QTemporaryDir m_folder;
-};
 
 struct NoEvents final : ZltApi::ProviderEvents
 {
@@ -253,14 +164,10 @@ TEST_F(SimulatedSystem, StartsAndStopsOfTheApi)
 // Format and interpolation change under the running stream, from both threads; then a cooled camera is set.
 TEST_F(SimulatedSystem, SettingsOfLiveCameras)
 {
-    QFile rig("live.json");
-    ASSERT_TRUE(rig.open(QIODevice::WriteOnly));
-    rig.write(R"({"cameras": [{"id": "C", "model": "OSTREL T-1", "serial": "1", "firmware": "ostrel", "width": 96,
-                  "height": 64, "filter": "BayerRG", "frameRate": 200, "scene": "chart"},
-                 {"id": "T", "model": "Kelda", "serial": "2", "firmware": "plain", "width": 64, "height": 48,
-                  "temperatureControl": true, "exposureFeature": "ExposureTimeAbs"}]})");
-    rig.close();
-    qputenv("ZLT_SIMULATION_RIG", QFileInfo(rig).absoluteFilePath().toUtf8());
+    WriteRig(R"({"id": "C", "model": "OSTREL T-1", "serial": "1", "firmware": "ostrel", "width": 96, "height": 64,
+                 "filter": "BayerRG", "frameRate": 200, "scene": "chart"},
+                {"id": "T", "model": "Kelda", "serial": "2", "firmware": "plain", "width": 64, "height": 48,
+                 "temperatureControl": true, "exposureFeature": "ExposureTimeAbs"})");
     Window window;
     Controller& controller = *window.controller;
     const auto isColoured = [&]
