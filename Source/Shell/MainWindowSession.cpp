@@ -33,6 +33,7 @@ void MainWindow::SetCameraIndex(int index, const QString& serial)
     m_loaderDialog->PushBackToList(tr("Getting current settings of selected camera..."));
     m_loaderDialog->PushBackToList(tr("Adjusting overview panel..."));
     m_loaderDialog->PushBackToList(tr("Starting image acquisiton..."));
+    m_rightPanelOpenTimer.stop(); // of the session before
     ApplicationLoaderShow();
     UpdateOptionList();
     m_cameraIndex = index;
