@@ -237,8 +237,10 @@ void AsynchronousCameraController::Write(DpcAdapter& adapter, const CorrectionSe
 void AsynchronousCameraController::SetDpcOnOff(const QString& name)
 {
     QCoreApplication::processEvents();
-    WorkOnSet(name.toStdString(), [](DpcAdapter& adapter, const CorrectionSetPtr& set)
-              { RunBesideEvents([&] { adapter.SetCorrectionSetEnabled(set, !adapter.IsCorrectionSetEnabled(set)); }); });
+    WorkOnSet(name.toStdString(),
+              [](DpcAdapter& adapter, const CorrectionSetPtr& set) {
+                  RunBesideEvents([&] { adapter.SetCorrectionSetEnabled(set, !adapter.IsCorrectionSetEnabled(set)); });
+              });
 }
 
 void AsynchronousCameraController::RestoreSetToDefault(const QString& name)
