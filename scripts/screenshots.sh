@@ -73,10 +73,12 @@ click 420 330
 drag 520 200 540 330
 drag 600 400 690 470
 shoot zoomed 1
-xdotool click --repeat 9 --delay 60 5
+xdotool mousemove --window "$main" 450 300 click --repeat 18 --delay 60 5
 shoot live 1
 click 40 57
 click 150 338 # the one with temperature control
 sleep 3
 click 181 57
 shoot settings 2
+xdotool mousemove --window "$main" 150 640 click --repeat 15 --delay 60 5
+shoot settings-temperature 2

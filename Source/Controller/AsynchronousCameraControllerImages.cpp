@@ -66,11 +66,20 @@ bool AsynchronousCameraController::ShowFrame(ZltApi::Frame& frame)
         return false;
     }
     m_imageBuffer.Lock();
+    if (!m_streaming) // A stop on the GUI thread in this very moment leaves null images.
+    {
+        m_imageBuffer.Unlock();
+        return false;
+    }
     QImage& back = *m_imageBuffer.Back();
+    if (back.isNull())
+    {
+        return false; // Cannot be while streaming. Nobody may flip or replace such images: the lock stays taken.
+    }
     const unsigned int format = m_api.GetPixelFormat();
-    // A stop on the GUI thread in this very moment leaves null images, and a start ones of another size.
+    // A start in this very moment leaves images of another size.
     const bool fits =
-        !back.isNull() && back.width() == m_api.GetWidth() && back.height() == m_api.GetHeight() &&
+        back.width() == m_api.GetWidth() && back.height() == m_api.GetHeight() &&
         HoldsImage(frame, format, static_cast<std::uint32_t>(back.width()), static_cast<std::uint32_t>(back.height()));
     if (fits)
     {

@@ -217,9 +217,14 @@ void AsynchronousCameraController::StartAcquisition()
         return;
     }
     const ZltErrorType started = m_api.StartContinuousImageAcquisition();
+    if (started == ZltErrorSuccess && !m_imageBuffer.SetImages(m_api.GetWidth(), m_api.GetHeight()))
+    {
+        StopAcquisition(); // no memory for images of the size that the camera claims
+        AnnounceError(tr("Cannot open camera stream"));
+        return;
+    }
     if (started == ZltErrorSuccess)
     {
-        m_imageBuffer.SetImages(m_api.GetWidth(), m_api.GetHeight());
         m_streaming = true; // before the first frame can come: one that falls through stays in the queue
         ConnectFrames();
     }

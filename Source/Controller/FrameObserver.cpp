@@ -1,7 +1,5 @@
 #include "FrameObserver.h"
 
-#include <QMutexLocker>
-
 FrameObserver::FrameObserver(const ZltApi::CameraPtr& camera) : ZltApi::IFrameObserver(camera) {}
 
 void FrameObserver::FrameReceived(ZltApi::FramePtr frame)
@@ -14,7 +12,7 @@ void FrameObserver::FrameReceived(ZltApi::FramePtr frame)
         return;
     }
     {
-        const QMutexLocker lock(&m_frameQueueMutex);
+        const std::lock_guard lock(m_frameQueueMutex);
         m_frameQueue.push(std::move(frame));
     }
     Q_EMIT FrameReceivedSignal(status);
@@ -22,7 +20,7 @@ void FrameObserver::FrameReceived(ZltApi::FramePtr frame)
 
 ZltApi::FramePtr FrameObserver::GetFrame()
 {
-    const QMutexLocker lock(&m_frameQueueMutex);
+    const std::lock_guard lock(m_frameQueueMutex);
     if (m_frameQueue.empty())
     {
         return nullptr;
@@ -35,6 +33,6 @@ ZltApi::FramePtr FrameObserver::GetFrame()
 void FrameObserver::ClearFrameQueue()
 {
     std::queue<ZltApi::FramePtr> dropped;
-    const QMutexLocker lock(&m_frameQueueMutex);
+    const std::lock_guard lock(m_frameQueueMutex);
     m_frameQueue.swap(dropped);
 }

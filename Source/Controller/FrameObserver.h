@@ -4,9 +4,9 @@
 #include "ZltApi/Camera.h"
 #include "ZltApi/Observers.h"
 
-#include <QMutex>
 #include <QObject>
 
+#include <mutex>
 #include <queue>
 
 // FrameReceived runs on a thread of the camera API, the other operations on any thread. The queue never holds more
@@ -32,5 +32,5 @@ Q_SIGNALS:
 
 private:
     std::queue<ZltApi::FramePtr> m_frameQueue;
-    QMutex m_frameQueueMutex;
+    std::mutex m_frameQueueMutex;
 };

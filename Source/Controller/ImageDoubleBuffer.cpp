@@ -3,13 +3,19 @@
 
 #include <QWriteLocker>
 
-void ImageDoubleBuffer::SetImages(int width, int height)
+bool ImageDoubleBuffer::SetImages(int width, int height)
 {
     const QWriteLocker lock(&m_lock);
     for (QImage& image : m_images)
     {
         image = QImage(width, height, QImage::Format_RGB32);
     }
+    if (m_images[0].isNull() || m_images[1].isNull())
+    {
+        m_images = {};
+        return false;
+    }
+    return true;
 }
 
 void ImageDoubleBuffer::SetDefImages()

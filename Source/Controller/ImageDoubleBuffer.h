@@ -13,8 +13,9 @@
 class ImageDoubleBuffer
 {
 public:
-    // Both images become new ones of this size in pixels, of Format_RGB32 and undefined content. Any thread.
-    void SetImages(int width, int height);
+    // Both images become new ones of this size in pixels, of Format_RGB32 and undefined content. Any thread. False, and
+    // null images, when there is no memory for that.
+    bool SetImages(int width, int height);
     // Both images become null images. Any thread.
     void SetDefImages();
 

@@ -3,7 +3,7 @@
 
 inline constexpr char CameraOptionPanelStyle[] = R"(
 CameraOptionPanel, QWidget#optionContents { background-color: rgb(46,47,48); }
-QWidget#optionHeader, QWidget#pixelFormatGroup { background: transparent; }
+.QWidget { background: transparent; }
 QScrollArea#optionScrollArea { background: transparent; border: none; }
 QLabel { background: transparent; color: rgb(219,219,219); font-size: 12px; }
 QLabel:disabled { color: #7d8185; }

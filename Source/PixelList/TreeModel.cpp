@@ -153,6 +153,7 @@ void TreeModel::addDefectInfo(int x, int y, int width, int height, int type, int
     std::unique_ptr<TreeItem> owner = MakeDefectItem({x, y, width, height, type, color, m_root->childCount()}, parent);
     TreeItem& item = *owner;
     parent->appendChild(owner.release());
+    m_defectList.reset();
     if (parent == m_root.get())
     {
         m_lookup.Add(item);
@@ -222,6 +223,7 @@ void TreeModel::removeDefectItem(const QModelIndex& index)
     if (item->parentItem() == m_root.get())
     {
         m_root->removeChild(item);
+        m_defectList.reset();
         removed.reset(item);
     }
     if (m_lookup.HasColumn(info.x))
@@ -259,19 +261,23 @@ void TreeModel::clear()
     cancelEditing();
     m_lookup.Clear();
     m_root = MakeRoot();
+    m_defectList.reset();
     endResetModel();
     Q_EMIT SendClearingList();
 }
 
 QVector<DefectInfo> TreeModel::getDefectList() const
 {
-    QVector<DefectInfo> list;
-    list.reserve(m_root->childCount());
-    for (int row = 0; row < m_root->childCount(); ++row)
+    if (!m_defectList)
     {
-        list.append(m_root->child(row)->getDefectInfo());
+        QVector<DefectInfo>& list = m_defectList.emplace();
+        list.reserve(m_root->childCount());
+        for (int row = 0; row < m_root->childCount(); ++row)
+        {
+            list.append(m_root->child(row)->getDefectInfo());
+        }
     }
-    return list;
+    return *m_defectList;
 }
 
 bool TreeModel::hasUnsavedDefects() const
@@ -321,6 +327,7 @@ void TreeModel::AddCluster(const KTR::DPC::SensorDefect& cluster)
     auto owner = std::make_unique<TreeItem>(columns, m_root.get());
     TreeItem* heading = owner.get();
     m_root->appendChild(owner.release());
+    m_defectList.reset();
     for (const KTR::DPC::PixelDefect& pixel : static_cast<const KTR::DPC::ClusterDefect&>(cluster).getPixels())
     {
         addDefectInfo(static_cast<int>(pixel.getX()), static_cast<int>(pixel.getY()), 1, 1, DefectUiType::SinglePixel,

@@ -15,6 +15,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 // Each defect is a top-level row with four detail rows: X, Y, width and height. Coordinates are zero-based sensor
 // coordinates, sizes in pixels, kinds DefectUiType. A defect whose top-left corner is another's is dropped in silence,
@@ -55,6 +56,7 @@ public:
     void EnableEditDeleteButtons(bool isEnabled) { m_areButtonsEnabled = isEnabled; }
 
     // One entry for each top-level row; that of a cluster's heading is a default DefectInfo.
+    // Costs nothing while the list does not change.
     QVector<DefectInfo> getDefectList() const;
     // Replaces the list; all defects count as new. The two numbers are not used.
     void setupModelData(const QVector<DefectInfo>& list, int width, int height);
@@ -111,6 +113,7 @@ private:
     void AddCluster(const KTR::DPC::SensorDefect& cluster);
 
     std::unique_ptr<TreeItem> m_root;
+    mutable std::optional<QVector<DefectInfo>> m_defectList; // empty after a change
     DefectLookup m_lookup;
     QPersistentModelIndex m_editedIndex; // follows its row when others are removed; invalid when no edit is open
     bool m_areButtonsEnabled = true;

@@ -45,6 +45,15 @@ void LoadFonts()
     QApplication::setFont(QFont(QStringLiteral("Open Sans")));
 }
 
+void StyleWindowButton(QWidget& button, const char* icon, const char* hover)
+{
+    button.setStyleSheet(QStringLiteral("QPushButton{border:1px solid transparent;border-radius:0px;"
+                                        "image:url(:/icons/resources/%1.svg);}"
+                                        "QPushButton:hover{background-color:%2;}"
+                                        "QPushButton:focus{border-color:rgb(47,128,237);}")
+                             .arg(QLatin1String(icon), QLatin1String(hover)));
+}
+
 } // namespace
 
 MainWindow::MainWindow(QWidget* parent)
@@ -140,17 +149,9 @@ void MainWindow::StyleChrome()
     m_ui->label->setStyleSheet(QStringLiteral("background-color:rgb(66,67,68);"));
     m_ui->label_9->setPixmap(QIcon(QStringLiteral(":/icons/resources/logo.svg")).pixmap(windowHandle(), QSize(20, 20)));
 
-    const auto windowButton = [](QWidget* button, const char* icon, const char* hover)
-    {
-        button->setStyleSheet(QStringLiteral("QPushButton{border:1px solid transparent;border-radius:0px;"
-                                             "image:url(:/icons/resources/%1.svg);}"
-                                             "QPushButton:hover{background-color:%2;}"
-                                             "QPushButton:focus{border-color:rgb(47,128,237);}")
-                                  .arg(QLatin1String(icon), QLatin1String(hover)));
-    };
-    windowButton(m_ui->minimizeButton, "window-minimize", "rgb(66,67,68)");
-    windowButton(m_ui->maximizeButton, "window-maximize", "rgb(66,67,68)");
-    windowButton(m_ui->exitButton, "window-close", "rgb(196,43,28)");
+    StyleWindowButton(*m_ui->minimizeButton, "window-minimize", "rgb(66,67,68)");
+    StyleWindowButton(*m_ui->maximizeButton, "window-maximize", "rgb(66,67,68)");
+    StyleWindowButton(*m_ui->exitButton, "window-close", "rgb(196,43,28)");
 
     m_ui->cameraListButton->setStyleSheet(Lorvane::IconCheckBoxStyle(QStringLiteral("cameras")));
     m_ui->cameraOptionsButton->setStyleSheet(Lorvane::IconCheckBoxStyle(QStringLiteral("settings")));
@@ -224,6 +225,10 @@ void MainWindow::changeEvent(QEvent* event)
     {
         SetStrings();
         return;
+    }
+    if (event->type() == QEvent::WindowStateChange)
+    {
+        StyleWindowButton(*m_ui->maximizeButton, isMaximized() ? "window-restore" : "window-maximize", "rgb(66,67,68)");
     }
     QMainWindow::changeEvent(event);
 }

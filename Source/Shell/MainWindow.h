@@ -5,7 +5,9 @@
 #include "ImageDoubleBuffer.h"
 
 #include <QMainWindow>
+#include <QPixmap>
 #include <QPointF>
+#include <QPointer>
 #include <QTimer>
 #include <QVector>
 
@@ -189,6 +191,7 @@ private:
     int WidthBesideOverview() const;
 
     void ResetSession();
+    void ShowFrame(const QImage& image);
     void StartControllerThread();
     void EnableCameraButtons(bool enabled);
     void EnableDefectCommands(bool dpcSupported);
@@ -224,7 +227,9 @@ private:
     int m_cameraIndex = -1;
     int m_sensorWidth = 0;
     int m_sensorHeight = 0;
-    int m_shownFrameCount = 0;
+    unsigned m_shownFrameCount = 0;
+    QPointer<QWidget> m_focusBeforeLoader;
+    std::array<QPixmap, 2> m_framePixmaps; // shown in turn
     int m_currentTool = 0;
     QGraphicsScene* m_scene = nullptr;
     QGraphicsPixmapItem* m_imageItem = nullptr; // the scene's

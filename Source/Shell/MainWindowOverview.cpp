@@ -26,6 +26,10 @@ void MainWindow::SetNewRectPosition(int x, int y)
 void MainWindow::UpdateOverview()
 {
     m_ui->graphicsView->ScaleRectToSmallImg();
+    if (m_overviewPanel->isHidden())
+    {
+        return; // drawn when it is shown
+    }
     const QRectF visible = m_ui->graphicsView->GetRectToOverview();
     m_overviewLabel->ChangeRect(static_cast<float>(visible.x()), static_cast<float>(visible.y()),
                                 static_cast<float>(visible.width()), static_cast<float>(visible.height()));
@@ -83,6 +87,7 @@ void MainWindow::OnOverviewStateChanged(int state)
         MoveOverviewToCorner();
         m_overviewPanel->SetAdditionalWidth(WidthBesideOverview());
         m_overviewPanel->show();
+        UpdateOverview();
     }
     else if (state == Qt::Unchecked)
     {

@@ -15,6 +15,7 @@
 #include <QCheckBox>
 #include <QGraphicsPixmapItem>
 #include <QGraphicsScene>
+#include <QPainter>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QThread>
@@ -32,11 +33,13 @@ void MainWindow::SetCameraIndex(int index, const QString& serial)
     m_loaderDialog->PushBackToList(tr("Getting current settings of selected camera..."));
     m_loaderDialog->PushBackToList(tr("Adjusting overview panel..."));
     m_loaderDialog->PushBackToList(tr("Starting image acquisiton..."));
+    m_rightPanelOpenTimer.stop(); // of the session before
     ApplicationLoaderShow();
     UpdateOptionList();
     m_cameraIndex = index;
     m_cameraId = serial;
     m_ui->cameraListButton->setChecked(false);
+    OnCameraListButtonClick(Qt::Unchecked); // also when it was opened without the button
     QApplication::processEvents();
     if (m_controller->StopIfStreaming())
     {
@@ -181,11 +184,28 @@ void MainWindow::SetImageFromCamera()
     const QImage& front = *m_imageBuffer.Front();
     if (!front.isNull())
     {
-        m_imageItem->setPixmap(QPixmap::fromImage(front));
-        ++m_shownFrameCount;
+        ShowFrame(front);
     }
     UpdateOverview();
     m_imageBuffer.Unlock();
+}
+
+// Into the pixmap that the scene does not hold. One made from the image would share its data with it, so that the next
+// conversion had to copy the image first.
+void MainWindow::ShowFrame(const QImage& image)
+{
+    ++m_shownFrameCount;
+    QPixmap& pixmap = m_framePixmaps[static_cast<std::size_t>(m_shownFrameCount) % m_framePixmaps.size()];
+    if (pixmap.size() != image.size())
+    {
+        pixmap = QPixmap(image.size());
+        pixmap.fill(Qt::black); // without an alpha channel
+    }
+    QPainter painter(&pixmap);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.drawImage(0, 0, image);
+    painter.end();
+    m_imageItem->setPixmap(pixmap);
 }
 
 void MainWindow::OnPlayPauseButtonClick()

@@ -223,6 +223,10 @@ void MainWindow::PlayPauseShortcutController()
 
 void MainWindow::ApplicationLoaderShow()
 {
+    if (!m_loaderDialog->isVisible())
+    {
+        m_focusBeforeLoader = focusWidget();
+    }
     QApplication::setOverrideCursor(Qt::WaitCursor);
     QApplication::processEvents();
     m_loaderDialog->DisplayNextStepInformation();
@@ -255,6 +259,10 @@ void MainWindow::ApplicationLoaderClose()
     m_ui->graphicsView->ChangeCurrentCursor(m_currentTool);
     m_loaderDialog->close();
     m_loaderDialog->ClearInfoList();
+    // It has gone to the next widget in use.
+    const bool isStillThere =
+        m_focusBeforeLoader && m_focusBeforeLoader->isVisible() && m_focusBeforeLoader->isEnabled();
+    (isStillThere ? m_focusBeforeLoader.data() : m_ui->graphicsView)->setFocus();
 }
 
 std::vector<QWidget*> MainWindow::WidgetsOffWhileBusy() const

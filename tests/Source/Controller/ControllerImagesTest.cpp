@@ -11,6 +11,7 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <future>
 #include <new>
 
 namespace
@@ -37,6 +38,8 @@ void operator delete(void* memory, std::size_t) noexcept
 
 namespace
 {
+
+using namespace std::chrono_literals;
 
 class ControllerImagesTest : public ListedSystem
 {
@@ -169,7 +172,19 @@ TEST_F(ControllerImagesTest, FramesThatAreNotShown)
     }
     images.SetDefImages();
     EXPECT_FALSE(Shows(good()));
-    Start(ZltPixelFormatMono8); // needs the lock that the frame has given back
+    auto swap = std::async(std::launch::async, [&] { images.Swap(); });
+    EXPECT_EQ(swap.wait_for(50ms), std::future_status::timeout) << "the images are out of use";
+    images.Unlock();
+    swap.get();
+    (*camera)["Width"].maximum = (*camera)["Height"].maximum = std::int64_t{1} << 30;
+    const QSignalSpy errors(&controller, &AsynchronousCameraController::ErrorSignal);
+    Start(ZltPixelFormatMono8);
+    EXPECT_FALSE(controller.GetIfStreaming()) << "no memory";
+    ASSERT_EQ(errors.size(), 1);
+    EXPECT_EQ(errors[0][0].toString().toStdString(), "Cannot open camera stream");
+    (*camera)["Width"].maximum = std::int64_t{37};
+    (*camera)["Height"].maximum = std::int64_t{10};
+    Start(ZltPixelFormatMono8);
     // What an earlier acquisition announced meets an incomplete frame of this one.
     auto* const observer = dynamic_cast<FrameObserver*>(camera->observer.get());
     QObject::disconnect(observer, nullptr, &controller, nullptr);
