@@ -2,6 +2,7 @@
 #include "EntryDialog.h"
 
 #include <QIcon>
+#include <QLabel>
 #include <QMouseEvent>
 
 namespace
@@ -74,6 +75,15 @@ EntryDialog::EntryDialog(QWidget* parent) : FramelessDialog(parent)
 {
     setStyleSheet(QLatin1String(Style));
     setWindowIcon(QIcon(QStringLiteral(":/icons/resources/logo-taskbar.png")));
+}
+
+void EntryDialog::showEvent(QShowEvent* event)
+{
+    if (const auto* const header = findChild<QLabel*>(QStringLiteral("headerLabel")))
+    {
+        setWindowTitle(header->text()); // for the task bar
+    }
+    FramelessDialog::showEvent(event);
 }
 
 void EntryDialog::mousePressEvent(QMouseEvent* event)

@@ -12,5 +12,6 @@ public:
 
 protected:
     // Only the header drags: the child "headerWidget".
+    void showEvent(QShowEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 };

@@ -86,7 +86,7 @@ gone 'Add pixel' || fail "the dialog stays"
 click 1204 502 # the pencil of the second row
 window 'pixel' >/dev/null || fail "no dialog to edit"
 sleep 0.3
-xdotool key Tab key ctrl+a type "$dialog_x"
+xdotool key ctrl+a type "$dialog_x" # the kind cannot be chosen: the first field is x
 picture "$pictures/edit-dialog.png"
 xdotool key Return
 sleep 0.5
