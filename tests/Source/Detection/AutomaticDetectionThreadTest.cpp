@@ -142,18 +142,28 @@ TEST_F(Detection, FindsTheHotPixelsOfRecordedFrames)
     }
 }
 
-// What was found up to the n-th row is there, nothing behind it, and the end is told.
-TEST_F(Detection, StopLeavesAHeadOfTheCandidates)
+// What was found up to the look that sees the stop is there, nothing behind it, and the end is told.
+TEST_F(Detection, StopLeavesWhatWasFoundSoFar)
 {
-    LiteralDetection setup;
-    setup.image = QImage(FrameScanner::BlockWidth, 50, QImage::Format_RGB32);
-    setup.image.fill(Qt::white);
-    SteppedDetection worker(setup, 7);
-    int finished = 0;
-    QObject::connect(&worker, &AutomaticDetectionThread::DetectionFinished, &worker, [&] { ++finished; });
-    worker.Start();
-    EXPECT_EQ(finished, 1);
-    EXPECT_EQ(setup.defects.size(), 7 * FrameScanner::BlockWidth);
+    constexpr int Rows = 50; // with one hot pixel and one look in each
+    for (const auto& [look, found] : {std::pair{7, 7}, {Rows, Rows}, {Rows + 3, Rows}, {4 * Rows, Rows}})
+    {
+        LiteralDetection setup;
+        setup.supported = {1, 2};
+        setup.image = QImage(FrameScanner::BlockWidth, Rows, QImage::Format_RGB32);
+        setup.image.fill(Qt::black);
+        for (int y = 0; y < Rows; ++y)
+        {
+            setup.image.setPixel(2 * y % FrameScanner::BlockWidth, y, qRgb(200, 200, 200));
+        }
+        SteppedDetection worker(setup, look);
+        int finished = 0;
+        QObject::connect(&worker, &AutomaticDetectionThread::DetectionFinished, &worker, [&] { ++finished; });
+        worker.Start();
+        EXPECT_EQ(finished, 1);
+        EXPECT_LT(worker.looks, look + 5) << "each later step looks once";
+        EXPECT_EQ(setup.defects.size(), found) << look;
+    }
 }
 
 TEST_F(Detection, StopFromAnotherThreadActsAtOnce)
