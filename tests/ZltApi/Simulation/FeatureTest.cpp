@@ -5,7 +5,6 @@
 
 #include <cmath>
 #include <set>
-#include <thread>
 
 namespace Simulation
 {
@@ -143,23 +142,6 @@ TEST(Features, PixelFormatsTurnWithTheImage)
     EXPECT_EQ("BayerGR12", Get<std::string>(camera, "PixelFormat"));
     EXPECT_EQ(0x01100010, Get<std::int64_t>(camera, "PixelFormat"));
     EXPECT_EQ(0U, available().count("BayerRG12"));
-}
-
-TEST(Features, CommandOfTheStreamTakesItsTime)
-{
-    TestRig rig(R"({"firmware": "plain", "adjustsPacketSize": true})");
-    const auto camera = rig.Opened();
-    std::vector<ZltApi::StreamPtr> streams;
-    ASSERT_EQ(ZltErrorSuccess, camera->GetStreams(streams));
-    const auto adjust = FeatureOf(*streams.at(0), "GVSPAdjustPacketSize");
-    bool done = true;
-    ASSERT_EQ(ZltErrorSuccess, adjust->RunCommand());
-    EXPECT_EQ(ZltErrorSuccess, adjust->IsCommandDone(done));
-    EXPECT_FALSE(done);
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    EXPECT_TRUE(adjust->IsCommandDone(done) == ZltErrorSuccess && done);
-    camera->Close();
-    EXPECT_EQ(ZltErrorDeviceNotOpen, adjust->RunCommand());
 }
 
 } // namespace Simulation

@@ -165,7 +165,6 @@ TEST(OstrelFile, DataSets)
         {"no end mark", {0}, {Y(0), 1}, {}},
         {"a pixel without a row", {0}, {1, Y(0), 1, End}, {}},
         {"half a run", {0}, {Y(0), R(1), Y(1), 1, End}, {}},
-        {"half a run at the end", {0}, {Y(0), 1, R(1)}, {}},
         {"a run that ends before it starts", {0}, {Y(0), R(9), R(7), End}, {}},
         {"rows that descend", {0}, {Y(1), 1, Y(0), 1, End}, {}},
         {"a row twice", {0}, {Y(1), 1, Y(1), 2, End}, {}},

@@ -85,7 +85,6 @@ TEST(ControlProgram, Usage)
     TestRig rig;
     // Arguments, exit status, start of the complaint.
     const std::tuple<std::vector<std::string>, int, std::string> cases[] = {
-        {{}, 2, "Usage: "},
         {{"dance", "CAM"}, 2, "Usage: "},
         {{"cover", "CAM"}, 2, "Usage: "},
         {{"cover", "CAM", "maybe"}, 2, "Usage: "},

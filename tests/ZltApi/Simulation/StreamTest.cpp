@@ -116,8 +116,7 @@ TEST(Stream, FramesComeAtTheirRate)
     EXPECT_GE(timed(1'000.0, 50.0), 0.120); // a busy machine may be slower
     EXPECT_GE(timed(40'000.0, 100.0), 0.240) << "an exposure takes its time";
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "ExposureTime", 10'000'000.0));
-    const auto log = std::make_shared<FrameLog>(camera);
-    ASSERT_EQ(ZltErrorSuccess, Start(camera, log));
+    ASSERT_EQ(ZltErrorSuccess, Start(camera, std::make_shared<FrameLog>(camera)));
     const auto begin = Clock::now();
     camera->StopContinuousImageAcquisition();
     EXPECT_LT(Clock::now() - begin, std::chrono::seconds(5)) << "a stop does not wait for the exposure";

@@ -116,23 +116,6 @@ TEST(SensorTest, HotSignalFollowsExposureGainAndTemperature)
     }
 }
 
-TEST(SensorTest, LightReachesAllButDeadPixels)
-{
-    Sensor sensor(Config(ColorFilter::BayerGB, 8));
-    ExposureSettings settings;
-    settings.blackLevel = 100.0;
-    const std::vector<std::size_t> dead = Pixels(sensor, FaultKind::Dead);
-    for (const double exposureUs : {100.0, ReferenceExposureUs, 1e7, 1e300})
-    {
-        settings.exposureUs = exposureUs;
-        const Counts raw = Expose(sensor, settings);
-        EXPECT_TRUE(std::all_of(dead.begin(), dead.end(), [&raw](std::size_t pixel) { return raw[pixel] == 0; }));
-        EXPECT_EQ(std::count(raw.begin(), raw.end(), 0), static_cast<std::ptrdiff_t>(dead.size()));
-        EXPECT_LE(*std::max_element(raw.begin(), raw.end()), MaxCount);
-        EXPECT_TRUE(exposureUs < 1e7 || raw[sensor.Config().width * 3 + 1] == MaxCount) << "saturated";
-    }
-}
-
 TEST(SensorTest, CorrectionHidesTheFaultsAndNothingElse)
 {
     for (const auto& config : {Config(ColorFilter::Mono, 1), Config(ColorFilter::Mono, 2),
