@@ -6,6 +6,7 @@
 #include "ModalAnswers.h"
 #include "ModalExecution.h"
 #include "SentEvents.h"
+#include "Widgets.h"
 
 #include <boost/make_shared.hpp>
 
@@ -17,7 +18,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
-#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -31,16 +31,6 @@ namespace
 constexpr int SensorWidth = 100;
 constexpr int SensorHeight = 80;
 const std::array<const char*, 4> Fields{"lineEditX", "lineEditY", "lineEditWidth", "lineEditHeight"};
-
-template <class Widget> Widget& Find(const QWidget& dialog, const char* name)
-{
-    return *dialog.findChild<Widget*>(QLatin1String(name));
-}
-
-void Click(const QWidget& dialog, const char* button)
-{
-    QTest::mouseClick(&Find<QPushButton>(dialog, button), Qt::LeftButton);
-}
 
 // The fields with commas between them, a disabled one in brackets.
 std::string State(const QWidget& dialog)
@@ -144,21 +134,6 @@ TEST(AddDialogTest, Scope)
     }
 }
 
-TEST(AddDialogTest, ClosesWithoutASignal)
-{
-    for (const char* button : {"cancelButton", "exitButton", "confirmButton"})
-    {
-        // Without kinds there is nothing to add, whatever stands in the fields.
-        const bool confirms = QLatin1String(button) == QLatin1String("confirmButton");
-        AddDialog dialog(nullptr, SensorWidth, SensorHeight, confirms ? std::vector<int>{} : std::vector<int>{0});
-        QObject::connect(&dialog, &AddDialog::SendDataBack, [] { ADD_FAILURE() << "a defect was sent"; });
-        Enter(dialog, {"1", "1", "1", "1"});
-        ModalAnswers answers;
-        answers.ThenClick(QLatin1String(button));
-        EXPECT_EQ(Lorvane::ExecuteModal(dialog), QDialog::Rejected);
-    }
-}
-
 TEST(EditPixelDialogTest, EachKindFixesItsFields)
 {
     struct
@@ -202,7 +177,7 @@ TEST(EditPixelDialogTest, ScopeAndResult)
     }
 }
 
-TEST(EditPixelDialogTest, NothingChangesWithoutConfirmation)
+TEST(EntryDialogTest, NothingChangesWithoutConfirmation)
 {
     const auto escape = [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); };
     const auto cancel = [](QDialog& dialog) { Click(dialog, "cancelButton"); };
@@ -210,10 +185,15 @@ TEST(EditPixelDialogTest, NothingChangesWithoutConfirmation)
     for (const ModalAnswers::Answer& answer : {ModalAnswers::Answer(escape), {cancel}, {exit}})
     {
         EditPixelDialog dialog(nullptr, 0, 10, 20, SensorWidth, SensorHeight, 1, 1);
+        AddDialog another(nullptr, SensorWidth, SensorHeight, {0});
+        const QSignalSpy sent(&another, &AddDialog::SendDataBack);
+        Enter(another, {"1", "1", nullptr, nullptr});
         ModalAnswers answers;
-        answers.Then(answer);
+        answers.Then(answer).Then(answer);
         EXPECT_EQ(Lorvane::ExecuteModal(dialog), QDialog::Rejected);
         EXPECT_EQ(dialog.GetNewPixelPoint(), QRect(-1, -1, -1, -1));
+        EXPECT_EQ(Lorvane::ExecuteModal(another), QDialog::Rejected);
+        EXPECT_TRUE(sent.isEmpty());
     }
 }
 

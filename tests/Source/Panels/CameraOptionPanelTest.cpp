@@ -1,6 +1,7 @@
 // Camera options panel: what it shows, what it sends, and what it keeps to itself.
 #include "CameraOptionPanel.h"
 #include "OtherLanguage.h"
+#include "Widgets.h"
 
 #include <gtest/gtest.h>
 
@@ -65,15 +66,7 @@ protected:
             QApplication::processEvents();
         }
     }
-    template <class Widget> Widget& Find(const char* name)
-    {
-        auto* widget = m_panel.findChild<Widget*>(QLatin1String(name));
-        if (widget == nullptr)
-        {
-            throw std::runtime_error(name);
-        }
-        return *widget;
-    }
+    template <class Widget> Widget& Find(const char* name) { return ::Find<Widget>(m_panel, name); }
     QSlider& Slider(int number) { return Find<QSlider>(Controls[number].slider); }
     QLineEdit& Field(int number) { return Find<QLineEdit>(Controls[number].field); }
     std::string Text(int number) { return Field(number).text().toStdString(); }

@@ -133,30 +133,21 @@ protected:
 
 TEST(CorrectionSetDataTest, EqualIsAnotherSetWithTheSameContent)
 {
-    struct
-    {
-        const char* fault;
-        const char* flags;
-        Metadata metadata;
-        const char* otherName;
-        const char* otherFlags;
-        Metadata otherMetadata;
-        bool equal;
-    } const cases[] = {
-        {"rounds instead of cutting", "wa", {{"Gain", 1.04}}, "B", "wa", {{"Gain", 1.01}}, true},
-        {"compares whole numbers", "wa", {{"Gain", 1.09}}, "B", "wa", {{"Gain", 1.11}}, false},
-        {"cuts beyond an int", "wa", {{"E", 4e9}}, "B", "wa", {{"E", 5e9}}, false},
-        {"takes a set for its own duplicate", "wa", AllThree, "A", "wa", AllThree, false},
-        {"ignores empty", "wa", AllThree, "B", "wae", AllThree, false},
-        {"compares DPC and restore", "wadr", AllThree, "B", "wa", AllThree, true},
-        {"ignores the count", "wa", {{"Gain", 1}}, "B", "wa", {}, false},
-        {"takes a missing key for a difference", "wa", {{"Gain", 1}}, "B", "wa", {{"Other", 2}}, true},
+    const std::tuple<const char*, Metadata, const char*, Metadata, bool> cases[] = {
+        {"compares exactly", {{"Gain", 1.04}}, "wa", {{"Gain", 1.01}}, true},
+        {"compares whole numbers", {{"Gain", 1.09}}, "wa", {{"Gain", 1.11}}, false},
+        {"cuts beyond an int", {{"E", 4e9}}, "wa", {{"E", 5e9}}, false},
+        {"ignores empty", AllThree, "wae", AllThree, false},
+        {"compares DPC and restore", AllThree, "wadr", AllThree, true},
+        {"ignores the count", {{"Gain", 1}}, "wa", {}, false},
+        {"takes a missing key for a difference", {{"Gain", 1}}, "wa", {{"Other", 2}}, true},
     };
-    for (const auto& c : cases)
+    for (const auto& [fault, metadata, otherFlags, otherMetadata, equal] : cases)
     {
-        const std::unique_ptr<CorrectionSetData> set(MakeSet("A", c.flags, c.metadata));
-        const std::unique_ptr<CorrectionSetData> other(MakeSet(c.otherName, c.otherFlags, c.otherMetadata));
-        EXPECT_EQ(set->IsEqual(*other), c.equal) << c.fault;
+        const std::unique_ptr<CorrectionSetData> set(MakeSet("A", "wa", metadata));
+        const std::unique_ptr<CorrectionSetData> other(MakeSet("B", otherFlags, otherMetadata));
+        EXPECT_EQ(set->IsEqual(*other), equal) << fault;
+        EXPECT_FALSE(set->IsEqual(*set)) << "no set is its own duplicate";
     }
 }
 

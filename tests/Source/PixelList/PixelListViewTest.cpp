@@ -113,21 +113,6 @@ TEST_F(PixelListView, SurvivesAnyOrderOfChanges)
     }
 }
 
-TEST_F(PixelListView, IconsAreBuiltOnceAndLookTheSameWhenDisabled)
-{
-    Fill(2);
-    for (const int column : {TreeModel::EditColumn, TreeModel::DeleteColumn})
-    {
-        const auto icon = m_model.data(m_model.index(0, column), Qt::DecorationRole).value<QIcon>();
-        const auto other = m_model.data(m_model.index(1, column), Qt::DecorationRole).value<QIcon>();
-        const QImage normal = icon.pixmap(16, 16).toImage();
-        EXPECT_TRUE(!normal.isNull() && other.cacheKey() == icon.cacheKey());
-        EXPECT_EQ(icon.pixmap(QSize(16, 16), QIcon::Disabled, QIcon::On).toImage(), normal);
-        EXPECT_EQ(icon.pixmap(QSize(16, 16), QIcon::Disabled, QIcon::Off).toImage(), normal);
-        EXPECT_EQ(icon.availableSizes().size(), 2) << "one for screens of double density";
-    }
-}
-
 TEST_F(PixelListView, FollowsTheLanguage)
 {
     using namespace KTR::DPC;

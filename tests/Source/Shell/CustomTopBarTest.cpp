@@ -140,7 +140,7 @@ TEST_F(CustomTopBarTest, BottomCornersKeepNoGeometry)
 TEST_F(CustomTopBarTest, ClickOnTheSnappedWindowKeepsTheWayBack)
 {
     Drag({300, 10}, {400, 0});
-    for (const QPoint corner : {QPoint(300, 0), QPoint(3, 3)})
+    for (const QPoint corner : {QPoint(300, 0), QPoint(3, 3), QPoint(3, 3)})
     {
         Press(corner);
         Release();

@@ -7,6 +7,7 @@
 #include "PixelListXml.h"
 #include "ScreenScale.h"
 #include "TreeModel.h"
+#include "Widgets.h"
 
 #include <gtest/gtest.h>
 
@@ -50,14 +51,9 @@ protected:
         m_window->show();
         m_window->SetProperSizes();
     }
-    template <class Widget> Widget* Find(const char* name) const
-    {
-        auto* widget = m_window->findChild<Widget*>(name);
-        EXPECT_NE(widget, nullptr) << name;
-        return widget;
-    }
+    template <class Widget> Widget* Find(const char* name) const { return &::Find<Widget>(*m_window, name); }
     QCheckBox* Check(const char* name) const { return Find<QCheckBox>(name); }
-    void Click(const char* name) const { QTest::mouseClick(Find<QWidget>(name), Qt::LeftButton); }
+    void Click(const char* name) const { ::Click(*m_window, name); }
     TreeModel* Model() const { return m_window->findChild<TreeModel*>(); }
 
     QTemporaryDir m_folder;

@@ -9,10 +9,10 @@
 #include "LoaderDialog.h"
 #include "ModalAnswers.h"
 #include "OverviewPanel.h"
-#include "Provider/SimulationProvider.h"
 #include "Rig/Rig.h"
 #include "RightPanel.h"
 #include "TreeModel.h"
+#include "Widgets.h"
 
 #include <gtest/gtest.h>
 
@@ -72,33 +72,6 @@ protected:
         QDir::setCurrent(QDir::rootPath());
     }
 
-    // As another program leaves the camera behind.
-    static void SetFeature(const char* id, const char* name, bool value)
-    {
-        struct NoEvents final : ZltApi::ProviderEvents
-        {
-            void CameraListChanged(const ZltApi::CameraPtr&, ZltApi::UpdateTriggerType) noexcept override {}
-            void InterfaceListChanged(const ZltApi::InterfacePtr&, ZltApi::UpdateTriggerType) noexcept override {}
-        } events;
-        Simulation::SimulationProvider provider;
-        ASSERT_EQ(provider.Startup(events), ZltErrorSuccess);
-        std::vector<ZltApi::CameraPtr> cameras;
-        provider.GetCameras(cameras);
-        for (const ZltApi::CameraPtr& camera : cameras)
-        {
-            std::string found;
-            camera->GetID(found);
-            ZltApi::FeaturePtr feature;
-            if (found == id)
-            {
-                ASSERT_EQ(camera->Open(ZltApi::AccessModeFull), ZltErrorSuccess);
-                ASSERT_EQ(camera->GetFeatureByName(name, feature), ZltErrorSuccess);
-                EXPECT_EQ(feature->SetValue(value), ZltErrorSuccess);
-                camera->Close();
-            }
-        }
-        provider.Shutdown();
-    }
     static void WriteFile(const char* name, const QByteArray& text)
     {
         QFile file(name);
@@ -112,15 +85,10 @@ protected:
         Simulation::ControlProgram program(Simulation::LoadRig(), m_folder.filePath("state").toStdString(), out, err);
         ASSERT_EQ(program.Run(arguments), 0) << err.str();
     }
-    template <class Widget> Widget* Find(const char* name = nullptr) const
-    {
-        auto* widget = window->findChild<Widget*>(QLatin1String(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return widget;
-    }
-    void Click(const char* name) const { QTest::mouseClick(Find<QWidget>(name), Qt::LeftButton); }
+    template <class Widget> Widget* Find(const char* name) const { return &::Find<Widget>(*window, name); }
+    void Click(const char* name) const { ::Click(*window, name); }
     CustomGraphicsView& View() const { return *Find<CustomGraphicsView>("graphicsView"); }
-    TreeModel& Model() const { return *Find<TreeModel>(); }
+    TreeModel& Model() const { return *window->findChild<TreeModel*>(); }
     QWidget& Loader() const { return *window->findChild<LoaderDialog*>(); }
     static bool Waits(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, Patience); }
 
@@ -169,7 +137,8 @@ protected:
 
 TEST_F(SessionTest, StartsStepByStepUntilTheFirstFrame)
 {
-    SetFeature("MONO", "ReverseX", true);
+    QDir().mkpath("state/MONO"); // as another program leaves the camera behind
+    WriteFile("state/MONO/settings.json", R"({"ReverseX": "true"})");
     ModalAnswers answers;
     answers.ThenClick("okButton");
     Pick(Mono);
@@ -208,6 +177,7 @@ TEST_F(SessionTest, MouseToolsEditThePixelList)
     EXPECT_EQ(Model().rowCount(), 2);
     Pick(Plain);
     EXPECT_EQ(Model().rowCount(), 0) << "the list belongs to the camera before";
+    EXPECT_FALSE(window->findChild<RightPanel*>()->UploadToCameraButton()->isEnabled());
     Click("mouseRectAddButton");
     answers.ThenClick("okButton");
     Drag({10, 12}, {10, 12});
