@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using Mode = KTR::DPC::FileInterface::FileOpenMode;
 using Bytes = std::vector<unsigned char>;
 
@@ -50,6 +52,9 @@ TEST(ZltCameraFiles, KnowTheirLargestSizeIfTheCameraTellsIt)
             const auto file = KTR::DPC::ZltCamera(scripted).GetFile(name);
             EXPECT_EQ(file->GetSizeMax(), name == "Other" ? row.other : row.user);
             EXPECT_EQ(scripted->files[name].open, row.open);
+            const auto& changes = scripted->changes;
+            const bool wrote = std::count(changes.begin(), changes.end(), "Set FileOpenMode Write") > 0;
+            EXPECT_EQ(wrote, row.other != row.user && name != "Other") << "the second way to the user's file";
             EXPECT_EQ(file->GetName(), name);
         }
     }

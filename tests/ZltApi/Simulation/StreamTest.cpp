@@ -7,6 +7,7 @@
 #include <chrono>
 #include <numeric>
 #include <thread>
+#include <tuple>
 
 namespace Simulation
 {
@@ -140,19 +141,36 @@ TEST(Stream, RegionOfTheMirroredImage)
     }
 }
 
-TEST(Stream, AutomaticExposureActsOnFrames)
+TEST(Stream, AutomaticModesActOnFrames)
 {
-    TestRig rig(R"({"covered": false})");
-    const auto camera = rig.Opened();
-    ASSERT_EQ(ZltErrorSuccess, Set(camera, "ExposureTime", 5'000.0));
-    ASSERT_EQ(ZltErrorSuccess, Set(camera, "ExposureAuto", "Once"));
-    const auto end = Clock::now() + std::chrono::seconds(20);
-    while (Get<std::string>(camera, "ExposureAuto") != "Off" && Clock::now() < end)
+    // Exposure at the start, modes of exposure and gain, and the exposure at the end.
+    const std::tuple<double, const char*, const char*, double> cases[] = {
+        {5'000.0, "Once", "Off", 10'000.0},
+        {5'000.0, "Off", "Once", 5'000.0},
+        {500.0, "Once", "Once", 10'000.0},
+        {60'000.0, "Once", "Off", 10'000.0},
+    };
+    for (const auto& [start, exposureMode, gainMode, end] : cases)
     {
-        Grab(camera, 20);
+        TestRig rig(R"({"covered": false})");
+        const auto camera = rig.Opened();
+        ASSERT_EQ(ZltErrorSuccess, Set(camera, "ExposureTime", start));
+        ASSERT_EQ(ZltErrorSuccess, Set(camera, "ExposureAuto", exposureMode));
+        ASSERT_EQ(ZltErrorSuccess, Set(camera, "GainAuto", gainMode));
+        const auto log = std::make_shared<FrameLog>(camera);
+        ASSERT_EQ(ZltErrorSuccess, Start(camera, log));
+        const auto deadline = Clock::now() + std::chrono::seconds(20);
+        while ((Get<std::string>(camera, "ExposureAuto") != "Off" || Get<std::string>(camera, "GainAuto") != "Off") &&
+               Clock::now() < deadline)
+        {
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        }
+        EXPECT_TRUE(log->WaitFor(log->Entries().size() + 2));
+        camera->StopContinuousImageAcquisition();
+        const Bytes image = log->Entries().back().image;
+        EXPECT_NEAR(1800.0 / 16.0, std::accumulate(image.begin(), image.end(), 0.0) / (64.0 * 48.0), 12.0) << start;
+        EXPECT_NEAR(end, Get<double>(camera, "ExposureTime"), end * 0.3) << start;
     }
-    const Bytes image = Grab(camera).front().image;
-    EXPECT_NEAR(1800.0 / 16.0, std::accumulate(image.begin(), image.end(), 0.0) / (64.0 * 48.0), 8.0);
 }
 
 } // namespace Simulation
