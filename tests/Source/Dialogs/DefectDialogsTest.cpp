@@ -24,6 +24,7 @@
 #include <array>
 #include <map>
 #include <memory>
+#include <tuple>
 
 namespace
 {
@@ -107,12 +108,7 @@ TEST(AddDialogTest, EachKindFixesItsFieldsAndSendsThem)
 
 TEST(AddDialogTest, Scope)
 {
-    struct
-    {
-        int kind;
-        std::array<const char*, 4> entered;
-        bool inScope;
-    } const cases[] = {
+    const std::tuple<int, std::array<const char*, 4>, bool> cases[] = {
         {3, {"0", "0", "100", "80"}, true},
         {3, {"10", "0", "100", "1"}, false},
         {3, {"0", "1", "1", "80"}, false},
@@ -126,11 +122,11 @@ TEST(AddDialogTest, Scope)
         {4, {"100", nullptr, nullptr, nullptr}, false},
         {5, {nullptr, "80", nullptr, nullptr}, false},
     };
-    for (const auto& c : cases)
+    for (const auto& [kind, entered, inScope] : cases)
     {
-        AddDialog dialog(nullptr, SensorWidth, SensorHeight, {c.kind});
-        Enter(dialog, c.entered);
-        EXPECT_EQ(SaysInScope(dialog), c.inScope) << State(dialog);
+        AddDialog dialog(nullptr, SensorWidth, SensorHeight, {kind});
+        Enter(dialog, entered);
+        EXPECT_EQ(SaysInScope(dialog), inScope) << State(dialog);
     }
 }
 
@@ -282,12 +278,13 @@ TEST_F(FileUploadDialogTest, WhatIsShownIsWhatIsStored)
         {"1,5", "15", 15}, {"", "0", 0}, {"3e", "0", 0}, {"1e30", "1e+12", 1e12}, {"-2.5", "-2.5", -2.5}};
     const QLocale before;
     QLocale::setDefault(QLocale(QLocale::German));
-    CorrectionSetData* set = Add("User", {});
+    CorrectionSetData* set = Add("User %2", {{"ExposureTime", 1234567.8}});
     FileUploadDialog dialog(set, &m_sets, nullptr);
     dialog.show();
     QApplication::setActiveWindow(&dialog);
     EXPECT_EQ(set->getMetadataSize(), 3u) << "what is shown is not in the set";
-    EXPECT_EQ(Find<QLineEdit>(dialog, "editExposure").text(), QStringLiteral("10000"));
+    EXPECT_EQ(Find<QLineEdit>(dialog, "editExposure").text(), QStringLiteral("1.23457e+06"));
+    EXPECT_EQ(Find<QLabel>(dialog, "headerLabel").text(), QStringLiteral("Upload To Camera : User %2"));
     for (const auto& c : cases)
     {
         Type(dialog, "editGain", c.typed);

@@ -364,6 +364,17 @@ TEST_F(CameraOptionPanelTest, LocksDisableTheSliderAlone)
     EXPECT_TRUE(Slider(Gain).isEnabled());
 }
 
+TEST_F(CameraOptionPanelTest, AnUnstableSensorTurnsTheFieldYellow)
+{
+    const auto& state = Find<QLineEdit>("editControlState");
+    for (const char* text : {"Unstable", "Stable", "Stable "})
+    {
+        m_panel.OnControlStateChanged(text);
+        EXPECT_EQ(state.text(), text);
+        EXPECT_EQ(state.styleSheet().contains("#ffff00"), QLatin1String(text) != QLatin1String("Stable"));
+    }
+}
+
 TEST_F(CameraOptionPanelTest, GroupsComeAndGoWithTheCamera)
 {
     for (const bool active : {false, true})

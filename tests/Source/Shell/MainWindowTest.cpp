@@ -248,6 +248,16 @@ TEST_F(MainWindowTest, SpeaksGermanAndEnglishAndClipsNothing)
     }
 }
 
+TEST_F(MainWindowTest, MaximisesRestoresAndCloses)
+{
+    Click("maximizeButton");
+    EXPECT_EQ(m_window->windowState(), Qt::WindowMaximized);
+    Click("maximizeButton");
+    EXPECT_EQ(m_window->windowState(), Qt::WindowNoState);
+    Click("exitButton");
+    EXPECT_FALSE(m_window->isVisible());
+}
+
 TEST(ScreenScale, TakesQuartersAndNeverShrinks)
 {
     for (const auto& [dotsPerInch, scale] : {std::pair{72.0, 1.0}, {100.0, 1.0}, {144.3, 1.5}, {192.0, 2.0}})

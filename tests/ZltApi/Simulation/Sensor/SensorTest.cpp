@@ -116,6 +116,27 @@ TEST(SensorTest, HotSignalFollowsExposureGainAndTemperature)
     }
 }
 
+TEST(SensorTest, LightBlackLevelAndGammaReachAllButDeadPixels)
+{
+    Sensor sensor(Config(ColorFilter::BayerGB, 8));
+    ExposureSettings settings;
+    const Counts plain = Expose(sensor, settings);
+    settings.blackLevel = 200.0;
+    const Counts lifted = Expose(sensor, settings);
+    settings.blackLevel = 0.0;
+    settings.gamma = 0.5;
+    const Counts bent = Expose(sensor, settings);
+    for (const std::size_t pixel : Pixels(sensor, FaultKind::Dead))
+    {
+        ASSERT_EQ(plain[pixel] + lifted[pixel] + bent[pixel], 0) << pixel;
+    }
+    for (std::size_t i = 0; i < plain.size(); ++i)
+    {
+        ASSERT_TRUE(plain[i] == 0 || plain[i] > 3500 || std::abs(lifted[i] - plain[i] - 200) <= 1) << i;
+        ASSERT_NEAR(bent[i], 4095.0 * std::sqrt(plain[i] / 4095.0), 0.51) << i;
+    }
+}
+
 TEST(SensorTest, CorrectionHidesTheFaultsAndNothingElse)
 {
     for (const auto& config : {Config(ColorFilter::Mono, 1), Config(ColorFilter::Mono, 2),
