@@ -234,10 +234,10 @@ private:
     void Convert(unsigned char* source, unsigned int format, QImage& image);
     void CopyMosaic(unsigned char* source, unsigned int monoFormat, QImage& img);
 
-    using SetWork = std::function<void(KTR::DPC::DpcAdapter&, const boost::shared_ptr<KTR::DPC::CorrectionSet>&)>;
+    // Runs beside the GUI thread and touches the camera alone; the user is told its messages afterwards.
+    using SetWork = std::function<void(KTR::DPC::DpcAdapter&, const boost::shared_ptr<KTR::DPC::CorrectionSet>&,
+                                       QStringList& messages)>;
     void WorkOnSet(const std::string& name, const SetWork& work);
-    void Write(KTR::DPC::DpcAdapter& adapter, const boost::shared_ptr<KTR::DPC::CorrectionSet>& set,
-               const KTR::DPC::SensorDefectList& defects);
     // Within an operation only.
     void TellFailure(const std::function<void()>& work);
 

@@ -13,6 +13,8 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QScopeGuard>
+#include <QStringList>
 #include <QThread>
 
 #include <boost/make_shared.hpp>
@@ -56,14 +58,32 @@ CorrectionSetPtr FindSet(DpcAdapter& adapter, const std::string& name)
     return found != sets.end() ? *found : nullptr;
 }
 
-std::unique_ptr<CorrectionSetData> Describe(DpcAdapter& adapter, const CorrectionSetPtr& set)
+struct SetState
 {
-    const bool writable = adapter.IsCorrectionSetWritable(set);
-    const bool available = adapter.IsCorrectionSetAvailable(set);
-    auto data = std::make_unique<CorrectionSetData>(set, writable, available, nullptr);
-    data->SetIsEmpty(!adapter.IsCorrectionSetReadable(set));
-    data->SetIfDpcOn(adapter.IsCorrectionSetEnabled(set));
-    data->SetIfRestoreDefSetAvailable(adapter.IsRestoreFactorySettingsAvailable(set));
+    CorrectionSetPtr set;
+    bool writable;
+    bool available;
+    bool readable;
+    bool enabled;
+    bool canBeRestored;
+};
+
+SetState Ask(DpcAdapter& adapter, const CorrectionSetPtr& set)
+{
+    return {set,
+            adapter.IsCorrectionSetWritable(set),
+            adapter.IsCorrectionSetAvailable(set),
+            adapter.IsCorrectionSetReadable(set),
+            adapter.IsCorrectionSetEnabled(set),
+            adapter.IsRestoreFactorySettingsAvailable(set)};
+}
+
+std::unique_ptr<CorrectionSetData> Describe(const SetState& state)
+{
+    auto data = std::make_unique<CorrectionSetData>(state.set, state.writable, state.available, nullptr);
+    data->SetIsEmpty(!state.readable);
+    data->SetIfDpcOn(state.enabled);
+    data->SetIfRestoreDefSetAvailable(state.canBeRestored);
     return data;
 }
 
@@ -125,21 +145,34 @@ void AsynchronousCameraController::WorkOnSet(const std::string& name, const SetW
     {
         return;
     }
+    QStringList messages;
+    const auto run = [&]
+    {
+        const boost::shared_ptr<DpcAdapter> adapter = MakeAdapter(camera);
+        if (!adapter)
+        {
+            messages << tr("Camera or DPC is not supported");
+            return;
+        }
+        const CorrectionSetPtr set = FindSet(*adapter, name);
+        if (!set)
+        {
+            throw Exception("The camera has no correction set \"" + name + "\".", true);
+        }
+        work(*adapter, set, messages);
+    };
     TellFailure(
         [&]
         {
-            const boost::shared_ptr<DpcAdapter> adapter = MakeAdapter(camera);
-            if (!adapter)
-            {
-                AnnounceMessage(tr("Camera or DPC is not supported"));
-                return;
-            }
-            const CorrectionSetPtr set = FindSet(*adapter, name);
-            if (!set)
-            {
-                throw Exception("The camera has no correction set \"" + name + "\".", true);
-            }
-            work(*adapter, set);
+            const auto tell = qScopeGuard(
+                [&]
+                {
+                    for (const QString& message : qAsConst(messages))
+                    {
+                        AnnounceMessage(message);
+                    }
+                });
+            RunBesideEvents(run);
         });
 }
 
@@ -167,12 +200,23 @@ void AsynchronousCameraController::GetCorrectionSets(QList<CorrectionSetData*>* 
             }
             m_sensorWidth = static_cast<int>(adapter->GetSensorWidth());
             m_sensorHeight = static_cast<int>(adapter->GetSensorHeight());
-            std::vector<CorrectionSetPtr> sets;
-            RunBesideEvents([&] { sets = adapter->GetAvailableCorrectionSetsWithMetadata(); });
-            for (const CorrectionSetPtr& set : sets)
-            {
-                list->append(Describe(*adapter, set).release());
-            }
+            std::vector<SetState> states;
+            const auto append = qScopeGuard(
+                [&]
+                {
+                    for (const SetState& state : states)
+                    {
+                        list->append(Describe(state).release());
+                    }
+                });
+            RunBesideEvents(
+                [&]
+                {
+                    for (const CorrectionSetPtr& set : adapter->GetAvailableCorrectionSetsWithMetadata())
+                    {
+                        states.push_back(Ask(*adapter, set));
+                    }
+                });
         });
 }
 
@@ -180,8 +224,8 @@ SensorDefectList AsynchronousCameraController::ReadCorrectionSet(const QString& 
 {
     QCoreApplication::processEvents();
     SensorDefectList stored;
-    WorkOnSet(name.toStdString(), [&](DpcAdapter& adapter, const CorrectionSetPtr& set)
-              { RunBesideEvents([&] { stored = adapter.ReadCorrectionSet(set); }); });
+    WorkOnSet(name.toStdString(), [&](DpcAdapter& adapter, const CorrectionSetPtr& set, QStringList&)
+              { stored = adapter.ReadCorrectionSet(set); });
     return stored;
 }
 
@@ -191,7 +235,8 @@ SensorDefectList AsynchronousCameraController::WriteCorrectionSet(const std::str
 {
     QCoreApplication::processEvents();
     SensorDefectList stored;
-    const auto upload = [&](DpcAdapter& adapter, const CorrectionSetPtr& set)
+    const QVector<DefectInfo> list = model->getDefectList();
+    const auto upload = [&](DpcAdapter& adapter, const CorrectionSetPtr& set, QStringList& messages)
     {
         for (const auto& [key, value] : metadata)
         {
@@ -199,56 +244,48 @@ SensorDefectList AsynchronousCameraController::WriteCorrectionSet(const std::str
         }
         if (set->getName() == "Factory" || set->getName() == "Preset")
         {
-            AnnounceMessage(tr("Factory set can't be overwritten!"));
+            messages << tr("Factory set can't be overwritten!");
             return;
         }
         if (!adapter.IsCorrectionSetWritable(set))
         {
-            AnnounceMessage(tr("Correction set is not writable"));
+            messages << tr("Correction set is not writable");
             return;
         }
-        const SensorDefectList defects = SetNewSensorDefects(adapter.GetAvailableDefectTypes(), model->getDefectList());
+        const SensorDefectList defects = SetNewSensorDefects(adapter.GetAvailableDefectTypes(), list);
         if (!adapter.IsSpaceSufficient(set, defects) || !adapter.IsCorrectionSetValid(set, defects))
         {
-            AnnounceMessage(tr("Not enough memory in the camera"));
+            messages << tr("Not enough memory in the camera");
             return;
         }
-        Write(adapter, set, defects);
-        RunBesideEvents([&] { stored = adapter.ReadCorrectionSet(set); });
+        // A write that fails is told and not the end: what the camera holds then is still to be read.
+        try
+        {
+            adapter.WriteCorrectionSet(set, defects);
+        }
+        catch (const Exception& failure)
+        {
+            messages << tr("Error with saving pixels\n") + Text(failure);
+        }
+        stored = adapter.ReadCorrectionSet(set);
     };
     WorkOnSet(name, upload);
     return stored;
 }
 
-// A write that fails is told and not the end: what the camera holds then is still to be read.
-void AsynchronousCameraController::Write(DpcAdapter& adapter, const CorrectionSetPtr& set,
-                                         const SensorDefectList& defects)
-{
-    try
-    {
-        RunBesideEvents([&] { adapter.WriteCorrectionSet(set, defects); });
-    }
-    catch (const Exception& failure)
-    {
-        AnnounceMessage(tr("Error with saving pixels\n") + Text(failure));
-    }
-}
-
 void AsynchronousCameraController::SetDpcOnOff(const QString& name)
 {
     QCoreApplication::processEvents();
-    WorkOnSet(name.toStdString(),
-              [](DpcAdapter& adapter, const CorrectionSetPtr& set) {
-                  RunBesideEvents([&] { adapter.SetCorrectionSetEnabled(set, !adapter.IsCorrectionSetEnabled(set)); });
-              });
+    WorkOnSet(name.toStdString(), [](DpcAdapter& adapter, const CorrectionSetPtr& set, QStringList&)
+              { adapter.SetCorrectionSetEnabled(set, !adapter.IsCorrectionSetEnabled(set)); });
 }
 
 void AsynchronousCameraController::RestoreSetToDefault(const QString& name)
 {
     if (CheckIfCamerasAreOnTheList())
     {
-        WorkOnSet(name.toStdString(), [](DpcAdapter& adapter, const CorrectionSetPtr& set)
-                  { RunBesideEvents([&] { adapter.RestoreFactorySettings(set); }); });
+        WorkOnSet(name.toStdString(), [](DpcAdapter& adapter, const CorrectionSetPtr& set, QStringList&)
+                  { adapter.RestoreFactorySettings(set); });
     }
 }
 
