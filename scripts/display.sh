@@ -4,6 +4,7 @@
 
 work=$(mktemp -d)
 export ZLT_SIMULATION_STATE=$work/state
+export QT_QPA_PLATFORM=xcb
 started=()
 finish() {
   for process in "${started[@]}"; do kill "$process" 2>/dev/null || true; done

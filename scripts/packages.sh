@@ -10,9 +10,9 @@ build=(
   libopencv-core-dev libopencv-imgproc-dev
   libcli11-dev nlohmann-json3-dev libpng-dev
 )
-test=(libgtest-dev libgmock-dev xauth xvfb)
+test=(libgtest-dev libgmock-dev xauth xvfb openbox xcompmgr xdotool x11-xserver-utils)
 check=(clang clang-format clang-tidy libclang-rt-14-dev libbenchmark-dev git)
-screenshots=(xvfb openbox xcompmgr xdotool x11-xserver-utils)
+screenshots=("${test[@]}")
 
 wanted=()
 for group in "$@"; do

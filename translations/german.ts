@@ -631,6 +631,68 @@ Kameraeinstellungen zurücksetzen</translation>
         <source>Sensor Temperature is not stable, current status is &apos;%1&apos;</source>
         <translation>Die Sensortemperatur ist nicht stabil, aktueller Status: &apos;%1&apos;</translation>
     </message>
+    <message>
+        <source>Are you sure? 
+Overwrite current pixel list</source>
+        <translation>Sind Sie sicher? 
+Die aktuelle Pixelliste überschreiben</translation>
+    </message>
+    <message>
+        <source>Correction list info</source>
+        <translation>Korrekturliste</translation>
+    </message>
+    <message>
+        <source>Select a correction set</source>
+        <translation>Bitte einen Korrektursatz auswählen</translation>
+    </message>
+    <message>
+        <source>Are you sure? 
+ Overwrite current correction set &apos;%1&apos;</source>
+        <translation>Sind Sie sicher? 
+ Den aktuellen Korrektursatz &apos;%1&apos; überschreiben</translation>
+    </message>
+    <message>
+        <source>Uploading to the camera...</source>
+        <translation>Übertragung in die Kamera...</translation>
+    </message>
+    <message>
+        <source>Checking correction set...</source>
+        <translation>Korrektursatz wird geprüft...</translation>
+    </message>
+    <message>
+        <source>Remove duplicates...</source>
+        <translation>Duplikate werden entfernt...</translation>
+    </message>
+    <message>
+        <source>Upload successful</source>
+        <translation>Übertragung erfolgreich</translation>
+    </message>
+    <message>
+        <source>Changes will only take effect after restarting the camera</source>
+        <translation>Die Änderungen wirken erst nach einem Neustart der Kamera</translation>
+    </message>
+    <message>
+        <source>Restart</source>
+        <translation>Neustart</translation>
+    </message>
+    <message>
+        <source>Changing DPC state...</source>
+        <translation>Korrektur wird umgeschaltet...</translation>
+    </message>
+    <message>
+        <source>Are you sure? 
+Reset current correction set to default </source>
+        <translation>Sind Sie sicher? 
+Den aktuellen Korrektursatz auf den Auslieferungszustand zurücksetzen </translation>
+    </message>
+    <message>
+        <source>Getting current row...</source>
+        <translation>Aktuelle Zeile wird ermittelt...</translation>
+    </message>
+    <message>
+        <source>Restoring correction set...</source>
+        <translation>Korrektursatz wird wiederhergestellt...</translation>
+    </message>
 </context>
 <context>
     <name>MessageDialog</name>

@@ -4,7 +4,6 @@
 #include "CorrectionListWidget.h"
 #include "ModalAnswers.h"
 
-#include <QComboBox>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -26,13 +25,6 @@ protected:
     }
 
     CorrectionListWidget& Sets(const char* list) const { return *Find<CorrectionListWidget>(list); }
-    // As the user does who opens the box of "userWidget" or "presetWidget" and takes its only line.
-    void Choose(const char* list) const
-    {
-        QComboBox& box = *Sets(list).GetComboBox();
-        ASSERT_EQ(box.count(), 1) << list;
-        Q_EMIT box.activated(0);
-    }
     void ClickIcon(int row, int column) const
     {
         auto* const view = window->findChild<QTreeView*>();

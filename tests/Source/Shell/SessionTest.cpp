@@ -7,7 +7,6 @@
 #include "OverviewPanel.h"
 #include "RightPanel.h"
 
-#include <QComboBox>
 #include <QLabel>
 
 #include <random>
@@ -65,6 +64,7 @@ TEST_F(SessionTest, MouseToolsEditThePixelList)
 {
     ModalAnswers answers;
     Pick(Mono);
+    Choose("userWidget");
     Click("mouseRectAddButton");
     Drag({10, 12}, {10, 12}); // a pixel
     Drag({30, 20}, {31, 28}); // part of a column

@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QGraphicsPixmapItem>
@@ -82,6 +83,13 @@ protected:
         ClickRow(row);
         ASSERT_TRUE(Waits([&] { return !Loader().isVisible() && Find<QCheckBox>("pixelListButton")->isChecked(); }));
         ASSERT_TRUE(Waits([&] { return !Image().isNull(); }));
+    }
+    // As the user does who opens the box of "userWidget" or "presetWidget" and takes its only line.
+    void Choose(const char* list) const
+    {
+        auto& box = ::Find<QComboBox>(*Find<QWidget>(list), "comboBox");
+        ASSERT_EQ(box.count(), 1) << list;
+        Q_EMIT box.activated(0);
     }
     QImage Image() const
     {
