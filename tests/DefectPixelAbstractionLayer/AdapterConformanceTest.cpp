@@ -1,8 +1,13 @@
 // All adapters under the common contract, and broken ones that it must reject.
 #include "AdapterConformance.h"
+#include "DpcAdapterEstablishedGigE.h"
 #include "DpcAdapterOstrel.h"
+#include "DpcAdapterRivoU.h"
+#include "MaskCamera.h"
 #include "OstrelCamera.h"
+#include "PixelDefect.h"
 #include "PixelRowDefect.h"
+#include "RivoUCamera.h"
 #include "RowDefect.h"
 
 #include <gmock/gmock.h>
@@ -19,6 +24,27 @@ template <typename Adapter> AdapterCase ostrelCase()
             [](const auto& camera) { return boost::make_shared<Adapter>(camera); },
             "User",
             {boost::make_shared<RowDefect>(3), boost::make_shared<PixelRowDefect>(10, 3, 11)}};
+}
+
+AdapterCase rivoUCase()
+{
+    auto rivoU = ostrelCase<DpcAdapterRivoU>();
+    rivoU.name = "Rivo U";
+    rivoU.makeCamera = [] { return makeRivoUCamera(); };
+    return rivoU;
+}
+
+AdapterCase establishedGigECase(const MemoryCamera::Names& entries)
+{
+    SensorDefectList samples; // more than one packet
+    for (std::uint32_t i = 0; i < 40; ++i)
+    {
+        samples.push_back(boost::make_shared<PixelDefect>(i, 300));
+    }
+    return {"established GigE", [entries] { return boost::make_shared<MaskCamera>(entries); },
+            [](const auto& camera)
+            { return boost::make_shared<DpcAdapterEstablishedGigE>(camera, std::vector{SensorDefectType::Pixel}); },
+            "DefectMaskingTable", samples};
 }
 
 struct LosesDefects final : DpcAdapterOstrel
@@ -64,7 +90,8 @@ struct LeavesOpen final : DpcAdapterOstrel
 
 TEST(AdapterConformance, IsKeptByAllAdapters)
 {
-    for (const auto& adapterCase : {ostrelCase<DpcAdapterOstrel>()})
+    for (const auto& adapterCase :
+         {ostrelCase<DpcAdapterOstrel>(), rivoUCase(), establishedGigECase({}), establishedGigECase({"Off", "On"})})
     {
         EXPECT_THAT(adapterViolations(adapterCase), testing::IsEmpty()) << adapterCase.name;
     }

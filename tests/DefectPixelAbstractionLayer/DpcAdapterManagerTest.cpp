@@ -1,11 +1,30 @@
 // Which camera gets which adapter.
 #include "DpcAdapterManager.h"
+#include "DpcAdapterEstablishedGigE.h"
 #include "DpcAdapterOstrel.h"
+#include "DpcAdapterRivoU.h"
+#include "MaskCamera.h"
 #include "OstrelCamera.h"
 
 #include <gmock/gmock.h>
 
+#include <typeinfo>
+
 using namespace KTR::DPC;
+
+namespace
+{
+
+constexpr auto npos = std::string::npos;
+
+// Of this very class, not of a derived one.
+template <typename Adapter> bool isA(const boost::shared_ptr<DpcAdapter>& adapter)
+{
+    const DpcAdapter* const made = adapter.get();
+    return made && typeid(*made) == typeid(Adapter);
+}
+
+} // namespace
 
 TEST(DpcAdapterManager, MatchesFamilyThenModel)
 {
@@ -42,6 +61,18 @@ TEST(DpcAdapterManager, MatchesFamilyThenModel)
         }
         EXPECT_EQ(DpcAdapterManager::IsCompatible(camera), compatible) << family << " / " << model;
         const auto adapter = DpcAdapterManager::GetCompatibleDpcAdapter(camera);
-        EXPECT_EQ(dynamic_cast<DpcAdapterOstrel*>(adapter.get()) != nullptr, ostrel) << family << " / " << model;
+        EXPECT_EQ(isA<DpcAdapterOstrel>(adapter), ostrel) << family << " / " << model;
+        EXPECT_EQ(isA<DpcAdapterRivoU>(adapter), compatible && !ostrel && std::string(model).find("Rivo U") != npos);
     }
+}
+
+TEST(DpcAdapterManager, AsksTheOlderCamerasForTheirMasks)
+{
+    const auto camera = boost::make_shared<MaskCamera>();
+    const auto adapter = DpcAdapterManager::GetCompatibleDpcAdapter(camera);
+    ASSERT_TRUE(isA<DpcAdapterEstablishedGigE>(adapter));
+    EXPECT_THAT(adapter->GetAvailableDefectTypes(), testing::ElementsAre(SensorDefectType::Pixel));
+    camera->features["DefectMaskColumnEnable"] = {};
+    EXPECT_FALSE(isA<DpcAdapterEstablishedGigE>(DpcAdapterManager::GetCompatibleDpcAdapter(camera)))
+        << "columns come first";
 }
