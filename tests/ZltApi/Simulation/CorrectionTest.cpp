@@ -2,6 +2,7 @@
 #include "TestRig.h"
 
 #include "Firmware/Ostrel/OstrelFile.h"
+#include "Firmware/RivoU/RivoUFile.h"
 
 #include <gtest/gtest.h>
 
@@ -126,6 +127,50 @@ TEST(Correction, FollowsTheMirroringInSensorCoordinates)
         EXPECT_EQ(ZltErrorSuccess, Set(camera, "CorrectionMode", "On"));
         EXPECT_EQ(0U, Visible(GrabDark(camera), hot, mirroring)) << mirroring.x << mirroring.y;
     }
+}
+
+TEST(Correction, ARivoUTakesItsSetsAtOnce)
+{
+    const std::string file = "DefectPixelCorrection";
+    const Positions hot = Hot();
+    TestRig rig(R"({"model": "Rivo U-1", "firmware": "rivo-u"})");
+    auto camera = rig.Opened();
+    EXPECT_EQ("On", Get<std::string>(camera, "CorrectionMode"));
+    const Bytes factory = GrabDark(camera);
+    EXPECT_LT(0U, Visible(factory, hot));
+    EXPECT_EQ(ZltErrorInvalidAccess, Set(camera, "CorrectionSetSelector", "User")) << "another correction is selected";
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSelector", "DefectPixelCorrection"));
+    EXPECT_EQ("FileProtected", OpenFile(camera, file, "Write")) << "the factory's";
+    EXPECT_EQ("FileProtected", Execute(camera, file, "Delete"));
+    const Bytes factoryFile = ReadFile(camera, file);
+
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSetSelector", "User"));
+    EXPECT_EQ("Off", Get<std::string>(camera, "CorrectionMode")) << "of this set";
+    EXPECT_EQ(factory, GrabDark(camera)) << "selecting is not applying";
+    EXPECT_TRUE(ReadFile(camera, file).empty());
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionMode", "On"));
+    const Bytes raw = GrabDark(camera);
+    EXPECT_EQ(hot.size(), Visible(raw, hot));
+    ASSERT_EQ("Success", WriteFile(camera, EncodeRivoUFile(hot, Size, {true, true}), file));
+    for (const Mirroring mirroring : {Mirroring{false, false}, {true, false}, {false, true}, {true, true}})
+    {
+        EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseX", mirroring.x));
+        EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseY", mirroring.y));
+        EXPECT_EQ(0U, Visible(GrabDark(camera), hot, mirroring)) << mirroring.x << mirroring.y;
+    }
+    rig.StartAgain();
+    camera = rig.Opened();
+    EXPECT_EQ(0U, Visible(GrabDark(camera), hot, {true, true})) << "another program finds it on";
+
+    // The set of a file is the one that was selected when it was opened.
+    ASSERT_EQ("Success", OpenFile(camera, file, "Write"));
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSelector", "DefectPixelCorrection"));
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSetSelector", "Factory"));
+    EXPECT_EQ("Success", Execute(camera, file, "Close"));
+    EXPECT_EQ(factoryFile, ReadFile(camera, file));
+    EXPECT_EQ(hot.size(), Visible(GrabDark(camera), hot, {true, true})) << "opened for writing, it was emptied";
+    camera = Restarted(rig, camera);
+    EXPECT_EQ(factory, GrabDark(camera));
 }
 
 TEST(Correction, PowerLastsBetweenPrograms)
