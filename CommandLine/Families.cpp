@@ -1,5 +1,6 @@
 #include "Families.h"
 
+#include "ColumnMaskTable.h"
 #include "DefectRectangleTable.h"
 #include "DpcAdapterOstrel.h"
 #include "DpcFileOstrel.h"
@@ -54,12 +55,32 @@ KTR::DPC::SensorDefectList DecodeEstablishedGigE(const std::vector<std::uint8_t>
     return KTR::DPC::decodeDefectTable(bytes, sensor.width, sensor.height);
 }
 
+std::vector<std::uint8_t> EncodeLoadDefects(const KTR::DPC::SensorDefectList& defects, const SensorDescription& sensor,
+                                            const Conditions&)
+{
+    if (!KTR::DPC::isColumnMask(defects, sensor.width, sensor.height))
+    {
+        throw KTR::System::Exception("Cannot Write CorrectionSet: NOT VALID!", true);
+    }
+    if (defects.size() > KTR::DPC::LoadDefects::MostEntries)
+    {
+        throw KTR::System::Exception("Cannot Write CorrectionSet: NOT ENOUGH SPACE!", true);
+    }
+    return KTR::DPC::encodeColumnMask(defects, sensor.height);
+}
+
+KTR::DPC::SensorDefectList DecodeLoadDefects(const std::vector<std::uint8_t>& bytes, const SensorDescription& sensor)
+{
+    return KTR::DPC::decodeColumnMask(bytes, sensor.height);
+}
+
 const std::vector<Family>& Families()
 {
     using Type = KTR::DPC::SensorDefectType;
     static const std::vector<Family> families = {
         {"ostrel", {Type::Pixel, Type::Row, Type::PixelRow}, EncodeOstrel, DecodeOstrel},
         {"rivo-u", {Type::Pixel, Type::Row, Type::PixelRow}, EncodeRivoU, DecodeRivoU},
+        {"load-defects", {Type::Pixel, Type::PixelColumn, Type::Column}, EncodeLoadDefects, DecodeLoadDefects},
         {"established-gige", {Type::Pixel}, EncodeEstablishedGigE, DecodeEstablishedGigE},
     };
     return families;

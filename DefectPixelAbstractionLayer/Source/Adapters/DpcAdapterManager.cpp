@@ -2,6 +2,7 @@
 #include "DpcAdapterManager.h"
 
 #include "DpcAdapterEstablishedGigE.h"
+#include "DpcAdapterLoadDefects.h"
 #include "DpcAdapterOstrel.h"
 #include "DpcAdapterRivoU.h"
 
@@ -132,9 +133,9 @@ DpcAdapterManager::establishedGigECreator(const boost::shared_ptr<CameraAbstract
 }
 
 boost::shared_ptr<DpcAdapter>
-DpcAdapterManager::loadDefectsAdapterCreator(const boost::shared_ptr<CameraAbstraction>& /*camera*/)
+DpcAdapterManager::loadDefectsAdapterCreator(const boost::shared_ptr<CameraAbstraction>& camera)
 {
-    return nullptr;
+    return boost::make_shared<DpcAdapterLoadDefects>(camera);
 }
 
 boost::shared_ptr<DpcAdapter>
