@@ -21,7 +21,7 @@ void use(std::uint64_t window, const std::uint8_t* data, std::size_t size, Argum
     Table table(arguments...);
     while (size >= 2)
     {
-        const std::uint64_t address = window + 8 * std::uint64_t{data[0] >> 1};
+        const std::uint64_t address = window + data[0] / 2 * std::uint64_t{8};
         const bool isWrite = (data[0] & 1) != 0;
         const std::size_t length = isWrite ? std::min<std::size_t>(data[1], size - 2) : data[1];
         data += 2;

@@ -1,13 +1,15 @@
 // All adapters under the common contract, and broken ones that it must reject.
 #include "AdapterConformance.h"
+#include "ColumnDefect.h"
 #include "DpcAdapterEstablishedGigE.h"
+#include "DpcAdapterLoadDefects.h"
 #include "DpcAdapterOstrel.h"
 #include "DpcAdapterRivoU.h"
 #include "MaskCamera.h"
 #include "OstrelCamera.h"
+#include "PixelColumnDefect.h"
 #include "PixelDefect.h"
 #include "PixelRowDefect.h"
-#include "RivoUCamera.h"
 #include "RowDefect.h"
 
 #include <gmock/gmock.h>
@@ -37,14 +39,25 @@ AdapterCase rivoUCase()
 AdapterCase establishedGigECase(const MemoryCamera::Names& entries)
 {
     SensorDefectList samples; // more than one packet
-    for (std::uint32_t i = 0; i < 40; ++i)
+    while (samples.size() < 40)
     {
-        samples.push_back(boost::make_shared<PixelDefect>(i, 300));
+        samples.push_back(boost::make_shared<PixelDefect>(static_cast<std::uint32_t>(samples.size()), 300));
     }
-    return {"established GigE", [entries] { return boost::make_shared<MaskCamera>(entries); },
+    return {"established GigE",
+            [entries] { return boost::make_shared<MaskCamera>(MaskCamera::Rectangles, "DefectMaskEnable", entries); },
             [](const auto& camera)
             { return boost::make_shared<DpcAdapterEstablishedGigE>(camera, std::vector{SensorDefectType::Pixel}); },
             "DefectMaskingTable", samples};
+}
+
+AdapterCase columnMaskCase()
+{
+    return {"column mask",
+            [] { return boost::make_shared<MaskCamera>(0x19108, "DefectMaskColumnEnable"); },
+            [](const auto& camera) { return boost::make_shared<DpcAdapterLoadDefects>(camera); },
+            "ColumnMaskingTable",
+            {boost::make_shared<ColumnDefect>(9), boost::make_shared<PixelColumnDefect>(7, 3, 2)},
+            false};
 }
 
 struct LosesDefects final : DpcAdapterOstrel
@@ -90,8 +103,8 @@ struct LeavesOpen final : DpcAdapterOstrel
 
 TEST(AdapterConformance, IsKeptByAllAdapters)
 {
-    for (const auto& adapterCase :
-         {ostrelCase<DpcAdapterOstrel>(), rivoUCase(), establishedGigECase({}), establishedGigECase({"Off", "On"})})
+    for (const auto& adapterCase : {ostrelCase<DpcAdapterOstrel>(), rivoUCase(), establishedGigECase({}),
+                                    establishedGigECase({"Off", "On"}), columnMaskCase()})
     {
         EXPECT_THAT(adapterViolations(adapterCase), testing::IsEmpty()) << adapterCase.name;
     }

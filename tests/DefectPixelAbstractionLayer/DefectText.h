@@ -3,7 +3,7 @@
 
 #include "ClusterDefect.h"
 #include "ColumnDefect.h"
-#include "DpcFileOstrel.h"
+#include "DpcAdapterOstrel.h"
 #include "PixelColumnDefect.h"
 #include "PixelDefect.h"
 #include "PixelRowDefect.h"
@@ -35,61 +35,66 @@ inline Bytes fromWords(const Words& words)
     return bytes.getData();
 }
 
-// One defect a word: "P x,y", "L x,y,width", "C x,y,height", "K pixels", "V x" or "R y" without the blank.
+// One defect a word: pixel "P x,y", row "R y", column "V x", run in a row "L x,y,width", run in a column "C
+// x,y,height", cluster "K pixels", without the blank.
 inline std::string text(const KTR::DPC::SensorDefectList& defects)
 {
     using namespace KTR::DPC;
     std::ostringstream text;
     for (const auto& defect : defects)
     {
-        if (const auto* pixel = dynamic_cast<const PixelDefect*>(defect.get()))
-            text << 'P' << pixel->getX() << ',' << pixel->getY() << ' ';
-        else if (const auto* run = dynamic_cast<const PixelRowDefect*>(defect.get()))
-            text << 'L' << run->getX() << ',' << run->getY() << ',' << run->getWidth() << ' ';
-        else if (const auto* part = dynamic_cast<const PixelColumnDefect*>(defect.get()))
-            text << 'C' << part->getX() << ',' << part->getY() << ',' << part->getHeight() << ' ';
-        else if (const auto* cluster = dynamic_cast<const ClusterDefect*>(defect.get()))
-            text << 'K' << cluster->getPixels().size() << ' ';
-        else if (const auto* column = dynamic_cast<const ColumnDefect*>(defect.get()))
-            text << 'V' << column->getX() << ' ';
-        else
-            text << 'R' << dynamic_cast<const RowDefect&>(*defect).getY() << ' ';
+        const auto* pixel = dynamic_cast<const PixelDefect*>(defect.get());
+        const auto* row = dynamic_cast<const RowDefect*>(defect.get());
+        const auto* column = dynamic_cast<const ColumnDefect*>(defect.get());
+        const auto* run = dynamic_cast<const PixelRowDefect*>(defect.get());
+        const auto* upright = dynamic_cast<const PixelColumnDefect*>(defect.get());
+        const auto* cluster = dynamic_cast<const ClusterDefect*>(defect.get());
+        pixel     ? text << 'P' << pixel->getX() << ',' << pixel->getY()
+        : row     ? text << 'R' << row->getY()
+        : column  ? text << 'V' << column->getX()
+        : run     ? text << 'L' << run->getX() << ',' << run->getY() << ',' << run->getWidth()
+        : upright ? text << 'C' << upright->getX() << ',' << upright->getY() << ',' << upright->getHeight()
+                  : text << 'K' << cluster->getPixels().size();
+        text << ' ';
     }
     return text.str();
 }
 
-inline void add(KTR::DPC::DpcFileOstrel& file, const std::string& defects)
+// The same backwards; a cluster is "K x,y,size".
+inline KTR::DPC::SensorDefectList defectsOf(const std::string& text)
 {
-    std::istringstream words(defects);
+    using namespace KTR::DPC;
+    SensorDefectList defects;
+    std::istringstream words(text);
     for (std::string word; words >> word;)
     {
         unsigned a = 0, b = 0, c = 0;
         std::sscanf(word.c_str() + 1, "%u,%u,%u", &a, &b, &c);
-        const auto cut = [](unsigned value) { return static_cast<std::uint16_t>(value); };
-        word[0] == 'P'   ? file.addSinglePixelDefect(cut(a), cut(b))
-        : word[0] == 'L' ? file.addPixelRowDefect(cut(a), cut(a + c - 1), cut(b))
-                         : file.addRowDefect(cut(a));
+        word[0] == 'P'   ? defects.push_back(boost::make_shared<PixelDefect>(a, b))
+        : word[0] == 'R' ? defects.push_back(boost::make_shared<RowDefect>(a))
+        : word[0] == 'V' ? defects.push_back(boost::make_shared<ColumnDefect>(a))
+        : word[0] == 'L' ? defects.push_back(boost::make_shared<PixelRowDefect>(a, b, c))
+        : word[0] == 'C' ? defects.push_back(boost::make_shared<PixelColumnDefect>(a, b, c))
+                         : defects.push_back(boost::make_shared<ClusterDefect>(a, b, c, c));
     }
+    return defects;
 }
 
 // Adds random defects of a sensor of 640 x 480; gives their text in the file's order.
-inline std::string addRandom(KTR::DPC::DpcFileOstrel& file, std::mt19937& random, std::size_t most)
+inline std::string addRandom(KTR::DPC::DpcFileOstrel& file, std::mt19937& random)
 {
     std::map<std::pair<std::uint_fast32_t, std::uint_fast32_t>, std::string> defects; // by y, then x
-    for (auto i = random() % most; i > 0; --i)
+    for (auto i = random() % 3000; i > 0; --i)
     {
         const auto x = i % 3 == 0 ? 0 : random() % 640, y = random() % 480, width = random() % 639 + 1;
         boost::format word(i % 3 == 0 ? "R%2% " : i % 3 == 1 ? "P%1%,%2% " : "L%1%,%2%,%3% ");
         word.exceptions(boost::io::no_error_bits);
         const auto defect = (word % x % y % width).str();
         defects[{y, x}] += defect;
-        add(file, defect);
+        KTR::DPC::DpcAdapterOstrel::addDefects(file, defectsOf(defect));
         i % 700 == 0 ? file.getRawData() : Bytes(); // building in between changes nothing
     }
     std::string expected;
-    for (const auto& [place, list] : defects)
-    {
-        expected += list;
-    }
+    std::for_each(defects.begin(), defects.end(), [&](auto& place) { expected += place.second; });
     return expected;
 }

@@ -1,6 +1,7 @@
 // Which camera gets which adapter.
 #include "DpcAdapterManager.h"
 #include "DpcAdapterEstablishedGigE.h"
+#include "DpcAdapterLoadDefects.h"
 #include "DpcAdapterOstrel.h"
 #include "DpcAdapterRivoU.h"
 #include "MaskCamera.h"
@@ -68,11 +69,10 @@ TEST(DpcAdapterManager, MatchesFamilyThenModel)
 
 TEST(DpcAdapterManager, AsksTheOlderCamerasForTheirMasks)
 {
-    const auto camera = boost::make_shared<MaskCamera>();
+    const auto camera = boost::make_shared<MaskCamera>(MaskCamera::Rectangles, "DefectMaskEnable");
     const auto adapter = DpcAdapterManager::GetCompatibleDpcAdapter(camera);
     ASSERT_TRUE(isA<DpcAdapterEstablishedGigE>(adapter));
     EXPECT_THAT(adapter->GetAvailableDefectTypes(), testing::ElementsAre(SensorDefectType::Pixel));
     camera->features["DefectMaskColumnEnable"] = {};
-    EXPECT_FALSE(isA<DpcAdapterEstablishedGigE>(DpcAdapterManager::GetCompatibleDpcAdapter(camera)))
-        << "columns come first";
+    EXPECT_TRUE(isA<DpcAdapterLoadDefects>(DpcAdapterManager::GetCompatibleDpcAdapter(camera)));
 }

@@ -56,7 +56,7 @@ TEST(DpcFileOstrel, WritesAndReadsTheBytesOfTheFormat)
     for (const auto& [capability, added, hex, expected] : cases)
     {
         DpcFileOstrel file(capability, 0x10000 + 640, 480); // the size is cut to 16 bits
-        add(file, added);
+        DpcAdapterOstrel::addDefects(file, defectsOf(added));
         EXPECT_EQ(file.getSizeInBytes(), fromHex(hex).size());
         EXPECT_EQ(file.getRawData(), fromHex(hex));
         EXPECT_EQ(read(fromHex(hex)), expected);
@@ -90,7 +90,7 @@ TEST(DpcFileOstrel, OrdersRowsAndIndexesSegments)
         expected.resize(16, position);
         expected.insert(expected.end(), body.begin(), body.end());
         DpcFileOstrel file(ReverseCapability::XY, 640, height);
-        add(file, defects);
+        DpcAdapterOstrel::addDefects(file, defectsOf(defects));
         EXPECT_EQ(file.calculateDataSet(reverse), expected) << defects;
     }
 }
@@ -159,7 +159,7 @@ TEST(DpcFileOstrel, ReadsBackRandomLists)
     for (const auto capability : {ReverseCapability::Non, ReverseCapability::X, ReverseCapability::XY})
     {
         DpcFileOstrel file(capability, 640, 480);
-        const auto expected = addRandom(file, random, 3000);
+        const auto expected = addRandom(file, random);
         EXPECT_EQ(read(file.getRawData()), expected);
     }
 }

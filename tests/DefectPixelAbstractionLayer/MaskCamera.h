@@ -1,24 +1,27 @@
-// An established GigE camera in memory, 640 x 480: the registers and the table of defect rectangles.
+// An established GigE camera in memory, 640 x 480, with the registers and the table of one kind.
 #pragma once
 
 #include "MemoryCamera.h"
 
 #include <boost/format.hpp>
-#include <boost/make_shared.hpp>
 
 #include <algorithm>
 
 class MaskCamera final : public MemoryCamera
 {
 public:
-    // An enumeration when there are entries, else a boolean.
-    explicit MaskCamera(Names entries = {})
+    using Bytes = std::vector<std::uint8_t>;
+
+    // The switch is an enumeration when there are entries, else a boolean.
+    explicit MaskCamera(std::uint64_t tableAddress, const std::string& switchFeature, Names entries = {})
+        : table(tableAddress)
     {
         features = {{"DeviceModelName", {0, "Rivo G-011", {}, {}}},
                     {"SensorWidth", {640, {}, {}, {}}},
                     {"SensorHeight", {480, {}, {}, {}}},
-                    {"DefectMaskEnable", {0, "Off", std::move(entries), {}}}};
-        setTable(Table);
+                    {switchFeature, {0, "Off", std::move(entries), {}}}};
+        WriteMemory(0x19100, {0, 0, 0x03, 0xE8}); // capacity: 1000 units of 4 bytes
+        table == Rectangles ? WriteMemory(table, End) : void();
     }
 
     Names GetAvailableFeatures() override { return listsNothing ? Names() : MemoryCamera::GetAvailableFeatures(); }
@@ -29,47 +32,44 @@ public:
     }
     std::uint32_t ReadRegisterZoltaLegacy(const std::uint64_t& address) override
     {
-        note("ReadRegister", address);
-        return address == 0x19100 ? capacity : address == 0x19104 ? countEntries() : 0;
+        Bytes bytes(4);
+        ReadMemory(address, bytes);
+        return std::uint32_t{bytes[0]} << 24 | std::uint32_t{bytes[1]} << 16 | std::uint32_t{bytes[2]} << 8 | bytes[3];
     }
-    void ReadMemory(const std::uint64_t& address, std::vector<std::uint8_t>& data) override
+    void ReadMemory(const std::uint64_t& address, Bytes& data) override
     {
-        note("ReadMemory", address, data.size());
-        std::copy_n(memory.begin() + offsetOf(address), data.size(), data.begin());
-        data.resize(data.size() - std::min(shortBy, data.size()));
+        note("Read", address, data.size());
+        std::copy_n(at(address), data.size(), data.begin());
+        data.resize(data.size() - (address == table ? shortBy : 0));
     }
-    void WriteMemory(const std::uint64_t& address, const std::vector<std::uint8_t>& data) override
+    // A write at the table makes the camera count its entries.
+    void WriteMemory(const std::uint64_t& address, const Bytes& data) override
     {
-        note("WriteMemory", address, data.size());
-        std::copy(data.begin(), data.end(), memory.begin() + offsetOf(address));
+        note("Write", address, data.size());
+        std::copy(data.begin(), data.end(), at(address));
         packets.push_back(data);
+        if (address >= table)
+        {
+            const auto end = std::search(at(table), memory.end(), End.begin(), End.end());
+            const auto count = table == Rectangles ? (end - at(table)) / 8 : std::ptrdiff_t(data.size() / 6);
+            at(0x19106)[0] = static_cast<std::uint8_t>(count >> 8);
+            at(0x19106)[1] = static_cast<std::uint8_t>(count);
+        }
     }
+    Bytes::iterator at(std::uint64_t address) { return memory.begin() + std::ptrdiff_t(address - 0x19100); }
 
-    // The table as it stands in memory.
-    void setTable(const std::vector<std::uint8_t>& table) { std::copy(table.begin(), table.end(), memory.begin()); }
-
-    std::uint32_t capacity = 1000; // in units of 4 bytes
-    std::optional<std::uint32_t> count;
+    static constexpr std::uint64_t Rectangles = 0x19300;
+    static inline const Bytes End = {0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 0};
+    std::uint64_t table; // its address
     bool listsNothing = false;
-    std::size_t shortBy = 0; // so many bytes of a read do not come
-    std::vector<std::uint8_t> memory = std::vector<std::uint8_t>(16384);
-    std::vector<std::vector<std::uint8_t>> packets;
+    std::size_t shortBy = 0; // so many bytes of the table do not come
+    std::vector<Bytes> packets;
 
 private:
-    static inline const std::vector<std::uint8_t> Table = {0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 0};
+    void note(const char* call, std::uint64_t address, std::size_t size)
+    {
+        log.note((boost::format("%1% %2$x %3%") % call % address % size).str());
+    }
 
-    void note(const char* call, std::uint64_t address, std::size_t size = 4)
-    {
-        log.note((boost::format("%1% %2$#x %3%") % call % address % size).str());
-    }
-    static std::ptrdiff_t offsetOf(std::uint64_t address) { return static_cast<std::ptrdiff_t>(address - 0x19300); }
-    std::uint32_t countEntries() const
-    {
-        std::uint32_t entries = 0;
-        while (!std::equal(Table.begin(), Table.end(), memory.begin() + 8 * std::ptrdiff_t{entries}))
-        {
-            ++entries;
-        }
-        return count.value_or(entries);
-    }
+    Bytes memory = Bytes(16384);
 };
