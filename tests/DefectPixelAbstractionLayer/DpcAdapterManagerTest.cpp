@@ -9,23 +9,7 @@
 
 #include <gmock/gmock.h>
 
-#include <typeinfo>
-
 using namespace KTR::DPC;
-
-namespace
-{
-
-constexpr auto npos = std::string::npos;
-
-// Of this very class, not of a derived one.
-template <typename Adapter> bool isA(const boost::shared_ptr<DpcAdapter>& adapter)
-{
-    const DpcAdapter* const made = adapter.get();
-    return made && typeid(*made) == typeid(Adapter);
-}
-
-} // namespace
 
 TEST(DpcAdapterManager, MatchesFamilyThenModel)
 {
@@ -62,8 +46,9 @@ TEST(DpcAdapterManager, MatchesFamilyThenModel)
         }
         EXPECT_EQ(DpcAdapterManager::IsCompatible(camera), compatible) << family << " / " << model;
         const auto adapter = DpcAdapterManager::GetCompatibleDpcAdapter(camera);
-        EXPECT_EQ(isA<DpcAdapterOstrel>(adapter), ostrel) << family << " / " << model;
-        EXPECT_EQ(isA<DpcAdapterRivoU>(adapter), compatible && !ostrel && std::string(model).find("Rivo U") != npos);
+        const bool rivoU = dynamic_cast<DpcAdapterRivoU*>(adapter.get()) != nullptr;
+        EXPECT_EQ(!rivoU && dynamic_cast<DpcAdapterOstrel*>(adapter.get()), ostrel) << family << " / " << model;
+        EXPECT_EQ(rivoU, !ostrel && std::string(model).find("Rivo U") != std::string::npos) << model;
     }
 }
 
@@ -71,8 +56,8 @@ TEST(DpcAdapterManager, AsksTheOlderCamerasForTheirMasks)
 {
     const auto camera = boost::make_shared<MaskCamera>(MaskCamera::Rectangles, "DefectMaskEnable");
     const auto adapter = DpcAdapterManager::GetCompatibleDpcAdapter(camera);
-    ASSERT_TRUE(isA<DpcAdapterEstablishedGigE>(adapter));
+    ASSERT_TRUE(dynamic_cast<DpcAdapterEstablishedGigE*>(adapter.get()));
     EXPECT_THAT(adapter->GetAvailableDefectTypes(), testing::ElementsAre(SensorDefectType::Pixel));
     camera->features["DefectMaskColumnEnable"] = {};
-    EXPECT_TRUE(isA<DpcAdapterLoadDefects>(DpcAdapterManager::GetCompatibleDpcAdapter(camera)));
+    EXPECT_TRUE(dynamic_cast<DpcAdapterLoadDefects*>(DpcAdapterManager::GetCompatibleDpcAdapter(camera).get()));
 }
