@@ -36,28 +36,18 @@ AdapterCase rivoUCase()
     return rivoU;
 }
 
-AdapterCase establishedGigECase(const MemoryCamera::Names& entries)
+template <typename Adapter, typename... Types>
+AdapterCase maskCase(std::uint64_t table, const char* feature, const MemoryCamera::Names& entries,
+                     const SensorDefectList& samples, bool erases, Types... types)
 {
-    SensorDefectList samples; // more than one packet
-    while (samples.size() < 40)
-    {
-        samples.push_back(boost::make_shared<PixelDefect>(static_cast<std::uint32_t>(samples.size()), 300));
-    }
-    return {"established GigE",
-            [entries] { return boost::make_shared<MaskCamera>(MaskCamera::Rectangles, "DefectMaskEnable", entries); },
-            [](const auto& camera)
-            { return boost::make_shared<DpcAdapterEstablishedGigE>(camera, std::vector{SensorDefectType::Pixel}); },
-            "DefectMaskingTable", samples};
-}
-
-AdapterCase columnMaskCase()
-{
-    return {"column mask",
-            [] { return boost::make_shared<MaskCamera>(0x19108, "DefectMaskColumnEnable"); },
-            [](const auto& camera) { return boost::make_shared<DpcAdapterLoadDefects>(camera); },
-            "ColumnMaskingTable",
-            {boost::make_shared<ColumnDefect>(9), boost::make_shared<PixelColumnDefect>(7, 3, 2)},
-            false};
+    return {feature,
+            [=] { return boost::make_shared<MaskCamera>(table, feature, entries); },
+            [=](const auto& camera) { return boost::make_shared<Adapter>(camera, types...); },
+            boost::make_shared<Adapter>(boost::make_shared<MaskCamera>(table, feature, entries), types...)
+                ->GetDefaultCorrectionSet()
+                ->getName(),
+            samples,
+            erases};
 }
 
 struct LosesDefects final : DpcAdapterOstrel
@@ -103,8 +93,19 @@ struct LeavesOpen final : DpcAdapterOstrel
 
 TEST(AdapterConformance, IsKeptByAllAdapters)
 {
-    for (const auto& adapterCase : {ostrelCase<DpcAdapterOstrel>(), rivoUCase(), establishedGigECase({}),
-                                    establishedGigECase({"Off", "On"}), columnMaskCase()})
+    const SensorDefectList columns = {boost::make_shared<ColumnDefect>(9),
+                                      boost::make_shared<PixelColumnDefect>(7, 3, 2)};
+    SensorDefectList pixels; // more than one packet
+    while (pixels.size() < 40)
+    {
+        pixels.push_back(boost::make_shared<PixelDefect>(static_cast<std::uint32_t>(pixels.size()), 300));
+    }
+    const std::vector<SensorDefectType> types = {SensorDefectType::Pixel};
+    const auto rectangleCase = [&](const MemoryCamera::Names& entries)
+    { return maskCase<DpcAdapterEstablishedGigE>(0x19300, "DefectMaskEnable", entries, pixels, true, types); };
+    for (const auto& adapterCase :
+         {ostrelCase<DpcAdapterOstrel>(), rivoUCase(), rectangleCase({}), rectangleCase({"Off", "On"}),
+          maskCase<DpcAdapterLoadDefects>(0x19108, "DefectMaskColumnEnable", {}, columns, false)})
     {
         EXPECT_THAT(adapterViolations(adapterCase), testing::IsEmpty()) << adapterCase.name;
     }

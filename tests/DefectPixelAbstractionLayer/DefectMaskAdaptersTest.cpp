@@ -8,6 +8,8 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
+
 using namespace KTR::DPC;
 using testing::ElementsAre;
 
@@ -65,8 +67,6 @@ TEST_F(DefectMaskAdapters, MoveTheirTablesInPieces)
             const bool isLast = &packet == &camera->packets.back();
             EXPECT_EQ(Bytes(packet.end() - 8, packet.end()), isLast ? MaskCamera::End : Bytes(8, 0xFF));
         }
-        const auto image = encodeDefectTable(list, 640, 480);
-        EXPECT_TRUE(std::equal(image.begin(), image.end(), camera->at(0x19300))) << count;
         EXPECT_EQ(text(rectangles.ReadCorrectionSet(set)), text(list));
         EXPECT_EQ(camera->log.calls, reads);
     }
@@ -82,85 +82,87 @@ TEST_F(DefectMaskAdapters, MoveTheirTablesInPieces)
 
 TEST_F(DefectMaskAdapters, MeasureAsTheCameraDoes)
 {
-    for (const auto& [list, units] : {std::pair("", 0), {"P1,1 P1,1", 2}, {"R1 V1", 3}, {"K1,1,2 K1,1,2 R1 V1", 7}})
+    for (const auto& [list, units] : {std::pair("P1,1 P1,1", 2), {"R1 V1", 3}, {"K1,1,2 K1,1,2 R1 V1", 7}})
     {
-        for (const int capacity : {units, std::max(units - 1, 0)})
+        for (const auto capacity : {units, units - 1})
         {
             camera->WriteMemory(0x19100, {0, 0, 0, static_cast<std::uint8_t>(capacity)});
-            EXPECT_EQ(DpcAdapterEstablishedGigE(camera, AllTypes).IsSpaceSufficient(set, defectsOf(list)),
-                      capacity >= units);
+            DpcAdapterEstablishedGigE adapter(camera, AllTypes);
+            EXPECT_EQ(adapter.IsSpaceSufficient(set, defectsOf(list)), capacity == units) << list;
         }
     }
-    EXPECT_TRUE(columns.IsSpaceSufficient(set, pixels(64)));
-    EXPECT_FALSE(columns.IsSpaceSufficient(set, pixels(65)));
 }
 
 TEST_F(DefectMaskAdapters, SwitchByTheFeatureOfTheCamera)
 {
-    const std::string feature = "feature\"DefectMaskEnable\".";
+    const std::string values = "Invalid enum values for feature\"DefectMaskEnable\".";
+    const std::string count = "Invalid enum value count for feature\"DefectMaskEnable\".";
     const std::pair<MemoryCamera::Names, std::string> cases[] = {
-        {{"Off", "On"}, ""},
-        {{"Disabled", "Enabled"}, ""},
-        {{"On", "Off"}, "Invalid enum values for " + feature},
-        {{"Off", "Enabled"}, "Invalid enum values for " + feature},
-        {{"Off"}, "Invalid enum value count for " + feature},
-    };
+        {{"Off", "On"}, ""}, {{"Disabled", "Enabled"}, ""}, {{"On", "Off"}, values}, {{"Off", "Enabled"}, values},
+        {{"Off"}, count},    {{"Off", "On", "Auto"}, count}};
     for (const auto& [entries, refusal] : cases)
     {
         const auto other = boost::make_shared<MaskCamera>(MaskCamera::Rectangles, "DefectMaskEnable", entries);
         const auto use = [&]
         {
-            DpcAdapterEstablishedGigE adapter(other, {SensorDefectType::Pixel});
-            adapter.SetCorrectionSetEnabled(set, true);
+            DpcAdapterEstablishedGigE(other, AllTypes).SetCorrectionSetEnabled(set, true);
             EXPECT_EQ(other->features["DefectMaskEnable"].text, other->features["DefectMaskEnable"].entries[1]);
-            EXPECT_TRUE(adapter.IsCorrectionSetEnabled(set));
         };
         EXPECT_EQ(FailureOf(use), refusal);
     }
     DpcAdapterLoadDefects(camera).SetCorrectionSetEnabled(set, true);
     EXPECT_TRUE(rectangles.IsCorrectionSetEnabled(set)) << "the same switch, when there is no other";
-    camera->listsNothing = true;
-    EXPECT_EQ(FailureOf([&] { DpcAdapterEstablishedGigE(camera, AllTypes); }),
-              "Camera is not supported. Feature\"DefectMaskEnable\" is missing.");
-    EXPECT_EQ(FailureOf([&] { DpcAdapterLoadDefects{camera}; }),
-              "Camera is not supported. Feature\"DefectMaskColumnEnable\" or \"DefectMaskEnable\" is missing.");
-    EXPECT_EQ(FailureOf([&] { DpcAdapterEstablishedGigE(masking, AllTypes); }),
-              "The camera has no feature DefectMaskEnable.");
 }
 
 TEST_F(DefectMaskAdapters, SayWhatFailed)
 {
-    DpcAdapterEstablishedGigE anyKind(camera, AllTypes);
-    const std::string runs = "Unsupported Defect Type (PixelRow or PixelColumn)!";
-    const std::tuple<DpcAdapter&, SensorDefectList, std::string> lists[] = {
-        {rectangles, defectsOf("C1,1,2"), "Given CorrectionSet is invalid!"},
-        {rectangles, pixels(1001), "Space is not sufficient!"},
-        {rectangles, defectsOf("P4294967295,1"), "A defect has coordinates that the camera's table cannot hold."},
-        {anyKind, defectsOf("P1,1 C1,1,2"), runs},
-        {anyKind, defectsOf("L1,1,2"), runs},
-        {columns, defectsOf("V3 V4"), "Cannot Write CorrectionSet: NOT VALID!"},
-        {columns, SensorDefectList(65, pixels(1)[0]), "Cannot Write CorrectionSet: NOT ENOUGH SPACE!"},
+    struct ListsNothing : MemoryCamera
+    {
+        Names GetAvailableFeatures() override { return {}; }
     };
-    for (const auto& [adapter, list, words] : lists)
-    {
-        EXPECT_EQ(FailureOf([&, &a = adapter, &l = list] { a.WriteCorrectionSet(set, l); }), words);
-    }
-    for (DpcAdapter* adapter : std::initializer_list<DpcAdapter*>{&rectangles, &columns})
-    {
-        EXPECT_EQ(FailureOf([&] { adapter->RestoreFactorySettings(set); }), "RestoreFactorySettings is not supported!");
-    }
-    EXPECT_EQ(FailureOf([&] { columns.EraseCorrectionSet(set); }), "Erase is not supported!");
+    const auto bare = boost::make_shared<ListsNothing>();
+    bare->features = camera->features;
+    DpcAdapterEstablishedGigE anyKind(camera, AllTypes);
     rectangles.WriteCorrectionSet(set, pixels(1));
     columns.WriteCorrectionSet(set, pixels(1));
-    const auto readRectangles = [&] { rectangles.ReadCorrectionSet(set); };
-    const auto readColumns = [&] { columns.ReadCorrectionSet(set); };
-    camera->shortBy = masking->shortBy = 8;
-    EXPECT_EQ(FailureOf(readRectangles), "The camera gave 0 instead of 8 bytes of its defect table at 0x19300.");
-    EXPECT_EQ(FailureOf(readColumns), "The camera gave 0 instead of 8 bytes of its defect table.");
-    camera->WriteMemory(0x19104, {0, 4, 0xB0, 1});
-    masking->WriteMemory(0x19104, {0, 0, 0, 65});
-    EXPECT_EQ(FailureOf(readRectangles), "The camera claims 307201 defects, but its sensor has 640 x 480 pixels.");
-    EXPECT_EQ(FailureOf(readColumns), "The camera claims 65 defects, but its table holds only 64.");
+    const auto write = [&](DpcAdapter& adapter, const SensorDefectList& list)
+    { return [&, list] { adapter.WriteCorrectionSet(set, list); }; };
+    const auto read = [&](DpcAdapter& adapter, std::size_t shortBy, std::uint8_t count)
+    {
+        return [&, shortBy, count]
+        {
+            camera->shortBy = masking->shortBy = shortBy;
+            *camera->at(0x19105) = *masking->at(0x19107) = count;
+            adapter.ReadCorrectionSet(set);
+        };
+    };
+    const std::string runs = "Unsupported Defect Type (PixelRow or PixelColumn)!";
+    const std::string missing = "Camera is not supported. Feature\"DefectMask";
+    const std::string noRestoring = "RestoreFactorySettings is not supported!";
+    const std::pair<std::function<void()>, std::string> cases[] = {
+        {[&] { DpcAdapterEstablishedGigE(bare, AllTypes); }, missing + "Enable\" is missing."},
+        {[&] { DpcAdapterLoadDefects{bare}; }, missing + "ColumnEnable\" or \"DefectMaskEnable\" is missing."},
+        {[&] { DpcAdapterEstablishedGigE(masking, AllTypes); }, "The camera has no feature DefectMaskEnable."},
+        {write(rectangles, defectsOf("C1,1,2")), "Given CorrectionSet is invalid!"},
+        {write(rectangles, pixels(1001)), "Space is not sufficient!"},
+        {write(rectangles, defectsOf("P4294967295,1")),
+         "A defect has coordinates that the camera's table cannot hold."},
+        {write(anyKind, defectsOf("P1,1 C1,1,2")), runs},
+        {write(anyKind, defectsOf("L1,1,2")), runs},
+        {write(columns, defectsOf("V3 V4")), "Cannot Write CorrectionSet: NOT VALID!"},
+        {write(columns, SensorDefectList(65, pixels(1)[0])), "Cannot Write CorrectionSet: NOT ENOUGH SPACE!"},
+        {[&] { rectangles.RestoreFactorySettings(set); }, noRestoring},
+        {[&] { columns.RestoreFactorySettings(set); }, noRestoring},
+        {[&] { columns.EraseCorrectionSet(set); }, "Erase is not supported!"},
+        {read(rectangles, 8, 0), "The camera gave 0 instead of 8 bytes of its defect table at 0x19300."},
+        {read(columns, 8, 1), "The camera gave 0 instead of 8 bytes of its defect table."},
+        {read(rectangles, 0, 5), "The camera claims 327681 defects, but its sensor has 640 x 480 pixels."},
+        {read(columns, 0, 65), "The camera claims 65 defects, but its table holds only 64."},
+    };
+    for (const auto& [call, words] : cases)
+    {
+        EXPECT_EQ(FailureOf(call), words);
+    }
 }
 
 } // namespace

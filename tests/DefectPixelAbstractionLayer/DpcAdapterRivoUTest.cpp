@@ -86,7 +86,7 @@ TEST_F(DpcAdapterRivoUTest, SaysWhatFailed)
     EXPECT_FALSE(adapter.IsCorrectionSetAvailable(user)) << "one answer decides all three";
 }
 
-TEST_F(DpcAdapterRivoUTest, SelectsTheSetBeforeItTouchesTheFile)
+TEST_F(DpcAdapterRivoUTest, SelectsTheSetBeforeItTouchesTheFileAndKnowsItsSize)
 {
     const std::string name = " DefectPixelCorrection";
     const auto calls = [&] { return std::exchange(camera->log, CallLog()).calls; };
@@ -99,20 +99,16 @@ TEST_F(DpcAdapterRivoUTest, SelectsTheSetBeforeItTouchesTheFile)
     EXPECT_FALSE(adapter.IsCorrectionSetEnabled(user));
     EXPECT_THAT(calls(), ElementsAre(selector, select, "Get CorrectionMode"));
     EXPECT_TRUE(adapter.IsCorrectionSetWritable(boost::make_shared<CorrectionSet>("Factory")));
-}
-
-TEST_F(DpcAdapterRivoUTest, KnowsTheCameraAsItWasAndTheSizeToTheByte)
-{
-    camera->features["ReverseX"] = camera->features["ReverseY"] = {};
-    EXPECT_EQ(adapter.ConvertDefectsListToBinary({}).size(), 46U) << "it could not mirror then";
-    EXPECT_EQ(DpcAdapterRivoU(camera).ConvertDefectsListToBinary({}).size(), 84U);
-    for (const std::uint64_t sizeMax : {45, 46})
+    for (const std::uint64_t sizeMax : {45, 46}) // an empty list takes 46 bytes
     {
         DpcAdapterRivoU small(makeRivoUCamera(sizeMax));
         EXPECT_EQ(small.IsSpaceSufficient(user, {}), sizeMax == 46);
         EXPECT_EQ(FailureOf([&] { small.WriteCorrectionSet(user, {}); }),
                   sizeMax == 46 ? "" : "Space is not sufficient: Max filesize: 45; Size of Defects: 46");
     }
+    camera->features["ReverseX"] = camera->features["ReverseY"] = {};
+    EXPECT_EQ(adapter.ConvertDefectsListToBinary({}).size(), 46U) << "it could not mirror then";
+    EXPECT_EQ(DpcAdapterRivoU(camera).ConvertDefectsListToBinary({}).size(), 84U);
 }
 
 } // namespace

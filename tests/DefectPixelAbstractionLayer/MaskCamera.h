@@ -13,18 +13,15 @@ public:
     using Bytes = std::vector<std::uint8_t>;
 
     // The switch is an enumeration when there are entries, else a boolean.
-    explicit MaskCamera(std::uint64_t tableAddress, const std::string& switchFeature, Names entries = {})
-        : table(tableAddress)
+    explicit MaskCamera(std::uint64_t tableAddress, const std::string& name, Names entries = {}) : table(tableAddress)
     {
-        features = {{"DeviceModelName", {0, "Rivo G-011", {}, {}}},
-                    {"SensorWidth", {640, {}, {}, {}}},
-                    {"SensorHeight", {480, {}, {}, {}}},
-                    {switchFeature, {0, "Off", std::move(entries), {}}}};
+        features = {{"SensorWidth", {640, {}, {}, {}}}, {"SensorHeight", {480, {}, {}, {}}}};
+        features["DeviceModelName"].text = "Rivo G-011";
+        features[name] = {0, "Off", std::move(entries), {}};
         WriteMemory(0x19100, {0, 0, 0x03, 0xE8}); // capacity: 1000 units of 4 bytes
         table == Rectangles ? WriteMemory(table, End) : void();
     }
 
-    Names GetAvailableFeatures() override { return listsNothing ? Names() : MemoryCamera::GetAvailableFeatures(); }
     FeatureType GetFeatureType(const std::string& name) override
     {
         GetFeatureEnumValue(name);
@@ -38,38 +35,30 @@ public:
     }
     void ReadMemory(const std::uint64_t& address, Bytes& data) override
     {
-        note("Read", address, data.size());
+        log.note((boost::format("Read %1$x %2%") % address % data.size()).str());
         std::copy_n(at(address), data.size(), data.begin());
         data.resize(data.size() - (address == table ? shortBy : 0));
     }
     // A write at the table makes the camera count its entries.
     void WriteMemory(const std::uint64_t& address, const Bytes& data) override
     {
-        note("Write", address, data.size());
+        log.note((boost::format("Write %1$x %2%") % address % data.size()).str());
         std::copy(data.begin(), data.end(), at(address));
         packets.push_back(data);
         if (address >= table)
         {
             const auto end = std::search(at(table), memory.end(), End.begin(), End.end());
             const auto count = table == Rectangles ? (end - at(table)) / 8 : std::ptrdiff_t(data.size() / 6);
-            at(0x19106)[0] = static_cast<std::uint8_t>(count >> 8);
-            at(0x19106)[1] = static_cast<std::uint8_t>(count);
+            *at(0x19106) = static_cast<std::uint8_t>(count >> 8);
+            *at(0x19107) = static_cast<std::uint8_t>(count);
         }
     }
     Bytes::iterator at(std::uint64_t address) { return memory.begin() + std::ptrdiff_t(address - 0x19100); }
 
     static constexpr std::uint64_t Rectangles = 0x19300;
     static inline const Bytes End = {0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 0};
-    std::uint64_t table; // its address
-    bool listsNothing = false;
+    std::uint64_t table;     // its address
     std::size_t shortBy = 0; // so many bytes of the table do not come
     std::vector<Bytes> packets;
-
-private:
-    void note(const char* call, std::uint64_t address, std::size_t size)
-    {
-        log.note((boost::format("%1% %2$x %3%") % call % address % size).str());
-    }
-
     Bytes memory = Bytes(16384);
 };

@@ -81,23 +81,18 @@ TEST(RivoUFile, DataSets)
         Words index, set;
         Positions pixels;
     } cases[] = {
-        {"empty set", {0}, {End}, {}},
         {"rows, pixels and runs", {0, 0, 0, 1}, {Y, 5, Y | 7, 5, R | 7, R | 9, End}, {{0, 5}, {7, 5}, {7, 7}, {7, 8}, {7, 9}}},
         {"the same pixel twice", {0}, {Y | 1, 9, 9, R | 9, R | 10, End}, {{1, 9}, {1, 10}}},
         {"positions outside the sensor", {0}, {Y | 1, 39, 40, 900, Y | 40, 1, End}, {{1, 39}}},
         {"an entry one pair late", {0, 0, 0, 2}, {Y, 5, Y | 7, 5, End}, {}},
         {"an index of zeros", {0}, {Y, 5, Y | 7, 5, End}, {}},
         {"a band without rows that does not repeat", {0, 0, 0, 1, 0}, {Y, 5, Y | 7, 5, End}, {}},
-        {"words behind the end mark", {0}, {Y, 1, End, End}, {}},
         {"no end mark", {0}, {Y, 1}, {}},
-        {"an end mark with a coordinate", {0}, {Y, 1, End | 1}, {}},
         {"a pixel without a row", {0}, {1, Y, 1, End}, {}},
         {"a row without pixels", {0}, {Y, Y | 1, 1, End}, {}},
         {"half a run", {0}, {Y, R | 1, 2, End}, {}},
-        {"half a run at the end", {0}, {Y, 1, R | 1}, {}},
         {"a run that ends before it starts", {0}, {Y, R | 9, R | 7, End}, {}},
         {"rows that descend", {0}, {Y | 1, 1, Y, 1, End}, {}},
-        {"a row twice", {0}, {Y | 1, 1, Y | 1, 2, End}, {}},
         {"pixels that descend", {0}, {Y | 1, 2, 1, End}, {}},
     };
     // clang-format on

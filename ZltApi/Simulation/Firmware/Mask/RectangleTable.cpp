@@ -77,6 +77,10 @@ ZltErrorType RectangleTable::Write(std::uint64_t address, const std::vector<unsi
         return ZltErrorBadParameter;
     }
     const auto offset = static_cast<std::size_t>(address - Window);
+    if (offset > m_written.size())
+    {
+        return ZltErrorBadParameter; // nothing has come for the place ahead of it
+    }
     m_written.resize(std::max(m_written.size(), offset + data.size()));
     std::copy(data.begin(), data.end(), m_written.begin() + static_cast<std::ptrdiff_t>(offset));
     auto table = WholeTable(m_written);
