@@ -15,7 +15,7 @@ namespace
 constexpr std::uint32_t FirstWord = 2;
 constexpr std::uint32_t SecondWord = 4;
 constexpr std::size_t HeadWords = 6;
-constexpr std::uint32_t IndexWords = 16;      // one for each sixteenth of the sensor
+constexpr std::uint32_t IndexWords = 16;    // one for each sixteenth of the sensor
 constexpr std::uint32_t IndexSize = 32;     // bytes
 constexpr std::uint32_t CountBits = 0x7FFF; // of a data set's number of words
 constexpr std::uint16_t Kind = 0xC000;
