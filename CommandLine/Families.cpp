@@ -1,7 +1,10 @@
 #include "Families.h"
 
+#include "ColumnMaskTable.h"
+#include "DefectRectangleTable.h"
 #include "DpcAdapterOstrel.h"
 #include "DpcFileOstrel.h"
+#include "DpcFileRivoU.h"
 #include "Exception.h"
 
 #include <CLI/CLI.hpp>
@@ -27,11 +30,58 @@ KTR::DPC::SensorDefectList DecodeOstrel(const std::vector<std::uint8_t>& bytes, 
     return KTR::DPC::DpcFileOstrel::getSensorDefectsListFromRawData(bytes, static_cast<std::uint16_t>(sensor.width));
 }
 
+std::vector<std::uint8_t> EncodeRivoU(const KTR::DPC::SensorDefectList& defects, const SensorDescription& sensor,
+                                      const Conditions&)
+{
+    KTR::DPC::DpcFileRivoU file(sensor.reverse, sensor.width, sensor.height);
+    KTR::DPC::DpcAdapterOstrel::addDefects(file, defects);
+    return file.getRawData();
+}
+
+KTR::DPC::SensorDefectList DecodeRivoU(const std::vector<std::uint8_t>& bytes, const SensorDescription& sensor)
+{
+    return KTR::DPC::DpcFileRivoU::getSensorDefectsListFromRawData(bytes, static_cast<std::uint16_t>(sensor.width));
+}
+
+std::vector<std::uint8_t> EncodeEstablishedGigE(const KTR::DPC::SensorDefectList& defects,
+                                                const SensorDescription& sensor, const Conditions&)
+{
+    return KTR::DPC::encodeDefectTable(defects, sensor.width, sensor.height);
+}
+
+KTR::DPC::SensorDefectList DecodeEstablishedGigE(const std::vector<std::uint8_t>& bytes,
+                                                 const SensorDescription& sensor)
+{
+    return KTR::DPC::decodeDefectTable(bytes, sensor.width, sensor.height);
+}
+
+std::vector<std::uint8_t> EncodeLoadDefects(const KTR::DPC::SensorDefectList& defects, const SensorDescription& sensor,
+                                            const Conditions&)
+{
+    if (!KTR::DPC::isColumnMask(defects, sensor.width, sensor.height))
+    {
+        throw KTR::System::Exception("Cannot Write CorrectionSet: NOT VALID!", true);
+    }
+    if (defects.size() > KTR::DPC::LoadDefects::MostEntries)
+    {
+        throw KTR::System::Exception("Cannot Write CorrectionSet: NOT ENOUGH SPACE!", true);
+    }
+    return KTR::DPC::encodeColumnMask(defects, sensor.height);
+}
+
+KTR::DPC::SensorDefectList DecodeLoadDefects(const std::vector<std::uint8_t>& bytes, const SensorDescription& sensor)
+{
+    return KTR::DPC::decodeColumnMask(bytes, sensor.height);
+}
+
 const std::vector<Family>& Families()
 {
     using Type = KTR::DPC::SensorDefectType;
     static const std::vector<Family> families = {
         {"ostrel", {Type::Pixel, Type::Row, Type::PixelRow}, EncodeOstrel, DecodeOstrel},
+        {"rivo-u", {Type::Pixel, Type::Row, Type::PixelRow}, EncodeRivoU, DecodeRivoU},
+        {"load-defects", {Type::Pixel, Type::PixelColumn, Type::Column}, EncodeLoadDefects, DecodeLoadDefects},
+        {"established-gige", {Type::Pixel}, EncodeEstablishedGigE, DecodeEstablishedGigE},
     };
     return families;
 }

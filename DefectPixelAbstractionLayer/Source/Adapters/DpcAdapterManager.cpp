@@ -1,7 +1,10 @@
 // Finds the adapter for a camera by the camera's own name strings.
 #include "DpcAdapterManager.h"
 
+#include "DpcAdapterEstablishedGigE.h"
+#include "DpcAdapterLoadDefects.h"
 #include "DpcAdapterOstrel.h"
+#include "DpcAdapterRivoU.h"
 
 #include <boost/make_shared.hpp>
 
@@ -101,9 +104,9 @@ boost::shared_ptr<DpcAdapter> DpcAdapterManager::ostrelCreator(const boost::shar
     return boost::make_shared<DpcAdapterOstrel>(camera);
 }
 
-boost::shared_ptr<DpcAdapter> DpcAdapterManager::rivoUCreator(const boost::shared_ptr<CameraAbstraction>& /*camera*/)
+boost::shared_ptr<DpcAdapter> DpcAdapterManager::rivoUCreator(const boost::shared_ptr<CameraAbstraction>& camera)
 {
-    return nullptr;
+    return boost::make_shared<DpcAdapterRivoU>(camera);
 }
 
 boost::shared_ptr<DpcAdapter>
@@ -116,17 +119,23 @@ boost::shared_ptr<DpcAdapter>
 DpcAdapterManager::establishedGigECreator(const boost::shared_ptr<CameraAbstraction>& camera)
 {
     const auto features = camera->GetAvailableFeatures();
-    if (std::find(features.begin(), features.end(), "DefectMaskColumnEnable") != features.end())
+    const auto has = [&](const char* name)
+    { return std::find(features.begin(), features.end(), name) != features.end(); };
+    if (has("DefectMaskColumnEnable"))
     {
         return loadDefectsAdapterCreator(camera);
+    }
+    if (has("DefectMaskEnable"))
+    {
+        return boost::make_shared<DpcAdapterEstablishedGigE>(camera, std::vector{SensorDefectType::Pixel});
     }
     return nullptr;
 }
 
 boost::shared_ptr<DpcAdapter>
-DpcAdapterManager::loadDefectsAdapterCreator(const boost::shared_ptr<CameraAbstraction>& /*camera*/)
+DpcAdapterManager::loadDefectsAdapterCreator(const boost::shared_ptr<CameraAbstraction>& camera)
 {
-    return nullptr;
+    return boost::make_shared<DpcAdapterLoadDefects>(camera);
 }
 
 boost::shared_ptr<DpcAdapter>

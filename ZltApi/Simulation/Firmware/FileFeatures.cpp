@@ -118,6 +118,15 @@ FileBytes FileFeatures::Stored(const CameraFile& file) const
     return m_services.state.File(file.storage(), file.maximumSize).value_or(FileBytes());
 }
 
+void FileFeatures::Store(const std::string& storage, const FileBytes& content)
+{
+    m_services.state.SetFile(storage, content);
+    if (const auto& onChanged = Selected().onChanged)
+    {
+        onChanged();
+    }
+}
+
 const CameraFile& FileFeatures::Selected() const
 {
     const std::string name = m_fileSelector->Current();
@@ -179,7 +188,7 @@ std::string FileFeatures::Open()
     {
         return FileIsOpen;
     }
-    if (!reading && !file.writable)
+    if (!reading && (!file.writable || (file.isLocked && file.isLocked())))
     {
         return FileProtected;
     }
@@ -188,7 +197,9 @@ std::string FileFeatures::Open()
     {
         return Failure;
     }
-    session = {reading ? Mode::Reading : Mode::Writing, std::move(content), false, 0};
+    const bool isEmptied = !reading && file.emptiedByOpening;
+    session = {reading ? Mode::Reading : Mode::Writing, isEmptied ? FileBytes() : std::move(content), isEmptied, 0,
+               file.storage()};
     return Success;
 }
 
@@ -202,7 +213,7 @@ std::string FileFeatures::Close()
     const Session closed = std::exchange(session, Session());
     if (closed.written)
     {
-        m_services.state.SetFile(Selected().storage(), closed.content);
+        Store(closed.storage, closed.content);
     }
     return Success;
 }
@@ -257,11 +268,16 @@ std::string FileFeatures::Write(std::uint32_t shortBy)
 
 std::string FileFeatures::Delete()
 {
+    const CameraFile& file = Selected();
     if (State().mode != Mode::Closed)
     {
         return FileIsOpen;
     }
-    m_services.state.SetFile(Selected().storage(), FileBytes());
+    if (file.isLocked && file.isLocked())
+    {
+        return FileProtected;
+    }
+    Store(file.storage(), FileBytes());
     return Success;
 }
 

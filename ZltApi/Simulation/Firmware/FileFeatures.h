@@ -21,8 +21,11 @@ struct CameraFile
     std::uint64_t maximumSize; // bytes
     bool writable = true;      // a file that is not can be neither written nor deleted
     bool readFailsWhenEmpty = false;
+    bool emptiedByOpening = false; // for writing, whether or not anything is written then
     // Name in the camera's state; worked out at each use, so that one file can show different contents.
     std::function<std::string()> storage;
+    std::function<bool()> isLocked;  // it can be neither written nor deleted now; empty: never
+    std::function<void()> onChanged; // its permanent content is another one now; empty: nobody needs to know
 };
 
 // Each file has a state of its own: closed, open for reading, open for writing. Opening gives the operations a copy of
@@ -54,6 +57,7 @@ private:
         FileBytes content;
         bool written = false;
         std::int64_t offset = 0;
+        std::string storage; // of the moment it was opened
     };
 
     void AddSelectors(FeatureMap& features);
@@ -64,6 +68,7 @@ private:
     Session& State() { return m_sessions[m_fileSelector->Current()]; }
     std::int64_t Size() const;
     bool IsExecutable() const;
+    void Store(const std::string& storage, const FileBytes& content);
     ZltErrorType Execute();
     // The operations return what "FileOperationStatus" tells afterwards.
     std::string Run(const std::string& operation, std::uint32_t shortBy);

@@ -27,6 +27,13 @@ struct FirmwareServices
     std::function<void()> correctionChanged;
 };
 
+// In pixels.
+struct SensorSize
+{
+    std::uint32_t width;
+    std::uint32_t height;
+};
+
 // Mirroring of the image against the sensor.
 struct Mirroring
 {

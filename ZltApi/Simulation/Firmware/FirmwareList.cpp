@@ -1,8 +1,10 @@
 // The firmwares by name: a new family adds one line.
 #include "Firmware/FirmwareList.h"
 
+#include "Firmware/Mask/MaskFirmware.h"
 #include "Firmware/Ostrel/OstrelFirmware.h"
 #include "Firmware/Plain/PlainFirmware.h"
+#include "Firmware/RivoU/RivoUFirmware.h"
 
 #include <algorithm>
 #include <array>
@@ -21,6 +23,10 @@ template <typename Kind> std::unique_ptr<Firmware> Make(const FirmwareServices& 
 constexpr std::array Kinds = {
     FirmwareKind{"ostrel", "OSTREL", &Make<OstrelFirmware>},
     FirmwareKind{"plain", "Vesk", &Make<PlainFirmware>},
+    FirmwareKind{"rivo-u", "Rivo", &Make<RivoUFirmware>},
+    FirmwareKind{"rectangle-mask", "Rivo", &Make<RectangleMaskFirmware>},
+    FirmwareKind{"rectangle-mask-mode", "Rivo", &Make<RectangleMaskModeFirmware>},
+    FirmwareKind{"column-mask", "Dreli", &Make<ColumnMaskFirmware>},
 };
 
 } // namespace

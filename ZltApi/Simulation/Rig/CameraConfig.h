@@ -34,7 +34,7 @@ struct CameraConfig
     bool adjustsPacketSize = false;       // its stream has the feature GVSPAdjustPacketSize
     double frameRate = 60.0;              // highest and initial rate, frames a second
     std::uint32_t blockSize = 512;        // largest block of a file transfer, bytes
-    std::uint32_t fileSizeMax = 1U << 20; // bytes
+    std::uint32_t fileSizeMax = 1U << 20; // bytes; of a rectangle table its capacity
     bool userReadFailsWhenEmpty = false;  // an empty user file cannot be opened for reading
     std::chrono::milliseconds restartTime{1000};
     std::vector<FaultRule> faults;

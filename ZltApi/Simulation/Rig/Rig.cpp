@@ -192,7 +192,28 @@ std::vector<CameraConfig> BuiltInRig()
     odd.sizeIncrement = 1;
     odd.frameRate = 30.0;
     odd.without = {"GainAuto"};
-    return {mono, colour, plain, thermal, odd};
+
+    CameraConfig rivoU = BuiltIn("SIM-RIVO-U1", "Rivo U-130m", "50-0006", 1280, 1024);
+    rivoU.firmware = "rivo-u";
+    rivoU.sensor.seed = 131;
+    rivoU.reverseX = true;
+    rivoU.reverseY = true;
+
+    CameraConfig rectangles = BuiltIn("SIM-RIVO-G1", "Rivo G-011", "50-0007", 688, 488);
+    rectangles.firmware = "rectangle-mask";
+    rectangles.sensor.seed = 11;
+    rectangles.fileSizeMax = 16'384;
+
+    CameraConfig rectanglesMode = BuiltIn("SIM-RIVO-G2", "Rivo G-011", "50-0008", 688, 488);
+    rectanglesMode.firmware = "rectangle-mask-mode";
+    rectanglesMode.sensor.seed = 12;
+    rectanglesMode.fileSizeMax = 16'384;
+    rectanglesMode.reverseX = true;
+
+    CameraConfig columns = BuiltIn("SIM-DRELI-M1", "Dreli G-1310", "50-0009", 1280, 1024);
+    columns.firmware = "column-mask";
+    columns.sensor.seed = 1310;
+    return {mono, colour, plain, thermal, odd, rivoU, rectangles, rectanglesMode, columns};
 }
 
 std::vector<CameraConfig> ParseRig(const std::string& text)

@@ -37,7 +37,9 @@ TEST(Rig, BuiltInCamerasOfEveryKind)
     {
         kinds.insert(config.firmware + (config.reverseX ? " x" : "") + (config.reverseY ? " y" : ""));
     }
-    EXPECT_EQ((std::set<std::string>{"ostrel x y", "ostrel x", "plain"}), kinds);
+    EXPECT_EQ((std::set<std::string>{"column-mask", "ostrel x y", "ostrel x", "plain", "rectangle-mask",
+                                     "rectangle-mask-mode x", "rivo-u x y"}),
+              kinds);
 }
 
 TEST(Rig, RefusalsAreSentences)
