@@ -2,6 +2,7 @@
 #include "DpcAdapterManager.h"
 
 #include "DpcAdapterOstrel.h"
+#include "DpcAdapterTamorinPro.h"
 
 #include <boost/make_shared.hpp>
 
@@ -106,10 +107,9 @@ boost::shared_ptr<DpcAdapter> DpcAdapterManager::rivoUCreator(const boost::share
     return nullptr;
 }
 
-boost::shared_ptr<DpcAdapter>
-DpcAdapterManager::tamorinProCreator(const boost::shared_ptr<CameraAbstraction>& /*camera*/)
+boost::shared_ptr<DpcAdapter> DpcAdapterManager::tamorinProCreator(const boost::shared_ptr<CameraAbstraction>& camera)
 {
-    return nullptr;
+    return boost::make_shared<DpcAdapterTamorinPro>(camera);
 }
 
 boost::shared_ptr<DpcAdapter>
