@@ -1,6 +1,7 @@
 #include "Families.h"
 
 #include "DpcAdapterOstrel.h"
+#include "DpcAdapterTamorinPro.h"
 #include "DpcFileOstrel.h"
 #include "Exception.h"
 
@@ -27,16 +28,49 @@ KTR::DPC::SensorDefectList DecodeOstrel(const std::vector<std::uint8_t>& bytes, 
     return KTR::DPC::DpcFileOstrel::getSensorDefectsListFromRawData(bytes, static_cast<std::uint16_t>(sensor.width));
 }
 
+std::vector<std::uint8_t> EncodeTamorinPro(const KTR::DPC::SensorDefectList& defects, const SensorDescription& sensor,
+                                           const Conditions& conditions)
+{
+    KTR::DPC::CorrectionSet set("DPC_User_1"); // the file does not hold its name
+    for (const auto& [key, value] : Metadata(conditions))
+    {
+        set.setMetadata(key, value);
+    }
+    return KTR::DPC::DpcAdapterTamorinPro::ConvertDefectsListToBinary(set, defects, sensor.width, sensor.height);
+}
+
+KTR::DPC::SensorDefectList DecodeTamorinPro(const std::vector<std::uint8_t>& bytes, const SensorDescription&)
+{
+    return KTR::DPC::DpcAdapterTamorinPro::getSensorDefectsListFromRawData(bytes);
+}
+
 const std::vector<Family>& Families()
 {
     using Type = KTR::DPC::SensorDefectType;
     static const std::vector<Family> families = {
         {"ostrel", {Type::Pixel, Type::Row, Type::PixelRow}, EncodeOstrel, DecodeOstrel},
+        {"tamorin-pro", {Type::Pixel}, EncodeTamorinPro, DecodeTamorinPro},
     };
     return families;
 }
 
 } // namespace
+
+std::map<std::string, double> Metadata(const Conditions& conditions)
+{
+    namespace Keys = KTR::DPC::TamorinPro;
+    std::map<std::string, double> metadata;
+    for (const auto& [key, value] : {std::pair(Keys::CORRECTION_SET_METADATA_GAIN, conditions.gain),
+                                     std::pair(Keys::CORRECTION_SET_METADATA_EXPOSURE, conditions.exposureUs),
+                                     std::pair(Keys::CORRECTION_SET_METADATA_TEMPERATURE, conditions.temperatureC)})
+    {
+        if (value)
+        {
+            metadata[key] = *value;
+        }
+    }
+    return metadata;
+}
 
 void AddSensorSize(CLI::App& command, SensorDescription& sensor)
 {

@@ -3,6 +3,7 @@
 
 #include "Firmware/Ostrel/OstrelFirmware.h"
 #include "Firmware/Plain/PlainFirmware.h"
+#include "Firmware/TamorinPro/TamorinProFirmware.h"
 
 #include <algorithm>
 #include <array>
@@ -21,6 +22,7 @@ template <typename Kind> std::unique_ptr<Firmware> Make(const FirmwareServices& 
 constexpr std::array Kinds = {
     FirmwareKind{"ostrel", "OSTREL", &Make<OstrelFirmware>},
     FirmwareKind{"plain", "Vesk", &Make<PlainFirmware>},
+    FirmwareKind{"tamorin-pro", "Tamorin Pro", &Make<TamorinProFirmware>},
 };
 
 } // namespace

@@ -192,7 +192,14 @@ std::vector<CameraConfig> BuiltInRig()
     odd.sizeIncrement = 1;
     odd.frameRate = 30.0;
     odd.without = {"GainAuto"};
-    return {mono, colour, plain, thermal, odd};
+
+    CameraConfig tamorin = BuiltIn("SIM-TAMORIN-M1", "Tamorin Pro T-033m", "50-0010", 640, 512);
+    tamorin.family = "Tamorin Pro";
+    tamorin.firmware = "tamorin-pro";
+    tamorin.sensor.seed = 330;
+    tamorin.temperatureControl = true;
+    tamorin.nonuniformityCorrection = true;
+    return {mono, colour, plain, thermal, odd, tamorin};
 }
 
 std::vector<CameraConfig> ParseRig(const std::string& text)

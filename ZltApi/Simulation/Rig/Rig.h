@@ -14,7 +14,7 @@ std::vector<CameraConfig> BuiltInRig();
 
 // Reads a rig: an object with the array "cameras", whose objects have the keys
 //   "id", "model", "serial"                          texts that identify the camera; required
-//   "firmware"                                       "ostrel" or "plain"; required
+//   "firmware"                                       "ostrel", "tamorin-pro" or "plain"; required
 //   "name", "family"                                 texts; by default model and serial, and the firmware's family
 //   "width", "height", "filter", "seed"              the sensor; filter is "Mono", "BayerGR", "BayerRG", ...
 //   "darkFrameFile", "darkFrameExposure"             a recorded dark frame and its exposure in microseconds;
