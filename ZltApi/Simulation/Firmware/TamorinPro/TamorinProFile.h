@@ -14,9 +14,9 @@ namespace Simulation
 struct TamorinProDataset
 {
     std::vector<PixelPosition> pixels; // in sensor coordinates
-    float temperature = 20.0F;         // degrees Celsius
+    float temperature = 0.0F;          // degrees Celsius
     float gain = 0.0F;
-    float exposureUs = 10'000.0F;
+    float exposureUs = 0.0F;
 };
 
 // Nothing for a file that is broken in any way or was made for a sensor of another size. Pixels outside the sensor are

@@ -28,7 +28,9 @@ constexpr Slot Slots[] = {
 };
 constexpr const Slot& Default = Slots[0];
 
-constexpr double FactoryLimit = 64.0; // counts from which on the factory takes a pixel for defective
+// Conditions at the factory.
+constexpr double FactoryTemperature = 20.0; // degrees Celsius
+constexpr double FactoryLimit = 240.0;      // counts from which on a pixel is defective
 
 std::vector<CameraFile> Files(const CameraConfig& config)
 {
@@ -53,12 +55,14 @@ std::vector<CameraFile> Files(const CameraConfig& config)
 
 FileBytes FactoryFile(const Slot& slot, const std::vector<PixelFault>& faults, const SensorConfig& sensor)
 {
+    const double heat = std::exp2((FactoryTemperature - ReferenceTemperatureC) / DarkDoublingKelvin);
+    const double scale = slot.factoryExposureUs / ReferenceExposureUs * heat * sensor.darkCurrent;
     std::vector<PixelFault> seen;
     std::copy_if(faults.begin(), faults.end(), std::back_inserter(seen),
-                 [&](const PixelFault& fault)
-                 { return fault.signal * slot.factoryExposureUs / ReferenceExposureUs >= FactoryLimit; });
+                 [&](const PixelFault& fault) { return fault.signal * scale >= FactoryLimit; });
     TamorinProDataset dataset;
     dataset.pixels = FactoryPixels(seen);
+    dataset.temperature = static_cast<float>(FactoryTemperature);
     dataset.exposureUs = slot.factoryExposureUs;
     return EncodeTamorinProFile(std::move(dataset), sensor.width, sensor.height);
 }
