@@ -1,9 +1,12 @@
 // All adapters under the common contract, and broken ones that it must reject.
 #include "AdapterConformance.h"
 #include "DpcAdapterOstrel.h"
+#include "DpcAdapterTamorinPro.h"
 #include "OstrelCamera.h"
+#include "PixelDefect.h"
 #include "PixelRowDefect.h"
 #include "RowDefect.h"
+#include "TamorinProCamera.h"
 
 #include <gmock/gmock.h>
 
@@ -19,6 +22,15 @@ template <typename Adapter> AdapterCase ostrelCase()
             [](const auto& camera) { return boost::make_shared<Adapter>(camera); },
             "User",
             {boost::make_shared<RowDefect>(3), boost::make_shared<PixelRowDefect>(10, 3, 11)}};
+}
+
+AdapterCase tamorinProCase()
+{
+    return {"Tamorin Pro",
+            [] { return makeTamorinProCamera(); },
+            [](const auto& camera) { return boost::make_shared<DpcAdapterTamorinPro>(camera); },
+            "DPC_User_1",
+            {boost::make_shared<PixelDefect>(3, 7), boost::make_shared<PixelDefect>(10, 3)}};
 }
 
 struct LosesDefects final : DpcAdapterOstrel
@@ -64,7 +76,7 @@ struct LeavesOpen final : DpcAdapterOstrel
 
 TEST(AdapterConformance, IsKeptByAllAdapters)
 {
-    for (const auto& adapterCase : {ostrelCase<DpcAdapterOstrel>()})
+    for (const auto& adapterCase : {ostrelCase<DpcAdapterOstrel>(), tamorinProCase()})
     {
         EXPECT_THAT(adapterViolations(adapterCase), testing::IsEmpty()) << adapterCase.name;
     }
