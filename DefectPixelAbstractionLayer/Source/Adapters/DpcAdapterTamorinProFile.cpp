@@ -50,10 +50,11 @@ struct MetadataTag
     double (*decode)(std::uint32_t word);
 };
 
-// Whole steps of 1, as the camera's own listing shows it.
+// Without its decimals.
 double decodeGain(std::uint32_t word)
 {
-    return static_cast<float>(word / GainSteps);
+    const std::uint32_t whole = word / GainSteps;
+    return static_cast<float>(whole);
 }
 
 double decodeFloat(std::uint32_t word)

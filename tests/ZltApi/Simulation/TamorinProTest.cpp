@@ -53,7 +53,7 @@ std::size_t Bright(const Bytes& image)
 
 TEST(TamorinProFile, WholeFileByteForByte)
 {
-    EXPECT_EQ(Whole, EncodeTamorinProFile({{{2, 9}, {5, 1}, {1, 9}}, 20.0F, 1.5F, 1000.0F}, Width, Height));
+    EXPECT_EQ(Whole, EncodeTamorinProFile({{{2, 9}, {5, 1}, {1, 9}}, 20.0F, 15'000, 1000.0F}, Width, Height));
     EXPECT_EQ("5,1 1,9 2,9 ", Decoded(Whole));
     EXPECT_EQ(1000.0F, DecodeTamorinProFile(Whole, Width, Height)->exposureUs);
     EXPECT_EQ("", Decoded(EncodeTamorinProFile({}, Width, Height)));
@@ -111,7 +111,7 @@ TEST(TamorinProCamera, AppliesTheDatasetThatIsChosen)
     EXPECT_LT(factory, raw * 3 / 4);
 
     const Bytes dark = Grab(camera).front().image;
-    TamorinProDataset dataset{{}, 40.0F, 0.0F, 20'000.0F};
+    TamorinProDataset dataset{{}, 40.0F, 0, 20'000.0F};
     for (std::uint32_t i = 0; i < dark.size(); ++i)
     {
         dark[i] > 40 ? dataset.pixels.push_back({i % Width, i / Width}) : void();

@@ -18,7 +18,6 @@ constexpr std::uint32_t DataFormat = 17;
 constexpr std::uint32_t InfoSize = 84;        // bytes
 constexpr std::uint32_t DataSetInfoSize = 28; // bytes
 constexpr std::uint32_t EntrySize = 4;        // bytes of a pixel, and of the end mark
-constexpr std::uint32_t GainSteps = 10'000;   // in a gain of 1
 constexpr std::uint32_t EntryKind = 0xC000C000;
 constexpr std::uint32_t PixelEntry = 0x00004000; // the row in the low half, the column in the high one
 constexpr std::uint32_t EndEntry = 0xC000C000;
@@ -134,7 +133,7 @@ std::optional<TamorinProDataset> DecodeTamorinProFile(const FileBytes& file, std
     reader.Expect("TMP1", 4);
     dataset.temperature = reader.Float();
     reader.Expect("AGAN", 4);
-    dataset.gain = static_cast<float>(reader.Number()) / static_cast<float>(GainSteps);
+    dataset.gain = reader.Number();
     reader.Expect("EXP1", 4);
     dataset.exposureUs = reader.Float();
     reader.Expect("PDA1", size + EntrySize);
@@ -174,7 +173,7 @@ FileBytes EncodeTamorinProFile(TamorinProDataset dataset, std::uint32_t width, s
     writer.Block("INDX", 4, {0});
     writer.Block("DSET", DataSetInfoSize, {0, size, 0, height, width, 0, 0});
     writer.Block("TMP1", 4, {SameBits<std::uint32_t>(dataset.temperature)});
-    writer.Block("AGAN", 4, {static_cast<std::uint32_t>(dataset.gain * static_cast<float>(GainSteps))});
+    writer.Block("AGAN", 4, {dataset.gain});
     writer.Block("EXP1", 4, {SameBits<std::uint32_t>(dataset.exposureUs)});
     writer.Block("PDA1", size + EntrySize, {});
     for (const PixelPosition& pixel : dataset.pixels)

@@ -15,7 +15,7 @@ struct TamorinProDataset
 {
     std::vector<PixelPosition> pixels; // in sensor coordinates
     float temperature = 0.0F;          // degrees Celsius
-    float gain = 0.0F;
+    std::uint32_t gain = 0;            // ten-thousandths
     float exposureUs = 0.0F;
 };
 
