@@ -130,9 +130,12 @@ void FileFeatures::AddStatus(FeatureMap& features)
 void FileFeatures::AddDescriptions(FeatureMap& features)
 {
     m_fileSelector->OnWrite(
-        [this](const std::string&)
+        [this](const std::string& name)
         {
-            m_newDescription.reset();
+            if (name != m_fileSelector->Current())
+            {
+                m_newDescription.reset();
+            }
             return ZltErrorSuccess;
         });
     auto& buffer = features.Add<StringNode>("FileDescriptionBuffer", std::string());
