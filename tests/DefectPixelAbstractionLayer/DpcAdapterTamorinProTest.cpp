@@ -69,7 +69,8 @@ TEST_F(DpcAdapterTamorinProTest, SaysWhatFailed)
         {"Set DPCMode=On", on, "DPC_User_1", mode},
         {"Set DPCDatasetFileId", on, "DPC_User_1", mode},
         {"Set DPCMode=Off", [&](Set set) { adapter.SetCorrectionSetEnabled(set, false); }, "DPC_User_1", ""},
-        {"", on, "DPC_1_", "The name of correction set DPC_1_ does not end in the number of a dataset."},
+        {"", on, "DPC_99999999999999999999",
+         "The name of correction set DPC_99999999999999999999 does not end in the number of a dataset."},
         {"", [&](Set set) { adapter.IsCorrectionSetReadable(set); }, "DPC_7", "Could not get file DPC_7"},
         {"", [&](Set set) { adapter.ReadCorrectionSet(set); }, "DPC_7", "Could not get file DPC_7"},
         {"", write, "User_1", "The given correction set cannot be overwritten"},
@@ -130,7 +131,7 @@ TEST_F(DpcAdapterTamorinProTest, ReadsPixels)
         {"'PDA1 00000000 0340 0500", ""},
         {"'PDA1 08000000 0340 0500 00C000", "5,3 "}, // the last byte is not looked at
         {"'PDA1 09000000 0340 0500 00C000", "The file has 15 bytes, but its defect pixel data reaches to byte 16."},
-        {"'PDA1 04000000 0340 0500", ""}, // without an end mark the last pixel is lost
+        {"'PDA1 05000000 0340 0500 00", ""}, // without an end mark the last pixel is lost
         {"00 'PDA1 10000000 0340 0500 00C0 FF3F FF7F 0180 00C000C0 'PDA1", "5,3 16383,0 1,16383 "},
         {"'PDA1 0C000000 00C000C0 0340 0500 00C000C0", ""},
     };

@@ -45,6 +45,7 @@ TEST(GenericFileFormat, PacksCoordinatesAndValues)
     const std::tuple<int, std::vector<std::uint16_t>, const char*> cases[] = {
         {12, {0xABC, 0xDEF}, "BCFADE"},
         {12, {0xFABC}, "BC0A"},
+        {1, {1}, "01"},
         {4, {5}, "05"},
         {10, {0x3FF, 0, 1}, "FF031000"},
         {16, {0xABCD}, "CDAB"},
