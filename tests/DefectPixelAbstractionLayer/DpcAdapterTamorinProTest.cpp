@@ -56,7 +56,7 @@ TEST_F(DpcAdapterTamorinProTest, SaysWhatFailed)
     const std::string mode = "Could not set value of Correction mode for Correction Set DPC_User_1.\n";
     const auto on = [&](const Set& set) { adapter.SetCorrectionSetEnabled(set, true); };
     const auto write = [&](const Set& set) { adapter.WriteCorrectionSet(set, pixels({{1, 1}})); };
-    const struct
+    struct
     {
         std::string refused; // the camera's call that fails, whose words follow the text
         std::function<void(Set)> call;
@@ -80,11 +80,11 @@ TEST_F(DpcAdapterTamorinProTest, SaysWhatFailed)
         {"", [&](Set set) { adapter.RestoreFactorySettings(set); }, "DPC_User_1",
          "RestoreFactorySettings is not available for Tamorin Pro Cameras"},
     };
-    for (const auto& [refused, call, set, text] : cases)
+    for (auto& [refused, call, set, text] : cases)
     {
         camera->log.refused = refused;
         EXPECT_EQ(FailureOf([&, &call = call, &set = set] { call(boost::make_shared<CorrectionSet>(set)); }),
-                  text + (refused.empty() ? "" : "Refused: " + refused));
+                  text.append(refused.empty() ? "" : "Refused: " + refused));
     }
     EXPECT_THROW(adapter.GetDatasetFileId(boost::make_shared<CorrectionSet>("DPC_")), std::invalid_argument);
 }
@@ -102,7 +102,7 @@ TEST_F(DpcAdapterTamorinProTest, SwitchesDatasetsByNumber)
 
 TEST_F(DpcAdapterTamorinProTest, ListsSetsWithTheMetadataOfTheirFirstBytes)
 {
-    userFile = fromHex(std::string(2 * 188, '0') + " 'TMP1 08000000 0000A041 00000000"); // ends behind byte 200
+    userFile = fromHex(std::string(376, '0') + " 'TMP1 08000000 0000A041 00000000"); // ends behind byte 200
     const auto sets = adapter.GetAvailableCorrectionSetsWithMetadata();
     ASSERT_EQ(sets.size(), 2U);
     EXPECT_EQ(sets[0]->getMetadataSize(), 0U);
