@@ -102,7 +102,7 @@ TEST_F(DpcAdapterTamorinProTest, SwitchesDatasetsByNumber)
 
 TEST_F(DpcAdapterTamorinProTest, ListsSetsWithTheMetadataOfTheirFirstBytes)
 {
-    userFile = fromHex(std::string(376, '0') + " 'TMP1 08000000 0000A041 00000000"); // ends behind byte 200
+    userFile = bytesFrom(std::string(376, '0') + " 'TMP1 08000000 0000A041 00000000"); // ends behind byte 200
     const auto sets = adapter.GetAvailableCorrectionSetsWithMetadata();
     ASSERT_EQ(sets.size(), 2U);
     EXPECT_EQ(sets[0]->getMetadataSize(), 0U);
@@ -119,7 +119,7 @@ TEST_F(DpcAdapterTamorinProTest, ListsSetsWithTheMetadataOfTheirFirstBytes)
     };
     for (const auto& [hex, metadata] : cases)
     {
-        EXPECT_EQ(adapter.GetCorrectionSetMetadata(fromHex(hex)), metadata) << hex;
+        EXPECT_EQ(adapter.GetCorrectionSetMetadata(bytesFrom(hex)), metadata) << hex;
     }
 }
 
@@ -139,10 +139,10 @@ TEST_F(DpcAdapterTamorinProTest, ReadsPixels)
     {
         std::string actual;
         const auto failure =
-            FailureOf([&, hex = hex] { actual = text(adapter.getSensorDefectsListFromRawData(fromHex(hex))); });
+            FailureOf([&, hex = hex] { actual = text(adapter.getSensorDefectsListFromRawData(bytesFrom(hex))); });
         EXPECT_EQ(actual + failure, expected) << hex;
     }
-    EXPECT_DEATH(adapter.getSensorDefectsListFromRawData(fromHex("'PDA1 080000")), "pos \\+ 3 < data.size\\(\\)");
+    EXPECT_DEATH(adapter.getSensorDefectsListFromRawData(bytesFrom("'PDA1 080000")), "pos \\+ 3 < data.size\\(\\)");
 }
 
 TEST_F(DpcAdapterTamorinProTest, WritesTheFileThatTheDocumentationShows)
@@ -152,7 +152,7 @@ TEST_F(DpcAdapterTamorinProTest, WritesTheFileThatTheDocumentationShows)
     example.erase(0, example.find("```hex\n", example.find("## Tamorin Pro\n")) + 7);
     user->setMetadata("Gain", 1.5);
     adapter.WriteCorrectionSet(user, pixels({{9, 2}, {1, 5}, {9, 1}}));
-    EXPECT_EQ(userFile, fromHex(example.substr(0, example.find("```"))));
+    EXPECT_EQ(userFile, bytesFrom(example.substr(0, example.find("```"))));
     const std::string file = " DPC_User_1";
     const std::string description = "Set FileDescriptionBuffer=Gain 1.5, 20.0 \xC2\xB0\x43, 10000 \xC2\xB5S";
     EXPECT_THAT(camera->log.calls,

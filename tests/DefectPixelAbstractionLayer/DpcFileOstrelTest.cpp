@@ -1,13 +1,13 @@
 // The defect pixel file of the Ostrel family, against bytes written out by hand.
 #include "DpcFileOstrel.h"
 #include "Failure.h"
-#include "Hex.h"
 #include "PixelDefect.h"
 #include "PixelRowDefect.h"
 #include "RowDefect.h"
 
 #include <gmock/gmock.h>
 
+#include <boost/algorithm/hex.hpp>
 #include <boost/format.hpp>
 #include <boost/make_shared.hpp>
 
@@ -20,6 +20,14 @@ namespace
 
 using Bytes = std::vector<std::uint8_t>;
 using Words = std::vector<std::uint16_t>;
+
+Bytes fromHex(std::string hex)
+{
+    hex.erase(std::remove(hex.begin(), hex.end(), ' '), hex.end());
+    Bytes bytes;
+    boost::algorithm::unhex(hex, std::back_inserter(bytes));
+    return bytes;
+}
 
 Bytes fromWords(const Words& words)
 {

@@ -13,14 +13,16 @@ namespace
 
 TEST(GenericFileFormat, WritesDefectFiles)
 {
-    EXPECT_EQ(CreateFileDpcTamorinPro(fromHex("0140 0200 00C000C0"), 480, 640, 1.5F, -12.5F, 1000.0F, 0), fromHex(R"(
+    EXPECT_EQ(CreateFileDpcTamorinPro(bytesFrom("0140 0200 00C000C0"), 480, 640, 1.5F, -12.5F, 1000.0F, 0),
+              bytesFrom(R"(
         'PTY1 04000000 'DPC1 'FCO1 08000000 0000000000000002 'DCT1 04000000 03000000 'DFMT 04000000 11000000
         'IF01 54000000 'INDX 04000000 00000000
         'DSET 1C000000 00000000 04000000 00000000 E0010000 80020000 00000000 00000000
         'TMP1 04000000 000048C1 'AGAN 04000000 983A0000 'EXP1 04000000 00007A44 'PDA1 08000000 0140 0200 00C000C0)"));
     // An offset counts the end mark of the payload before it, a size does not; so an empty payload has less than none.
-    EXPECT_EQ(CreateFileDpcOstrel(std::vector<Bytes>{fromHex("01 00C000C0"), {}}, 480, 640, 20.0F, 1000.0F, 0xAABBCCDD),
-              fromHex(R"(
+    EXPECT_EQ(
+        CreateFileDpcOstrel(std::vector<Bytes>{bytesFrom("01 00C000C0"), {}}, 480, 640, 20.0F, 1000.0F, 0xAABBCCDD),
+        bytesFrom(R"(
         'PTY1 04000000 'DPC1 'FCO1 08000000 DDCCBBAA 00000002 'DCT1 04000000 02000000 'DFMT 04000000 10000000
         'IF01 48000000 'INDX 04000000 00000000
         'DSET 1C000000 00000000 01000000 00000000 E0010000 80020000 00000000 00000000
@@ -34,14 +36,14 @@ TEST(GenericFileFormat, WritesDefectFiles)
          {std::pair(-1.0F, "00000000"), {0.00019F, "01000000"}, {1e6F, "FFFFFFFF"}, {NAN, "00000000"}})
     {
         const auto file = CreateFileDpcTamorinPro(Bytes(), 480, 640, gain, 0, 0, 0);
-        EXPECT_EQ(Bytes(file.begin() + 128, file.begin() + 132), fromHex(hex)) << gain;
+        EXPECT_EQ(Bytes(file.begin() + 128, file.begin() + 132), bytesFrom(hex)) << gain;
     }
 }
 
 TEST(GenericFileFormat, PacksCoordinatesAndValues)
 {
-    EXPECT_EQ(CoordsToVector({}), fromHex("00C000C0"));
-    EXPECT_EQ(CoordsToVector({{3, 5}, {0xFFFF, 0xC001}, {3, 5}}), fromHex("03400500 FF7F0100 03400500 00C000C0"));
+    EXPECT_EQ(CoordsToVector({}), bytesFrom("00C000C0"));
+    EXPECT_EQ(CoordsToVector({{3, 5}, {0xFFFF, 0xC001}, {3, 5}}), bytesFrom("03400500 FF7F0100 03400500 00C000C0"));
     const std::tuple<int, std::vector<std::uint16_t>, const char*> cases[] = {
         {12, {0xABC, 0xDEF}, "BCFADE"},
         {12, {0xFABC}, "BC0A"},
@@ -56,7 +58,7 @@ TEST(GenericFileFormat, PacksCoordinatesAndValues)
     };
     for (const auto& [bits, values, hex] : cases)
     {
-        EXPECT_EQ(ConvertMonoToMonoPacked(values, bits), fromHex(hex)) << bits;
+        EXPECT_EQ(ConvertMonoToMonoPacked(values, bits), bytesFrom(hex)) << bits;
     }
 }
 
@@ -64,7 +66,7 @@ TEST(GenericFileFormat, WritesNonuniformityFiles)
 {
     const NucData bare{{1, 2, 3, 4}, 0.5F, 5, 6, {}, {}, {}, {}, {1, 2, 3}};
     const NucData full{{7, 8, 9, 10}, 1.0F, 11, 12, 13, 14, 15, {16, -1}, {4, 5}};
-    EXPECT_EQ(CreateFileNucTamorinPro({bare, full}, 0x12), fromHex(R"(
+    EXPECT_EQ(CreateFileNucTamorinPro({bare, full}, 0x12), bytesFrom(R"(
         'PTY1 04000000 'FPN1 'FCO1 08000000 12000000 00000002 'FPT1 04000000 04000000 'DFMT 04000000 11000000
         'IF01 5C000000 'INDX 04000000 00000000
         'DSET 1C000000 00000000 01000000 01000000 01000000 02000000 03000000 04000000

@@ -21,6 +21,6 @@ inline boost::shared_ptr<MemoryCamera> makeTamorinProCamera(std::uint64_t sizeMa
     {
         camera->files.push_back(boost::make_shared<MemoryFile>(name, sizeMax, name != "DPC_000", camera->log));
     }
-    camera->files.back()->content = fromHex("'PDA1 08000000 0340 0500 00C000C0");
+    camera->files.back()->content = bytesFrom("'PDA1 08000000 0340 0500 00C000C0");
     return camera;
 }

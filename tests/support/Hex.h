@@ -10,7 +10,7 @@
 #include <vector>
 
 // Words of hexadecimal digits; a word that begins with an apostrophe stands for its letters.
-inline std::vector<std::uint8_t> fromHex(const std::string& text)
+inline std::vector<std::uint8_t> bytesFrom(const std::string& text)
 {
     std::vector<std::uint8_t> bytes;
     std::istringstream words(text);
