@@ -3,6 +3,7 @@
 #include "ColumnMaskTable.h"
 #include "DefectRectangleTable.h"
 #include "DpcAdapterOstrel.h"
+#include "DpcAdapterTamorinPro.h"
 #include "DpcFileOstrel.h"
 #include "DpcFileRivoU.h"
 #include "Exception.h"
@@ -74,12 +75,29 @@ KTR::DPC::SensorDefectList DecodeLoadDefects(const std::vector<std::uint8_t>& by
     return KTR::DPC::decodeColumnMask(bytes, sensor.height);
 }
 
+std::vector<std::uint8_t> EncodeTamorinPro(const KTR::DPC::SensorDefectList& defects, const SensorDescription& sensor,
+                                           const Conditions& conditions)
+{
+    KTR::DPC::CorrectionSet set("DPC_User_1"); // the file does not hold its name
+    for (const auto& [key, value] : Metadata(conditions))
+    {
+        set.setMetadata(key, value);
+    }
+    return KTR::DPC::DpcAdapterTamorinPro::ConvertDefectsListToBinary(set, defects, sensor.width, sensor.height);
+}
+
+KTR::DPC::SensorDefectList DecodeTamorinPro(const std::vector<std::uint8_t>& bytes, const SensorDescription&)
+{
+    return KTR::DPC::DpcAdapterTamorinPro::getSensorDefectsListFromRawData(bytes);
+}
+
 const std::vector<Family>& Families()
 {
     using Type = KTR::DPC::SensorDefectType;
     static const std::vector<Family> families = {
         {"ostrel", {Type::Pixel, Type::Row, Type::PixelRow}, EncodeOstrel, DecodeOstrel},
         {"rivo-u", {Type::Pixel, Type::Row, Type::PixelRow}, EncodeRivoU, DecodeRivoU},
+        {"tamorin-pro", {Type::Pixel}, EncodeTamorinPro, DecodeTamorinPro},
         {"load-defects", {Type::Pixel, Type::PixelColumn, Type::Column}, EncodeLoadDefects, DecodeLoadDefects},
         {"established-gige", {Type::Pixel}, EncodeEstablishedGigE, DecodeEstablishedGigE},
     };
@@ -87,6 +105,22 @@ const std::vector<Family>& Families()
 }
 
 } // namespace
+
+std::map<std::string, double> Metadata(const Conditions& conditions)
+{
+    namespace Keys = KTR::DPC::TamorinPro;
+    std::map<std::string, double> metadata;
+    for (const auto& [key, value] : {std::pair(Keys::CORRECTION_SET_METADATA_GAIN, conditions.gain),
+                                     std::pair(Keys::CORRECTION_SET_METADATA_EXPOSURE, conditions.exposureUs),
+                                     std::pair(Keys::CORRECTION_SET_METADATA_TEMPERATURE, conditions.temperatureC)})
+    {
+        if (value)
+        {
+            metadata[key] = *value;
+        }
+    }
+    return metadata;
+}
 
 void AddSensorSize(CLI::App& command, SensorDescription& sensor)
 {

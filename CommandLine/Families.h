@@ -8,6 +8,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -36,6 +37,9 @@ struct Conditions
     std::optional<double> exposureUs;
     std::optional<double> temperatureC;
 };
+
+// Those that are known, under the keys of a correction set's metadata.
+std::map<std::string, double> Metadata(const Conditions& conditions);
 
 // One family's way of holding its defects. Both functions throw KTR::System::Exception.
 struct Family

@@ -5,12 +5,14 @@
 #include "DpcAdapterLoadDefects.h"
 #include "DpcAdapterOstrel.h"
 #include "DpcAdapterRivoU.h"
+#include "DpcAdapterTamorinPro.h"
 #include "MaskCamera.h"
 #include "OstrelCamera.h"
 #include "PixelColumnDefect.h"
 #include "PixelDefect.h"
 #include "PixelRowDefect.h"
 #include "RowDefect.h"
+#include "TamorinProCamera.h"
 
 #include <gmock/gmock.h>
 
@@ -48,6 +50,15 @@ AdapterCase maskCase(std::uint64_t table, const char* feature, const MemoryCamer
                 ->getName(),
             samples,
             erases};
+}
+
+AdapterCase tamorinProCase()
+{
+    return {"Tamorin Pro",
+            [] { return makeTamorinProCamera(); },
+            [](const auto& camera) { return boost::make_shared<DpcAdapterTamorinPro>(camera); },
+            "DPC_User_1",
+            {boost::make_shared<PixelDefect>(3, 7), boost::make_shared<PixelDefect>(10, 3)}};
 }
 
 struct LosesDefects final : DpcAdapterOstrel
@@ -104,7 +115,8 @@ TEST(AdapterConformance, IsKeptByAllAdapters)
     const auto rectangleCase = [&](const MemoryCamera::Names& entries)
     { return maskCase<DpcAdapterEstablishedGigE>(0x19300, "DefectMaskEnable", entries, pixels, true, types); };
     for (const auto& adapterCase :
-         {ostrelCase<DpcAdapterOstrel>(), rivoUCase(), rectangleCase({}), rectangleCase({"Off", "On"}),
+         {ostrelCase<DpcAdapterOstrel>(), rivoUCase(), tamorinProCase(), rectangleCase({}),
+          rectangleCase({"Off", "On"}),
           maskCase<DpcAdapterLoadDefects>(0x19108, "DefectMaskColumnEnable", {}, columns, false)})
     {
         EXPECT_THAT(adapterViolations(adapterCase), testing::IsEmpty()) << adapterCase.name;

@@ -38,6 +38,7 @@ TEST(DpcAdapterManager, MatchesFamilyThenModel)
     for (const auto& [family, model, compatible, ostrel] : cases)
     {
         const auto camera = makeOstrelCamera();
+        camera->features["DPCDatasetAuto"].entries = {"Off"};
         camera->features["DeviceFamilyName"].text = family;
         camera->features["DeviceModelName"].text = model;
         for (const char* name : {"DeviceFamilyName", "DeviceModelName"})

@@ -5,6 +5,7 @@
 #include "DpcAdapterLoadDefects.h"
 #include "DpcAdapterOstrel.h"
 #include "DpcAdapterRivoU.h"
+#include "DpcAdapterTamorinPro.h"
 
 #include <boost/make_shared.hpp>
 
@@ -109,10 +110,9 @@ boost::shared_ptr<DpcAdapter> DpcAdapterManager::rivoUCreator(const boost::share
     return boost::make_shared<DpcAdapterRivoU>(camera);
 }
 
-boost::shared_ptr<DpcAdapter>
-DpcAdapterManager::tamorinProCreator(const boost::shared_ptr<CameraAbstraction>& /*camera*/)
+boost::shared_ptr<DpcAdapter> DpcAdapterManager::tamorinProCreator(const boost::shared_ptr<CameraAbstraction>& camera)
 {
-    return nullptr;
+    return boost::make_shared<DpcAdapterTamorinPro>(camera);
 }
 
 boost::shared_ptr<DpcAdapter>

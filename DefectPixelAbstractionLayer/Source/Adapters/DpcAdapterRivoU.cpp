@@ -140,7 +140,9 @@ SensorDefectList DpcAdapterRivoU::ReadCorrectionSet(const CorrectionSetPtr& set)
         return {};
     }
     std::vector<std::uint8_t> bytes;
-    ScopedOpenFile(file, FileInterface::FileOpenMode::Read)->Read(bytes, 0);
+    ScopedOpenFile source(file, FileInterface::FileOpenMode::Read);
+    source->Read(bytes, 0);
+    source.Close();
     return DpcFileRivoU::getSensorDefectsListFromRawData(bytes, static_cast<std::uint16_t>(GetSensorWidth()));
 }
 
@@ -162,7 +164,9 @@ void DpcAdapterRivoU::WriteCorrectionSet(const CorrectionSetPtr& set, const Sens
         fail("Space is not sufficient: Max filesize: " + std::to_string(file->GetSizeMax()) +
              "; Size of Defects: " + std::to_string(bytes.size()));
     }
-    ScopedOpenFile(file, FileInterface::FileOpenMode::Write)->Write(bytes);
+    ScopedOpenFile target(file, FileInterface::FileOpenMode::Write);
+    target->Write(bytes);
+    target.Close();
 }
 
 bool DpcAdapterRivoU::IsSpaceSufficient(const CorrectionSetPtr& set, const SensorDefectList& defects)
@@ -192,7 +196,9 @@ void DpcAdapterRivoU::EraseCorrectionSet(CorrectionSetPtr& set)
     const auto file = fileToChange(set);
     if (file->GetSize() != 0)
     {
-        ScopedOpenFile(file, FileInterface::FileOpenMode::Write)->Write({});
+        ScopedOpenFile target(file, FileInterface::FileOpenMode::Write);
+        target->Write({});
+        target.Close();
     }
 }
 

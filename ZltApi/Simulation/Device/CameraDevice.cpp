@@ -394,6 +394,7 @@ std::optional<std::chrono::microseconds> CameraDevice::Begin(std::uint64_t frame
         return std::nullopt;
     }
     m_acquiring = m_acquisitionMode->Current() != "SingleFrame";
+    m_firmware->BeginFrame(m_images.ExposureTime());
     m_exposure = {m_images.Settings(),       frameId,
                   m_images.IsAdapting(),     m_nonuniformity && m_nonuniformity->IsOff(),
                   m_faults.Hit("Frame", {}), Correction()};

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,14 +36,18 @@ struct CameraFile
 class FileFeatures
 {
 public:
-    // The files in the order of "FileSelector"; blocks of up to blockSize bytes.
-    FileFeatures(const FirmwareServices& services, std::vector<CameraFile> files, std::uint32_t blockSize);
+    // The files in the order of "FileSelector"; blocks of up to blockSize bytes. With descriptions each file has a text
+    // beside its content, behind the feature "FileDescriptionBuffer" and the operation "WriteDescription".
+    FileFeatures(const FirmwareServices& services, std::vector<CameraFile> files, std::uint32_t blockSize,
+                 bool hasDescriptions = false);
 
     void AddFeatures(FeatureMap& features);
     void Disconnect();
 
     // The content that is permanent now; empty when there is none.
     FileBytes Stored(const CameraFile& file) const;
+    // Gives a file its description, by the name of its content in the camera's state.
+    void Describe(const std::string& storage, const std::string& text);
 
 private:
     enum class Mode
@@ -63,6 +68,7 @@ private:
     void AddSelectors(FeatureMap& features);
     void AddTransfer(FeatureMap& features);
     void AddStatus(FeatureMap& features);
+    void AddDescriptions(FeatureMap& features);
 
     const CameraFile& Selected() const;
     Session& State() { return m_sessions[m_fileSelector->Current()]; }
@@ -77,10 +83,13 @@ private:
     std::string Read(std::uint32_t shortBy);
     std::string Write(std::uint32_t shortBy);
     std::string Delete();
+    std::string WriteDescription();
 
     const FirmwareServices m_services;
     const std::vector<CameraFile> m_files;
     const std::uint32_t m_blockSize;
+    const bool m_hasDescriptions;
+    std::optional<std::string> m_newDescription; // written for the selected file, but not yet permanent
     mutable std::map<std::string, Session> m_sessions;
     FeatureNode::Bytes m_buffer;
     EnumNode* m_fileSelector = nullptr;

@@ -56,6 +56,8 @@ public:
     virtual void Resume() = 0;
     // The host has gone, with or without a goodbye: open files are dropped.
     virtual void Disconnect() = 0;
+    // A frame with this exposure is about to be taken.
+    virtual void BeginFrame(double /*exposureUs*/) {}
 
     // The pixels that are to be hidden now, in sensor coordinates.
     virtual std::vector<PixelPosition> HiddenPixels(Mirroring mirroring) const = 0;

@@ -5,6 +5,7 @@
 #include "Firmware/Ostrel/OstrelFirmware.h"
 #include "Firmware/Plain/PlainFirmware.h"
 #include "Firmware/RivoU/RivoUFirmware.h"
+#include "Firmware/TamorinPro/TamorinProFirmware.h"
 
 #include <algorithm>
 #include <array>
@@ -27,6 +28,7 @@ constexpr std::array Kinds = {
     FirmwareKind{"rectangle-mask", "Rivo", &Make<RectangleMaskFirmware>},
     FirmwareKind{"rectangle-mask-mode", "Rivo", &Make<RectangleMaskModeFirmware>},
     FirmwareKind{"column-mask", "Dreli", &Make<ColumnMaskFirmware>},
+    FirmwareKind{"tamorin-pro", "Tamorin Pro", &Make<TamorinProFirmware>},
 };
 
 } // namespace

@@ -68,6 +68,7 @@ void ReadSensor(JsonReader& reader, SensorConfig& sensor)
     reader.Read("seed", sensor.seed);
     reader.Read("darkFrameFile", sensor.darkFrameFile);
     reader.Read("darkFrameExposure", sensor.darkFrameExposureUs);
+    reader.Read("darkCurrent", sensor.darkCurrent);
     sensor.filter = ParseFilter(reader, filter);
     sensor.scene = scene == "chart" ? SceneKind::Chart : SceneKind::Bench;
     if (scene != "chart" && scene != "bench")
@@ -106,6 +107,7 @@ void CheckNumbers(const JsonReader& reader, const CameraConfig& config)
         {"exposureFeature", config.exposureFeature == "ExposureTime" || config.exposureFeature == "ExposureTimeAbs"},
         {"sizeIncrement", increment >= 1 && increment <= SmallestSensor && (increment & (increment - 1)) == 0},
         {"darkFrameExposure", config.sensor.darkFrameExposureUs > 0.0},
+        {"darkCurrent", config.sensor.darkCurrent >= 0.0 && config.sensor.darkCurrent <= 1000.0},
         {"frameRate", config.frameRate >= 1.0 && config.frameRate <= 10'000.0},
         {"blockSize", config.blockSize >= 1 && config.blockSize <= 65'536},
         {"fileSizeMax", config.fileSizeMax >= 1 && config.fileSizeMax <= (64U << 20)},
@@ -213,7 +215,15 @@ std::vector<CameraConfig> BuiltInRig()
     CameraConfig columns = BuiltIn("SIM-DRELI-M1", "Dreli G-1310", "50-0009", 1280, 1024);
     columns.firmware = "column-mask";
     columns.sensor.seed = 1310;
-    return {mono, colour, plain, thermal, odd, rivoU, rectangles, rectanglesMode, columns};
+
+    CameraConfig tamorin = BuiltIn("SIM-TAMORIN-M1", "Tamorin Pro T-033m", "50-0010", 640, 512);
+    tamorin.family = "Tamorin Pro";
+    tamorin.firmware = "tamorin-pro";
+    tamorin.sensor.seed = 330;
+    tamorin.sensor.darkCurrent = 8.0;
+    tamorin.temperatureControl = true;
+    tamorin.nonuniformityCorrection = true;
+    return {mono, colour, plain, thermal, odd, rivoU, rectangles, rectanglesMode, columns, tamorin};
 }
 
 std::vector<CameraConfig> ParseRig(const std::string& text)

@@ -19,6 +19,7 @@ std::vector<CameraConfig> BuiltInRig();
 //   "width", "height", "filter", "seed"              the sensor; filter is "Mono", "BayerGR", "BayerRG", ...
 //   "darkFrameFile", "darkFrameExposure"             a recorded dark frame and its exposure in microseconds;
 //                                                  a relative name is looked for beside the rig file
+//   "darkCurrent"                                    times that of an ordinary sensor
 //   "scene"                                          "bench" or "chart"
 //   "reverseX", "reverseY", "covered", "busy", "stream", "temperatureControl", "nonuniformityCorrection",
 //   "adjustsPacketSize", "userReadFailsWhenEmpty"    true or false

@@ -38,7 +38,7 @@ TEST(Rig, BuiltInCamerasOfEveryKind)
         kinds.insert(config.firmware + (config.reverseX ? " x" : "") + (config.reverseY ? " y" : ""));
     }
     EXPECT_EQ((std::set<std::string>{"column-mask", "ostrel x y", "ostrel x", "plain", "rectangle-mask",
-                                     "rectangle-mask-mode x", "rivo-u x y"}),
+                                     "rectangle-mask-mode x", "rivo-u x y", "tamorin-pro"}),
               kinds);
 }
 
@@ -63,6 +63,7 @@ TEST(Rig, RefusalsAreSentences)
         {camera(R"(, "width": 15)"), value("width")},
         {camera(R"(, "height": 4294967344)"), value("height")},
         {camera(R"(, "filter": "Foveon")"), value("filter")},
+        {camera(R"(, "darkCurrent": -1)"), value("darkCurrent")},
         {camera(R"(, "covered": 1)"), value("covered")},
         {camera(R"(, "frameRate": 0)"), value("frameRate")},
         {camera(R"(, "faults": 7)"), "Faults are a JSON object or an array of objects."},
