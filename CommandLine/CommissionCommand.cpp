@@ -49,9 +49,9 @@ void Progress(const std::string& text)
 class Commissioning
 {
 public:
-    explicit Commissioning(const Options& options)
+    Commissioning(const Options& options, const std::string& adapter)
         : m_options(options),
-          m_session(options.camera),
+          m_session(options.camera, adapter),
           m_camera(m_session.Abstraction()),
           m_adapter(m_session.Adapter()),
           m_settings(*m_camera)
@@ -326,8 +326,9 @@ void AddCommission(CLI::App& app, Request& request)
         ->check(CLI::Range(0, 1 << 30));
     command->add_option("--exposure", options->exposure, "Exposure time in microseconds; the present one without it");
     command->add_option("--gain", options->gain, "Gain; the present one without it");
-    command->callback([options, &request]
-                      { request.action = [options, &request] { return Commissioning(*options).Run(request); }; });
+    command->callback(
+        [options, &request]
+        { request.action = [options, &request] { return Commissioning(*options, request.adapter).Run(request); }; });
 }
 
 } // namespace CommandLine

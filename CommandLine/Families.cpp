@@ -3,6 +3,7 @@
 #include "ColumnMaskTable.h"
 #include "DefectRectangleTable.h"
 #include "DpcAdapterOstrel.h"
+#include "DpcAdapterQuorsalinWithPython.h"
 #include "DpcAdapterTamorinPro.h"
 #include "DpcFileOstrel.h"
 #include "DpcFileRivoU.h"
@@ -91,6 +92,21 @@ KTR::DPC::SensorDefectList DecodeTamorinPro(const std::vector<std::uint8_t>& byt
     return KTR::DPC::DpcAdapterTamorinPro::getSensorDefectsListFromRawData(bytes);
 }
 
+std::vector<std::uint8_t> EncodeFlash(const KTR::DPC::SensorDefectList& defects, const SensorDescription& sensor,
+                                      const Conditions&)
+{
+    KTR::DPC::CameraInfo info;
+    info.sensorType = sensor.sensorType;
+    info.sensorWidth = sensor.width;
+    info.sensorHeight = sensor.height;
+    return KTR::DPC::DpcAdapterQuorsalinWithPython::CreateBinaryDefectFile(defects, info);
+}
+
+KTR::DPC::SensorDefectList DecodeFlash(const std::vector<std::uint8_t>& bytes, const SensorDescription&)
+{
+    return KTR::DPC::DpcAdapterQuorsalinWithPython::DecodeBinaryDefectFile(bytes);
+}
+
 const std::vector<Family>& Families()
 {
     using Type = KTR::DPC::SensorDefectType;
@@ -98,6 +114,7 @@ const std::vector<Family>& Families()
         {"ostrel", {Type::Pixel, Type::Row, Type::PixelRow}, EncodeOstrel, DecodeOstrel},
         {"rivo-u", {Type::Pixel, Type::Row, Type::PixelRow}, EncodeRivoU, DecodeRivoU},
         {"tamorin-pro", {Type::Pixel}, EncodeTamorinPro, DecodeTamorinPro},
+        {"flash", {Type::Pixel}, EncodeFlash, DecodeFlash},
         {"load-defects", {Type::Pixel, Type::PixelColumn, Type::Column}, EncodeLoadDefects, DecodeLoadDefects},
         {"established-gige", {Type::Pixel}, EncodeEstablishedGigE, DecodeEstablishedGigE},
     };

@@ -27,7 +27,7 @@ struct Options
 
 ExitStatus Write(const Options& options, const Request& request)
 {
-    CameraSession session(options.camera);
+    CameraSession session(options.camera, request.adapter);
     const boost::shared_ptr<KTR::DPC::DpcAdapter> adapter = session.Adapter();
     const auto set = FindSet(adapter->GetAvailableCorrectionSetsWithMetadata(), options.set);
     const QVector<DefectInfo> list = LoadPixelList(options.file, static_cast<int>(adapter->GetSensorWidth()),

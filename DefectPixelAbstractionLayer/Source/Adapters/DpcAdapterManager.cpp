@@ -4,6 +4,7 @@
 #include "DpcAdapterEstablishedGigE.h"
 #include "DpcAdapterLoadDefects.h"
 #include "DpcAdapterOstrel.h"
+#include "DpcAdapterQuorsalinWithPython.h"
 #include "DpcAdapterRivoU.h"
 #include "DpcAdapterTamorinPro.h"
 
@@ -138,10 +139,9 @@ DpcAdapterManager::loadDefectsAdapterCreator(const boost::shared_ptr<CameraAbstr
     return boost::make_shared<DpcAdapterLoadDefects>(camera);
 }
 
-boost::shared_ptr<DpcAdapter>
-DpcAdapterManager::quorsalinWithPython(const boost::shared_ptr<CameraAbstraction>& /*camera*/)
+boost::shared_ptr<DpcAdapter> DpcAdapterManager::quorsalinWithPython(const boost::shared_ptr<CameraAbstraction>& camera)
 {
-    return nullptr;
+    return boost::make_shared<DpcAdapterQuorsalinWithPython>(camera);
 }
 
 } // namespace KTR::DPC

@@ -23,7 +23,7 @@ struct FirmwareServices
     FaultPlan& faults;
     // The sensor's faults as the factory could know them. Makes the sensor when it is not there yet.
     std::function<const std::vector<PixelFault>&()> sensorFaults;
-    // To be called when the pixels that HiddenPixels names may have changed.
+    // To be called when what Correction would make may have changed.
     std::function<void()> correctionChanged;
 };
 
@@ -60,7 +60,12 @@ public:
     virtual void BeginFrame(double /*exposureUs*/) {}
 
     // The pixels that are to be hidden now, in sensor coordinates.
-    virtual std::vector<PixelPosition> HiddenPixels(Mirroring mirroring) const = 0;
+    virtual std::vector<PixelPosition> HiddenPixels(Mirroring /*mirroring*/) const { return {}; }
+    // What is done to frames now. The camera chooses the neighbours, unless the family's tables do.
+    virtual CorrectionMap Correction(const SensorConfig& sensor, Mirroring mirroring) const
+    {
+        return {sensor.width, sensor.height, sensor.filter, HiddenPixels(mirroring)};
+    }
 
     // Camera memory. The vector's size is the number of bytes to move.
     virtual ZltErrorType ReadMemory(std::uint64_t, std::vector<unsigned char>&) { return ZltErrorNotSupported; }

@@ -1,6 +1,7 @@
 // The firmwares by name: a new family adds one line.
 #include "Firmware/FirmwareList.h"
 
+#include "Firmware/Flash/FlashFirmware.h"
 #include "Firmware/Mask/MaskFirmware.h"
 #include "Firmware/Ostrel/OstrelFirmware.h"
 #include "Firmware/Plain/PlainFirmware.h"
@@ -28,6 +29,7 @@ constexpr std::array Kinds = {
     FirmwareKind{"rectangle-mask", "Rivo", &Make<RectangleMaskFirmware>},
     FirmwareKind{"rectangle-mask-mode", "Rivo", &Make<RectangleMaskModeFirmware>},
     FirmwareKind{"column-mask", "Dreli", &Make<ColumnMaskFirmware>},
+    FirmwareKind{"flash", "Quorsalin", &Make<FlashFirmware>},
     FirmwareKind{"tamorin-pro", "Tamorin Pro", &Make<TamorinProFirmware>},
 };
 

@@ -69,12 +69,20 @@ void ReadSensor(JsonReader& reader, SensorConfig& sensor)
     reader.Read("darkFrameFile", sensor.darkFrameFile);
     reader.Read("darkFrameExposure", sensor.darkFrameExposureUs);
     reader.Read("darkCurrent", sensor.darkCurrent);
+    reader.Read("longestRun", sensor.longestRun);
     sensor.filter = ParseFilter(reader, filter);
     sensor.scene = scene == "chart" ? SceneKind::Chart : SceneKind::Bench;
     if (scene != "chart" && scene != "bench")
     {
         reader.Refuse("scene");
     }
+}
+
+void ReadTime(JsonReader& reader, const char* key, std::chrono::milliseconds& time)
+{
+    auto number = static_cast<std::uint32_t>(time.count());
+    reader.Read(key, number);
+    time = std::chrono::milliseconds(number);
 }
 
 // What sets this camera apart from others of its model.
@@ -108,9 +116,11 @@ void CheckNumbers(const JsonReader& reader, const CameraConfig& config)
         {"sizeIncrement", increment >= 1 && increment <= SmallestSensor && (increment & (increment - 1)) == 0},
         {"darkFrameExposure", config.sensor.darkFrameExposureUs > 0.0},
         {"darkCurrent", config.sensor.darkCurrent >= 0.0 && config.sensor.darkCurrent <= 1000.0},
+        {"longestRun", config.sensor.longestRun >= 5 && config.sensor.longestRun <= LargestSensor},
         {"frameRate", config.frameRate >= 1.0 && config.frameRate <= 10'000.0},
         {"blockSize", config.blockSize >= 1 && config.blockSize <= 65'536},
         {"fileSizeMax", config.fileSizeMax >= 1 && config.fileSizeMax <= (64U << 20)},
+        {"flashTime", config.flashTime <= LongestRestart},
         {"restartTime", config.restartTime <= LongestRestart}};
     for (const auto& [key, good] : fits)
     {
@@ -151,9 +161,8 @@ CameraConfig ParseCamera(const nlohmann::json& json)
     reader.Read("frameRate", config.frameRate);
     reader.Read("blockSize", config.blockSize);
     reader.Read("fileSizeMax", config.fileSizeMax);
-    auto restartTime = static_cast<std::uint32_t>(config.restartTime.count());
-    reader.Read("restartTime", restartTime);
-    config.restartTime = std::chrono::milliseconds(restartTime);
+    ReadTime(reader, "flashTime", config.flashTime);
+    ReadTime(reader, "restartTime", config.restartTime);
     if (const nlohmann::json* const faults = reader.Find("faults"))
     {
         config.faults = ParseFaultRules(faults->dump());
@@ -223,7 +232,18 @@ std::vector<CameraConfig> BuiltInRig()
     tamorin.sensor.darkCurrent = 8.0;
     tamorin.temperatureControl = true;
     tamorin.nonuniformityCorrection = true;
-    return {mono, colour, plain, thermal, odd, rivoU, rectangles, rectanglesMode, columns, tamorin};
+    CameraConfig flash = BuiltIn("SIM-FLASH-M1", "Quorsalin P-310m", "50-0011", 640, 480);
+    flash.firmware = "flash";
+    flash.sensor.seed = 311; // no whole row is hot: such a pixel has no neighbour to stand in for it
+    flash.sensor.longestRun = 8;
+
+    CameraConfig flashColour = BuiltIn("SIM-FLASH-C1", "Quorsalin P-1300c", "50-0012", 1280, 1024);
+    flashColour.firmware = "flash";
+    flashColour.sensor.seed = 1301;
+    flashColour.sensor.filter = ColorFilter::BayerGR;
+    flashColour.sensor.longestRun = 8;
+    flashColour.frameRate = 30.0;
+    return {mono, colour, plain, thermal, odd, rivoU, rectangles, rectanglesMode, columns, tamorin, flash, flashColour};
 }
 
 std::vector<CameraConfig> ParseRig(const std::string& text)

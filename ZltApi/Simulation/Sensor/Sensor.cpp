@@ -110,7 +110,7 @@ void Sensor::LoadDarkSignal()
 {
     if (m_config.darkFrameFile.empty())
     {
-        m_faults = SeedFaults(m_config.width, m_config.height, m_config.seed);
+        m_faults = SeedFaults(m_config.width, m_config.height, m_config.seed, m_config.longestRun);
         for (const PixelFault& fault : m_faults)
         {
             m_dark[static_cast<std::size_t>(fault.y) * m_config.width + fault.x] += static_cast<float>(fault.signal);

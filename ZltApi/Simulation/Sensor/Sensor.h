@@ -38,6 +38,7 @@ struct SensorConfig
     // scales from there.
     double darkFrameExposureUs = 1'000'000.0;
     SceneKind scene = SceneKind::Bench;
+    std::uint32_t longestRun = LongestRun; // of faulty pixels in a row, but for whole rows
     double darkCurrent = 1.0; // times that of an ordinary sensor; sensors that are made to be cooled have more
 };
 
