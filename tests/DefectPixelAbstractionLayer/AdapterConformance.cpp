@@ -98,7 +98,8 @@ void checkKinds(Bench& bench)
         bench.expect(bench.adapter->IsCorrectionSetValid(bench.set, {bench.samples.front(), defect}) == storable,
                      "IsCorrectionSetValid: not by the kinds of GetAvailableDefectTypes");
     }
-    bench.expect(bench.adapter->IsCorrectionSetValid(bench.set, {}), "IsCorrectionSetValid: an empty list is valid");
+    bench.expect(bench.adapter->IsCorrectionSetValid(bench.set, {}) == bench.tested.storesNothing,
+                 "IsCorrectionSetValid: an empty list is valid where it can be stored");
 }
 
 void checkErasing(Bench& bench)
@@ -116,6 +117,12 @@ void checkStore(Bench& bench)
     bench.expect(adapter.IsSpaceSufficient(bench.set, bench.samples), "IsSpaceSufficient: a few defects fit");
     for (const auto& list : {bench.samples, SensorDefectList{bench.samples.back()}, SensorDefectList{}})
     {
+        if (list.empty() && !bench.tested.storesNothing)
+        {
+            bench.expect(!FailureOf([&] { adapter.WriteCorrectionSet(bench.set, list); }).empty(),
+                         "WriteCorrectionSet: takes an empty list");
+            continue;
+        }
         adapter.WriteCorrectionSet(bench.set, list);
         bench.expect(same(bench.stored(), list), "WriteCorrectionSet: other defects are read back");
     }
@@ -169,6 +176,12 @@ std::vector<std::string> adapterViolations(const AdapterCase& adapterCase)
             checkFailures(adapterCase, violations, "ReadCorrectionSet", [](Bench& bench) { bench.stored(); });
             checkFailures(adapterCase, violations, "WriteCorrectionSet",
                           [](Bench& bench) { bench.adapter->WriteCorrectionSet(bench.set, {bench.samples.front()}); });
+            Bench restored(adapterCase, violations);
+            if (restored.adapter->IsRestoreFactorySettingsAvailable(restored.set))
+            {
+                checkFailures(adapterCase, violations, "RestoreFactorySettings",
+                              [](Bench& bench) { bench.adapter->RestoreFactorySettings(bench.set); });
+            }
             if (adapterCase.erases)
             {
                 Bench bench(adapterCase, violations);

@@ -15,6 +15,7 @@ struct AdapterCase
     std::string writableSet;
     KTR::DPC::SensorDefectList samples; // every kind that the family stores, at least two defects
     bool erases = true;                 // some can only be emptied by an empty list
+    bool storesNothing = true;          // some take no empty list
 };
 
 // Empty for an adapter that keeps the contract; each violation begins with the operation's name.

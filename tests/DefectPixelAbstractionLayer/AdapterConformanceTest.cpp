@@ -4,8 +4,10 @@
 #include "DpcAdapterEstablishedGigE.h"
 #include "DpcAdapterLoadDefects.h"
 #include "DpcAdapterOstrel.h"
+#include "DpcAdapterQuorsalinWithPython.h"
 #include "DpcAdapterRivoU.h"
 #include "DpcAdapterTamorinPro.h"
+#include "FlashCamera.h"
 #include "MaskCamera.h"
 #include "OstrelCamera.h"
 #include "PixelColumnDefect.h"
@@ -59,6 +61,22 @@ AdapterCase tamorinProCase()
             [](const auto& camera) { return boost::make_shared<DpcAdapterTamorinPro>(camera); },
             "DPC_User_1",
             {boost::make_shared<PixelDefect>(3, 7), boost::make_shared<PixelDefect>(10, 3)}};
+}
+
+AdapterCase flashCase()
+{
+    AdapterCase flash;
+    flash.name = "Flash";
+    flash.makeCamera = [] { return boost::make_shared<FlashCamera>(); };
+    flash.makeAdapter = [](const auto& camera)
+    { return boost::make_shared<DpcAdapterQuorsalinWithPython>(camera, std::chrono::milliseconds(0)); };
+    flash.writableSet = "Defect Pixel List";
+    for (std::uint32_t x = 0; x < 300; x += 2) // more than a packet
+    {
+        flash.samples.push_back(boost::make_shared<PixelDefect>(x, 3));
+    }
+    flash.erases = flash.storesNothing = false; // there is only the way back to the factory's list
+    return flash;
 }
 
 struct LosesDefects final : DpcAdapterOstrel
@@ -115,7 +133,7 @@ TEST(AdapterConformance, IsKeptByAllAdapters)
     const auto rectangleCase = [&](const MemoryCamera::Names& entries)
     { return maskCase<DpcAdapterEstablishedGigE>(0x19300, "DefectMaskEnable", entries, pixels, true, types); };
     for (const auto& adapterCase :
-         {ostrelCase<DpcAdapterOstrel>(), rivoUCase(), tamorinProCase(), rectangleCase({}),
+         {ostrelCase<DpcAdapterOstrel>(), rivoUCase(), tamorinProCase(), flashCase(), rectangleCase({}),
           rectangleCase({"Off", "On"}),
           maskCase<DpcAdapterLoadDefects>(0x19108, "DefectMaskColumnEnable", {}, columns, false)})
     {

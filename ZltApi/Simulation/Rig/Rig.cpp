@@ -116,7 +116,7 @@ void CheckNumbers(const JsonReader& reader, const CameraConfig& config)
         {"sizeIncrement", increment >= 1 && increment <= SmallestSensor && (increment & (increment - 1)) == 0},
         {"darkFrameExposure", config.sensor.darkFrameExposureUs > 0.0},
         {"darkCurrent", config.sensor.darkCurrent >= 0.0 && config.sensor.darkCurrent <= 1000.0},
-        {"longestRun", config.sensor.longestRun >= 5 && config.sensor.longestRun <= LargestSensor},
+        {"longestRun", config.sensor.longestRun >= 1 && config.sensor.longestRun <= LargestSensor},
         {"frameRate", config.frameRate >= 1.0 && config.frameRate <= 10'000.0},
         {"blockSize", config.blockSize >= 1 && config.blockSize <= 65'536},
         {"fileSizeMax", config.fileSizeMax >= 1 && config.fileSizeMax <= (64U << 20)},
@@ -223,7 +223,8 @@ std::vector<CameraConfig> BuiltInRig()
 
     CameraConfig columns = BuiltIn("SIM-DRELI-M1", "Dreli G-1310", "50-0009", 1280, 1024);
     columns.firmware = "column-mask";
-    columns.sensor.seed = 1310;
+    columns.sensor.seed = 1311; // its table takes no two columns side by side
+    columns.sensor.longestRun = 1;
 
     CameraConfig tamorin = BuiltIn("SIM-TAMORIN-M1", "Tamorin Pro T-033m", "50-0010", 640, 512);
     tamorin.family = "Tamorin Pro";

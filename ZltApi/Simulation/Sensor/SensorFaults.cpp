@@ -63,10 +63,13 @@ public:
         const auto megapixels =
             static_cast<std::uint32_t>((static_cast<std::uint64_t>(m_width) * m_height) >> MegapixelShift);
         PlaceMany(LineParts, FaultKind::Hot, [this] { return Area{0, 0, 1, PartLength(m_height, LongestRun)}; });
-        PlaceMany(LineParts, FaultKind::Hot, [this] { return Area{0, 0, PartLength(m_width, m_longestRun), 1}; });
+        PlaceMany(m_longestRun < ShortestLinePart ? 0 : LineParts, FaultKind::Hot,
+                  [this] {
+                      return Area{0, 0, PartLength(m_width, m_longestRun), 1};
+                  });
         PlaceMany(1, FaultKind::Dead, [this] { return Area{0, 0, 1, PartLength(m_height, LongestRun)}; });
-        PlaceMany(1, FaultKind::Hot, [] { return Area{0, 0, 2, 2}; });
-        PlaceMany(Pairs, FaultKind::Hot, [] { return Area{0, 0, 2, 1}; });
+        PlaceMany(m_longestRun < 2 ? 0 : 1, FaultKind::Hot, [] { return Area{0, 0, 2, 2}; });
+        PlaceMany(m_longestRun < 2 ? 0 : Pairs, FaultKind::Hot, [] { return Area{0, 0, 2, 1}; });
         PlaceMany(Pairs, FaultKind::Hot, [] { return Area{0, 0, 1, 2}; });
         PlaceMany(HotSinglesBase + HotSinglesPerMegapixel * megapixels, FaultKind::Hot,
                   [] {

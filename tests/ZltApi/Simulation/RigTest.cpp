@@ -37,7 +37,7 @@ TEST(Rig, BuiltInCamerasOfEveryKind)
     {
         kinds.insert(config.firmware + (config.reverseX ? " x" : "") + (config.reverseY ? " y" : ""));
     }
-    EXPECT_EQ((std::set<std::string>{"column-mask", "ostrel x y", "ostrel x", "plain", "rectangle-mask",
+    EXPECT_EQ((std::set<std::string>{"column-mask", "flash", "ostrel x y", "ostrel x", "plain", "rectangle-mask",
                                      "rectangle-mask-mode x", "rivo-u x y", "tamorin-pro"}),
               kinds);
 }
@@ -65,6 +65,8 @@ TEST(Rig, RefusalsAreSentences)
         {camera(R"(, "filter": "Foveon")"), value("filter")},
         {camera(R"(, "darkCurrent": -1)"), value("darkCurrent")},
         {camera(R"(, "covered": 1)"), value("covered")},
+        {camera(R"(, "longestRun": 0)"), value("longestRun")},
+        {camera(R"(, "flashTime": 600001)"), value("flashTime")},
         {camera(R"(, "frameRate": 0)"), value("frameRate")},
         {camera(R"(, "faults": 7)"), "Faults are a JSON object or an array of objects."},
         {camera(R"(, "faults": {"code": 1, "when": 2})"), "A fault has the unknown key \"when\"."},

@@ -228,7 +228,7 @@ ZltErrorType FlashMemory::Erase()
 {
     if (m_activity == Activity::Erasing || m_activity == Activity::Processing)
     {
-        return ZltErrorInvalidAccess;
+        return m_activity == Activity::Erasing ? ZltErrorSuccess : ZltErrorInvalidAccess; // it is at it, or busy
     }
     m_error = 0;
     m_upload.clear();
