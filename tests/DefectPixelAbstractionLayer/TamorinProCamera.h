@@ -1,4 +1,4 @@
-// A camera of the Tamorin Pro family in memory, 640 x 512, with a factory's set and a user's set of one pixel.
+// A camera of the Tamorin Pro family in memory, 640 x 480, with a factory's set and a user's set of one pixel.
 #pragma once
 
 #include "Hex.h"
@@ -10,7 +10,7 @@ inline boost::shared_ptr<MemoryCamera> makeTamorinProCamera(std::uint64_t sizeMa
 {
     auto camera = boost::make_shared<MemoryCamera>();
     camera->features = {{"SensorWidth", {640, {}, {}, {}}},
-                        {"SensorHeight", {512, {}, {}, {}}},
+                        {"SensorHeight", {480, {}, {}, {}}},
                         {"FileSelector", {0, "UserData", {"UserData", "DPC_000", "DPC_User_1"}, {}}},
                         {"FileOperationSelector", {0, "Open", {"Open", "WriteDescription"}, {}}},
                         {"FileDescriptionBuffer", {}},
