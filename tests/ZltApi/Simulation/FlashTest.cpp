@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <string>
 #include <thread>
+#include <utility>
 
 namespace Simulation
 {
@@ -54,9 +55,10 @@ struct Host
     }
     ZltErrorType Write(std::uint64_t address, std::uint32_t value)
     {
-        return camera->WriteMemory(address,
-                                   {static_cast<unsigned char>(value >> 24), static_cast<unsigned char>(value >> 16),
-                                    static_cast<unsigned char>(value >> 8), static_cast<unsigned char>(value)});
+        Bytes bytes(4);
+        std::generate_n(bytes.rbegin(), 4,
+                        [&] { return static_cast<unsigned char>(std::exchange(value, value >> 8)); });
+        return camera->WriteMemory(address, bytes);
     }
     std::uint32_t Status() { return Read(0x1A0B0); }
     // The status after that one.
@@ -73,11 +75,12 @@ struct Host
         EXPECT_EQ(ZltErrorSuccess, Write(0x1A0B4, 1532604));
         return Write(0x1A0B4, command);
     }
-    ZltErrorType Send(std::size_t offset, const FileBytes& file, std::size_t size = 500)
+    ZltErrorType Send(std::size_t offset, const FileBytes& file)
     {
         Bytes packet{0, 0, static_cast<unsigned char>(offset >> 8), static_cast<unsigned char>(offset)};
-        const auto begin = file.begin() + static_cast<std::ptrdiff_t>(offset);
-        packet.insert(packet.end(), begin, begin + static_cast<std::ptrdiff_t>(std::min(size, file.size() - offset)));
+        const auto length = std::min<std::size_t>(500, file.size() - offset);
+        packet.insert(packet.end(), file.begin() + std::ptrdiff_t(offset),
+                      file.begin() + std::ptrdiff_t(offset + length));
         return camera->WriteMemory(0x1A100, packet);
     }
     std::uint32_t Upload(const FileBytes& file)
@@ -171,7 +174,6 @@ TEST(FlashCamera, WalksThroughItsStates)
         {"operation": "FlashErase", "call": 5, "hang": true}]})");
     Host host(rig.Opened());
     const FileBytes file = FileOf({3, 0, 7, 0, 0xEF, 0xF1, 0, 0});
-    EXPECT_NE(0U, host.Read(0x14000) & 1U << 22);
     EXPECT_EQ(8192U, host.Read(0x1A0A0));
     EXPECT_EQ(Host::Valid, host.Status()) << "as delivered";
     EXPECT_EQ(ZltErrorInvalidAccess, host.Write(0x1A0B4, 5)) << "without the code";
@@ -180,10 +182,7 @@ TEST(FlashCamera, WalksThroughItsStates)
     host.Write(0x1A0BC, 7);
     EXPECT_EQ(Host::Unavailable, host.Status());
     host.Write(0x1A0BC, 102101);
-    EXPECT_EQ(ZltErrorSuccess, host.Command(5));
-    EXPECT_EQ(Host::Erasing, host.Status());
-    EXPECT_EQ(ZltErrorSuccess, host.Command(5)) << "it is at it";
-    EXPECT_EQ(Host::Erased, host.After(Host::Erasing));
+    EXPECT_EQ(Host::Erased, host.Erase());
     EXPECT_EQ(ZltErrorInvalidAccess, host.Send(0, file)) << "nothing was announced";
     EXPECT_EQ(Host::Valid, host.Upload(file));
     EXPECT_EQ(file.size(), host.Read(0x1A0A4));
@@ -199,15 +198,14 @@ TEST(FlashCamera, WalksThroughItsStates)
     host.Erase();
     EXPECT_EQ(Host::ProcessingError, host.Upload(file)) << "a fault";
     EXPECT_EQ(Host::EraseError, host.Erase()) << "a fault";
-    EXPECT_EQ(ZltErrorSuccess, host.Write(0x1A0B4, 6));
-    EXPECT_EQ(Host::Erased, host.Status());
+    host.Write(0x1A0B4, 6);
     EXPECT_EQ(Host::Invalid, host.Upload(FileOf({3, 0, 7, 0, 0xEF, 0xF3, 0, 0})));
     host.Erase();
     host.Write(0x1A0AC, static_cast<std::uint32_t>(file.size()));
     host.Command(2);
-    EXPECT_EQ(ZltErrorSuccess, host.Send(0, file));
+    host.Send(0, file);
     EXPECT_EQ(Host::Uploading, host.Status());
-    EXPECT_EQ(ZltErrorSuccess, host.Send(1000, file));
+    host.Send(1000, file);
     EXPECT_EQ(Host::ProcessingError, host.Status()) << "a packet is missing";
     EXPECT_EQ(ZltErrorSuccess, host.camera->Close());
     host = Host(rig.Opened());
