@@ -111,6 +111,7 @@ bool NeighborByteEncoding::Generate1DNbEncodingFromDefectList()
     }
     const std::vector<Place> places = sortedPlaces(m_defects);
     std::vector<std::uint32_t> keys; // each once
+    keys.reserve(places.size());
     for (const Place& place : places)
     {
         if (keys.empty() || keys.back() != place.key)
@@ -170,20 +171,17 @@ template <typename Condition> std::vector<PixelCoords> NeighborByteEncoding::rem
 {
     std::vector<PixelCoords> removed;
     std::vector<std::uint32_t> keys;
-    std::vector<DefectivePixelInfo> kept;
-    for (const DefectivePixelInfo& info : m_result)
+    const auto note = [&](const DefectivePixelInfo& info)
     {
-        if (condition(info))
+        const bool isRemoved = condition(info);
+        if (isRemoved)
         {
             removed.push_back({info.GetRow(), info.GetColumn()});
             keys.push_back(keyOf(removed.back()));
         }
-        else
-        {
-            kept.push_back(info);
-        }
-    }
-    m_result = std::move(kept);
+        return isRemoved;
+    };
+    m_result.erase(std::remove_if(m_result.begin(), m_result.end(), note), m_result.end());
     if (!keys.empty())
     {
         std::sort(keys.begin(), keys.end());
