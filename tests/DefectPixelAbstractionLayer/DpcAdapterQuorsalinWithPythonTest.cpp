@@ -47,11 +47,11 @@ TEST_F(FlashAdapter, TalksToTheCameraInOneOrder)
         return calls + call + " 108,";
     };
     const std::string reading = start + download + packets("ReadMemory 1aa00");
+    const std::string writing = status + upload + packets("WriteMemory 1a100") + status + status + status + reading;
     for (const auto& ahead : {std::string(), erase}) // nothing is erased twice
     {
-        EXPECT_EQ(talk([&] { adapter.WriteCorrectionSet(set, one); }), support + select + start + ahead + status +
-                                                                           upload + packets("WriteMemory 1a100") +
-                                                                           status + status + status + reading);
+        const std::string expected = boost::algorithm::join(std::vector{support, select, start, ahead, writing}, "");
+        EXPECT_EQ(talk([&] { adapter.WriteCorrectionSet(set, one); }), expected);
     }
     EXPECT_EQ(talk([&] { EXPECT_EQ(text(adapter.ReadCorrectionSet(set)), "P7,3 "); }), support + reading);
     camera->flash[User].clear();
