@@ -12,6 +12,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <iterator>
 
 namespace CommandLine
 {
@@ -148,7 +149,11 @@ void AddSensorSize(CLI::App& command, SensorDescription& sensor)
 
 std::vector<std::string> FamilyNames()
 {
-    return {"ostrel", "rivo-u", "tamorin-pro", "flash", "load-defects", "established-gige"};
+    std::vector<std::string> names;
+    const std::vector<Family>& families = Families();
+    std::transform(families.begin(), families.end(), std::back_inserter(names),
+                   [](const Family& family) { return family.name; });
+    return names;
 }
 
 const Family& FindFamily(const std::string& name)
@@ -158,8 +163,7 @@ const Family& FindFamily(const std::string& name)
                                      [&name](const Family& candidate) { return candidate.name == name; });
     if (family == families.end())
     {
-        throw KTR::System::Exception("The on-camera form of family \"" + name + "\" is not supported by this version.",
-                                     true);
+        throw KTR::System::Exception("There is no family \"" + name + "\".", true);
     }
     return *family;
 }

@@ -57,7 +57,7 @@ void AddSensorSize(CLI::App& command, SensorDescription& sensor);
 // Names that the command line takes.
 std::vector<std::string> FamilyNames();
 
-// Throws KTR::System::Exception for a family whose form this version does not know.
+// Throws KTR::System::Exception for a name that is none of FamilyNames.
 const Family& FindFamily(const std::string& name);
 
 } // namespace CommandLine
