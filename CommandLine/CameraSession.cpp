@@ -1,6 +1,7 @@
 #include "CameraSession.h"
 
 #include "DpcAdapterManager.h"
+#include "DpcAdapterQuorsalinWithPython.h"
 #include "Exception.h"
 #include "ZltCamera.h"
 
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <chrono>
 #include <thread>
+#include <utility>
 
 namespace CommandLine
 {
@@ -18,6 +20,7 @@ namespace
 
 // A camera takes a few seconds to restart; the slowest ones renew their network address first.
 constexpr auto RestartTimeout = std::chrono::seconds(60);
+constexpr const char* FlashAdapter = "flash";
 constexpr auto RestartPollInterval = std::chrono::milliseconds(50);
 
 ZltApi::CameraPtr FindOrNull(ApiController& api, const std::string& id)
@@ -60,7 +63,10 @@ ZltApi::CameraPtr ApiSession::Find(const std::string& id)
     return camera;
 }
 
-CameraSession::CameraSession(const std::string& id) : m_id(id), m_camera(m_session.Find(id))
+CameraSession::CameraSession(const std::string& id, std::string adapter)
+    : m_id(id),
+      m_adapter(std::move(adapter)),
+      m_camera(m_session.Find(id))
 {
     Open();
 }
@@ -92,6 +98,10 @@ boost::shared_ptr<KTR::DPC::CameraAbstraction> CameraSession::Abstraction() cons
 boost::shared_ptr<KTR::DPC::DpcAdapter> CameraSession::Adapter() const
 {
     const boost::shared_ptr<KTR::DPC::CameraAbstraction> camera = Abstraction();
+    if (m_adapter == FlashAdapter)
+    {
+        return boost::make_shared<KTR::DPC::DpcAdapterQuorsalinWithPython>(camera);
+    }
     boost::shared_ptr<KTR::DPC::DpcAdapter> adapter;
     if (KTR::DPC::DpcAdapterManager::IsCompatible(camera))
     {
@@ -132,6 +142,11 @@ void CameraSession::Restart()
     throw KTR::System::Exception("Camera " + m_id + (hasLeft ? " did not come back" : " did not leave") +
                                      " within a minute of its restart.",
                                  true);
+}
+
+std::vector<std::string> AdapterNames()
+{
+    return {FlashAdapter};
 }
 
 boost::shared_ptr<KTR::DPC::CorrectionSet> FindSet(const std::vector<boost::shared_ptr<KTR::DPC::CorrectionSet>>& sets,

@@ -36,7 +36,8 @@ private:
 class CameraSession
 {
 public:
-    explicit CameraSession(const std::string& id);
+    // The adapter is one of AdapterNames, or empty: then the camera's own names choose it.
+    explicit CameraSession(const std::string& id, std::string adapter = {});
     ~CameraSession();
     CameraSession(const CameraSession&) = delete;
     CameraSession& operator=(const CameraSession&) = delete;
@@ -55,9 +56,13 @@ private:
     void Open();
 
     std::string m_id;
+    std::string m_adapter;
     ApiSession m_session;
     ZltApi::CameraPtr m_camera;
 };
+
+// Families that no name of a camera chooses.
+std::vector<std::string> AdapterNames();
 
 // The adapter's set of that name. Throws KTR::System::Exception when there is none.
 boost::shared_ptr<KTR::DPC::CorrectionSet> FindSet(const std::vector<boost::shared_ptr<KTR::DPC::CorrectionSet>>& sets,

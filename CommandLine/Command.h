@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 namespace CLI
 {
@@ -22,7 +23,8 @@ enum ExitStatus
 // What the command line asked for. A sub-command sets the action while the line is parsed; it runs after that.
 struct Request
 {
-    bool json = false; // print one JSON document instead of text
+    bool json = false;   // print one JSON document instead of text
+    std::string adapter; // a name of AdapterNames; empty: as the camera's own names tell
     std::function<ExitStatus()> action;
 };
 

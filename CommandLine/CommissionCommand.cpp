@@ -4,6 +4,7 @@
 #include "Command.h"
 #include "DefectOutput.h"
 #include "Detection.h"
+#include "Families.h"
 #include "FrameGrabber.h"
 #include "SettingsKeeper.h"
 #include "Upload.h"
@@ -48,9 +49,9 @@ void Progress(const std::string& text)
 class Commissioning
 {
 public:
-    explicit Commissioning(const Options& options)
+    Commissioning(const Options& options, const std::string& adapter)
         : m_options(options),
-          m_session(options.camera),
+          m_session(options.camera, adapter),
           m_camera(m_session.Abstraction()),
           m_adapter(m_session.Adapter()),
           m_settings(*m_camera)
@@ -100,6 +101,7 @@ private:
         Progress("Switching the correction off and taking a dark frame...");
         const QImage dark = GrabWithCorrection(false);
         m_frameSize = dark.size();
+        m_conditions = PresentConditions();
 
         Progress("Searching defective pixels...");
         std::vector<int> types;
@@ -119,7 +121,7 @@ private:
 
         Progress((boost::format("Writing %1% defects into correction set \"%2%\"...") % m_found.size() % m_options.set)
                      .str());
-        const UploadResult upload = Upload(*m_adapter, FindSet(Sets(), m_options.set), {}, m_found);
+        const UploadResult upload = Upload(*m_adapter, FindSet(Sets(), m_options.set), Metadata(m_conditions), m_found);
         m_written = static_cast<int>(upload.readBack.size());
         m_equal = upload.equal;
         if (NeedsRestart())
@@ -156,6 +158,25 @@ private:
         SelectEightBitFormat(*m_camera);
         m_adapter->SetCorrectionSetEnabled(FindSet(Sets(), m_options.set), on);
         return GrabFrame(m_session.Api(), *m_camera, SettlingFrames);
+    }
+
+    // What the camera tells about the present state. Only some families keep it, so that nothing here is a failure.
+    Conditions PresentConditions()
+    {
+        const auto read = [this](const char* name) -> std::optional<double>
+        {
+            try
+            {
+                return HasFeature(*m_camera, name) ? std::optional(m_camera->GetFeatureDoubleValue(name))
+                                                   : std::nullopt;
+            }
+            catch (const KTR::System::Exception&)
+            {
+                return std::nullopt;
+            }
+        };
+        const std::optional<double> exposure = read("ExposureTime");
+        return {read("Gain"), exposure ? exposure : read("ExposureTimeAbs"), read("DeviceTemperature")};
     }
 
     // Sets the first of the features that the camera has, when a value was asked for.
@@ -280,6 +301,7 @@ private:
     boost::shared_ptr<KTR::DPC::DpcAdapter> m_adapter;
     SettingsKeeper m_settings;
     QSize m_frameSize;
+    Conditions m_conditions; // of the frame with the defects
     QVector<DefectInfo> m_found;
     std::vector<bool> m_isHidden; // of each found defect, once judged
     int m_written = 0;
@@ -304,8 +326,9 @@ void AddCommission(CLI::App& app, Request& request)
         ->check(CLI::Range(0, 1 << 30));
     command->add_option("--exposure", options->exposure, "Exposure time in microseconds; the present one without it");
     command->add_option("--gain", options->gain, "Gain; the present one without it");
-    command->callback([options, &request]
-                      { request.action = [options, &request] { return Commissioning(*options).Run(request); }; });
+    command->callback(
+        [options, &request]
+        { request.action = [options, &request] { return Commissioning(*options, request.adapter).Run(request); }; });
 }
 
 } // namespace CommandLine

@@ -8,6 +8,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -37,6 +38,9 @@ struct Conditions
     std::optional<double> temperatureC;
 };
 
+// Those that are known, under the keys of a correction set's metadata.
+std::map<std::string, double> Metadata(const Conditions& conditions);
+
 // One family's way of holding its defects. Both functions throw KTR::System::Exception.
 struct Family
 {
@@ -53,7 +57,7 @@ void AddSensorSize(CLI::App& command, SensorDescription& sensor);
 // Names that the command line takes.
 std::vector<std::string> FamilyNames();
 
-// Throws KTR::System::Exception for a family whose form this version does not know.
+// Throws KTR::System::Exception for a name that is none of FamilyNames.
 const Family& FindFamily(const std::string& name);
 
 } // namespace CommandLine

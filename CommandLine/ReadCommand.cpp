@@ -22,7 +22,7 @@ struct Options
 
 ExitStatus Read(const Options& options, const Request& request)
 {
-    CameraSession session(options.camera);
+    CameraSession session(options.camera, request.adapter);
     const boost::shared_ptr<KTR::DPC::DpcAdapter> adapter = session.Adapter();
     const auto set = FindSet(adapter->GetAvailableCorrectionSets(), options.set);
     PrintDefects(ToPixelList(*adapter, adapter->ReadCorrectionSet(set)), options.output, request);

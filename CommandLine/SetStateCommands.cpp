@@ -42,9 +42,9 @@ struct Options
     std::string set;
 };
 
-ExitStatus Run(const SetAction& action, const Options& options)
+ExitStatus Run(const SetAction& action, const Options& options, const Request& request)
 {
-    CameraSession session(options.camera);
+    CameraSession session(options.camera, request.adapter);
     const boost::shared_ptr<DpcAdapter> adapter = session.Adapter();
     action.run(*adapter, FindSet(adapter->GetAvailableCorrectionSets(), options.set));
     return Done;
@@ -60,8 +60,9 @@ void AddSetStates(CLI::App& app, Request& request)
         CLI::App* command = app.add_subcommand(action.name, action.description);
         command->add_option("CAMERA", options->camera, "Camera ID")->required();
         command->add_option("SET", options->set, "Correction set")->required();
-        command->callback([options, &action, &request]
-                          { request.action = [options, &action] { return Run(action, *options); }; });
+        command->callback(
+            [options, &action, &request]
+            { request.action = [options, &action, &request] { return Run(action, *options, request); }; });
     }
 }
 

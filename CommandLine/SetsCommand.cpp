@@ -44,7 +44,7 @@ std::optional<bool> IsEmpty(KTR::DPC::DpcAdapter& adapter, const boost::shared_p
 
 ExitStatus List(const std::string& cameraId, const Request& request)
 {
-    CameraSession session(cameraId);
+    CameraSession session(cameraId, request.adapter);
     const boost::shared_ptr<KTR::DPC::DpcAdapter> adapter = session.Adapter();
     const std::string defaultName = adapter->GetDefaultCorrectionSet()->getName();
     const auto word = [](bool state) { return state ? "yes" : "no"; };

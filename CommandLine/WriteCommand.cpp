@@ -3,13 +3,13 @@
 #include "CameraSession.h"
 #include "Command.h"
 #include "DefectOutput.h"
+#include "Families.h"
 #include "Upload.h"
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
 #include <iostream>
-#include <optional>
 
 namespace CommandLine
 {
@@ -22,30 +22,19 @@ struct Options
     std::string camera;
     std::string set;
     std::string file;
-    std::optional<double> gain;
-    std::optional<double> exposure;
-    std::optional<double> temperature;
+    Conditions conditions;
 };
 
 ExitStatus Write(const Options& options, const Request& request)
 {
-    CameraSession session(options.camera);
+    CameraSession session(options.camera, request.adapter);
     const boost::shared_ptr<KTR::DPC::DpcAdapter> adapter = session.Adapter();
     const auto set = FindSet(adapter->GetAvailableCorrectionSetsWithMetadata(), options.set);
     const QVector<DefectInfo> list = LoadPixelList(options.file, static_cast<int>(adapter->GetSensorWidth()),
                                                    static_cast<int>(adapter->GetSensorHeight()));
-    std::map<std::string, double> metadata;
-    for (const auto& [key, value] : {std::pair{"Gain", options.gain}, std::pair{"ExposureTime", options.exposure},
-                                     std::pair{"Temperature", options.temperature}})
-    {
-        if (value)
-        {
-            metadata[key] = *value;
-        }
-    }
     std::cerr << "Writing " << list.size() << " defects into \"" << options.set << "\" of " << options.camera
               << "...\n";
-    const UploadResult result = Upload(*adapter, set, metadata, list);
+    const UploadResult result = Upload(*adapter, set, Metadata(options.conditions), list);
     if (request.json)
     {
         std::cout << nlohmann::ordered_json{{"written", result.written.size()},
@@ -76,9 +65,11 @@ void AddWrite(CLI::App& app, Request& request)
     command->add_option("CAMERA", options->camera, "Camera ID")->required();
     command->add_option("SET", options->set, "Correction set")->required();
     command->add_option("FILE", options->file, "Pixel list XML")->required();
-    command->add_option("--gain", options->gain, "Gain at which the list was made, for families that keep it");
-    command->add_option("--exposure", options->exposure, "Exposure time in microseconds, likewise");
-    command->add_option("--temperature", options->temperature, "Sensor temperature in degrees Celsius, likewise");
+    command->add_option("--gain", options->conditions.gain,
+                        "Gain at which the list was made, for families that keep it");
+    command->add_option("--exposure", options->conditions.exposureUs, "Exposure time in microseconds, likewise");
+    command->add_option("--temperature", options->conditions.temperatureC,
+                        "Sensor temperature in degrees Celsius, likewise");
     command->callback([options, &request]
                       { request.action = [options, &request] { return Write(*options, request); }; });
 }

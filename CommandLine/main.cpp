@@ -1,5 +1,6 @@
 // The batch tool: everything that the window does with a camera, for scripts and production lines.
 
+#include "CameraSession.h"
 #include "Command.h"
 
 #include "Exception.h"
@@ -84,6 +85,9 @@ int main(int argc, char** argv)
     app.set_version_flag("--version", std::string("lorvane-cli ") + LORVANE_VERSION);
     CommandLine::Request request;
     app.add_flag("--json", request.json, "Print one JSON document instead of text");
+
+    app.add_option("--adapter", request.adapter, "Family of the camera, for cameras whose own names do not tell it")
+        ->check(CLI::IsMember(CommandLine::AdapterNames()));
 
     CommandLine::AddCameras(app, request);
     CommandLine::AddFeatures(app, request);

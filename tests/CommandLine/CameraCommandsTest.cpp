@@ -34,7 +34,8 @@ TEST_F(CameraCommands, ListsTheCameras)
     EXPECT_EQ(outcome.status, 0) << outcome.err.toStdString();
     EXPECT_EQ(outcome.out.toStdString(), "MONO\tOSTREL S-1m\t1\tOSTREL\tdpc\tfree\n"
                                          "COLOUR\tOSTREL S-2c\t2\tOSTREL\tdpc\tfree\n"
-                                         "PLAIN\tVesk P\t3\tVesk\tno-dpc\tfree\n");
+                                         "PLAIN\tVesk P\t3\tVesk\tno-dpc\tfree\n"
+                                         "TAMORIN\tTamorin Pro T\t4\tTamorin Pro\tdpc\tfree\n");
     const auto json = nlohmann::json::parse(Cli({"cameras", "--json"}).out.toStdString());
     EXPECT_EQ(json[2]["dpc"], "no-dpc");
 

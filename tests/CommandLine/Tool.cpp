@@ -25,7 +25,9 @@ void ToolTest::WriteRig(const QString& faults)
         {"id": "COLOUR", "model": "OSTREL S-2c", "serial": "2", "firmware": "ostrel", "width": 352, "height": 288,
          "filter": "BayerRG", "seed": 5, "reverseX": true, "restartTime": 100, "userReadFailsWhenEmpty": true,
          "frameRate": 60},
-        {"id": "PLAIN", "model": "Vesk P", "serial": "3", "firmware": "plain", "width": 64, "height": 48}]})")
+        {"id": "PLAIN", "model": "Vesk P", "serial": "3", "firmware": "plain", "width": 64, "height": 48},
+        {"id": "TAMORIN", "model": "Tamorin Pro T", "serial": "4", "firmware": "tamorin-pro", "width": 320, "height": 240,
+         "seed": 3, "restartTime": 100}]})")
                    .arg(faults)
                    .toUtf8());
 }

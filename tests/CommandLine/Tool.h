@@ -20,7 +20,8 @@ struct Outcome
 };
 
 // Each test has an empty state folder and a rig of small cameras: "MONO" (320 x 240, mirrors both ways), "COLOUR"
-// (Bayer RG, 352 x 288, an empty user file cannot be read) and "PLAIN", without correction.
+// (Bayer RG, 352 x 288, an empty user file cannot be read) "PLAIN", without correction, and "TAMORIN" with numbered
+// datasets.
 class ToolTest : public testing::Test
 {
 protected:

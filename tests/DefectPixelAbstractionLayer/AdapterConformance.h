@@ -14,6 +14,8 @@ struct AdapterCase
     std::function<boost::shared_ptr<KTR::DPC::DpcAdapter>(const boost::shared_ptr<MemoryCamera>&)> makeAdapter;
     std::string writableSet;
     KTR::DPC::SensorDefectList samples; // every kind that the family stores, at least two defects
+    bool erases = true;                 // some can only be emptied by an empty list
+    bool storesNothing = true;          // some take no empty list
 };
 
 // Empty for an adapter that keeps the contract; each violation begins with the operation's name.

@@ -1,9 +1,20 @@
 // All adapters under the common contract, and broken ones that it must reject.
 #include "AdapterConformance.h"
+#include "ColumnDefect.h"
+#include "DpcAdapterEstablishedGigE.h"
+#include "DpcAdapterLoadDefects.h"
 #include "DpcAdapterOstrel.h"
+#include "DpcAdapterQuorsalinWithPython.h"
+#include "DpcAdapterRivoU.h"
+#include "DpcAdapterTamorinPro.h"
+#include "FlashCamera.h"
+#include "MaskCamera.h"
 #include "OstrelCamera.h"
+#include "PixelColumnDefect.h"
+#include "PixelDefect.h"
 #include "PixelRowDefect.h"
 #include "RowDefect.h"
+#include "TamorinProCamera.h"
 
 #include <gmock/gmock.h>
 
@@ -19,6 +30,53 @@ template <typename Adapter> AdapterCase ostrelCase()
             [](const auto& camera) { return boost::make_shared<Adapter>(camera); },
             "User",
             {boost::make_shared<RowDefect>(3), boost::make_shared<PixelRowDefect>(10, 3, 11)}};
+}
+
+AdapterCase rivoUCase()
+{
+    auto rivoU = ostrelCase<DpcAdapterRivoU>();
+    rivoU.name = "Rivo U";
+    rivoU.makeCamera = [] { return makeRivoUCamera(); };
+    return rivoU;
+}
+
+template <typename Adapter, typename... Types>
+AdapterCase maskCase(std::uint64_t table, const char* feature, const MemoryCamera::Names& entries,
+                     const SensorDefectList& samples, bool erases, Types... types)
+{
+    return {feature,
+            [=] { return boost::make_shared<MaskCamera>(table, feature, entries); },
+            [=](const auto& camera) { return boost::make_shared<Adapter>(camera, types...); },
+            boost::make_shared<Adapter>(boost::make_shared<MaskCamera>(table, feature, entries), types...)
+                ->GetDefaultCorrectionSet()
+                ->getName(),
+            samples,
+            erases};
+}
+
+AdapterCase tamorinProCase()
+{
+    return {"Tamorin Pro",
+            [] { return makeTamorinProCamera(); },
+            [](const auto& camera) { return boost::make_shared<DpcAdapterTamorinPro>(camera); },
+            "DPC_User_1",
+            {boost::make_shared<PixelDefect>(3, 7), boost::make_shared<PixelDefect>(10, 3)}};
+}
+
+AdapterCase flashCase()
+{
+    AdapterCase flash;
+    flash.name = "Flash";
+    flash.makeCamera = [] { return boost::make_shared<FlashCamera>(); };
+    flash.makeAdapter = [](const auto& camera)
+    { return boost::make_shared<DpcAdapterQuorsalinWithPython>(camera, std::chrono::milliseconds(0)); };
+    flash.writableSet = "Defect Pixel List";
+    for (std::uint32_t x = 0; x < 300; x += 2) // more than a packet
+    {
+        flash.samples.push_back(boost::make_shared<PixelDefect>(x, 3));
+    }
+    flash.erases = flash.storesNothing = false; // there is only the way back to the factory's list
+    return flash;
 }
 
 struct LosesDefects final : DpcAdapterOstrel
@@ -64,7 +122,20 @@ struct LeavesOpen final : DpcAdapterOstrel
 
 TEST(AdapterConformance, IsKeptByAllAdapters)
 {
-    for (const auto& adapterCase : {ostrelCase<DpcAdapterOstrel>()})
+    const SensorDefectList columns = {boost::make_shared<ColumnDefect>(9),
+                                      boost::make_shared<PixelColumnDefect>(7, 3, 2)};
+    SensorDefectList pixels; // more than one packet
+    while (pixels.size() < 40)
+    {
+        pixels.push_back(boost::make_shared<PixelDefect>(static_cast<std::uint32_t>(pixels.size()), 300));
+    }
+    const std::vector<SensorDefectType> types = {SensorDefectType::Pixel};
+    const auto rectangleCase = [&](const MemoryCamera::Names& entries)
+    { return maskCase<DpcAdapterEstablishedGigE>(0x19300, "DefectMaskEnable", entries, pixels, true, types); };
+    for (const auto& adapterCase :
+         {ostrelCase<DpcAdapterOstrel>(), rivoUCase(), tamorinProCase(), flashCase(), rectangleCase({}),
+          rectangleCase({"Off", "On"}),
+          maskCase<DpcAdapterLoadDefects>(0x19108, "DefectMaskColumnEnable", {}, columns, false)})
     {
         EXPECT_THAT(adapterViolations(adapterCase), testing::IsEmpty()) << adapterCase.name;
     }

@@ -1,6 +1,10 @@
 // Which camera gets which adapter.
 #include "DpcAdapterManager.h"
+#include "DpcAdapterEstablishedGigE.h"
+#include "DpcAdapterLoadDefects.h"
 #include "DpcAdapterOstrel.h"
+#include "DpcAdapterRivoU.h"
+#include "MaskCamera.h"
 #include "OstrelCamera.h"
 
 #include <gmock/gmock.h>
@@ -33,6 +37,7 @@ TEST(DpcAdapterManager, MatchesFamilyThenModel)
     for (const auto& [family, model, compatible, ostrel] : cases)
     {
         const auto camera = makeOstrelCamera();
+        camera->features["DPCDatasetAuto"].entries = {"Off"};
         camera->features["DeviceFamilyName"].text = family;
         camera->features["DeviceModelName"].text = model;
         for (const char* name : {"DeviceFamilyName", "DeviceModelName"})
@@ -41,6 +46,18 @@ TEST(DpcAdapterManager, MatchesFamilyThenModel)
         }
         EXPECT_EQ(DpcAdapterManager::IsCompatible(camera), compatible) << family << " / " << model;
         const auto adapter = DpcAdapterManager::GetCompatibleDpcAdapter(camera);
-        EXPECT_EQ(dynamic_cast<DpcAdapterOstrel*>(adapter.get()) != nullptr, ostrel) << family << " / " << model;
+        const bool rivoU = dynamic_cast<DpcAdapterRivoU*>(adapter.get()) != nullptr;
+        EXPECT_EQ(!rivoU && dynamic_cast<DpcAdapterOstrel*>(adapter.get()), ostrel) << family << " / " << model;
+        EXPECT_EQ(rivoU, !ostrel && std::string(model).find("Rivo U") != std::string::npos) << model;
     }
+}
+
+TEST(DpcAdapterManager, AsksTheOlderCamerasForTheirMasks)
+{
+    const auto camera = boost::make_shared<MaskCamera>(MaskCamera::Rectangles, "DefectMaskEnable");
+    const auto adapter = DpcAdapterManager::GetCompatibleDpcAdapter(camera);
+    ASSERT_TRUE(dynamic_cast<DpcAdapterEstablishedGigE*>(adapter.get()));
+    EXPECT_THAT(adapter->GetAvailableDefectTypes(), testing::ElementsAre(SensorDefectType::Pixel));
+    camera->features["DefectMaskColumnEnable"] = {};
+    EXPECT_TRUE(dynamic_cast<DpcAdapterLoadDefects*>(DpcAdapterManager::GetCompatibleDpcAdapter(camera).get()));
 }

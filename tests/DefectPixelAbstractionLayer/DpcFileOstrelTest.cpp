@@ -1,38 +1,14 @@
 // The defect pixel file of the Ostrel family, against bytes written out by hand.
 #include "DpcFileOstrel.h"
+#include "DefectText.h"
 #include "Failure.h"
-#include "PixelDefect.h"
-#include "PixelRowDefect.h"
-#include "RowDefect.h"
 
 #include <gmock/gmock.h>
-
-#include <boost/algorithm/hex.hpp>
-#include <boost/format.hpp>
-#include <boost/make_shared.hpp>
 
 using namespace KTR::DPC;
 
 namespace
 {
-
-using Bytes = std::vector<std::uint8_t>;
-using Words = std::vector<std::uint16_t>;
-
-Bytes fromHex(std::string hex)
-{
-    hex.erase(std::remove(hex.begin(), hex.end(), ' '), hex.end());
-    Bytes bytes;
-    boost::algorithm::unhex(hex, std::back_inserter(bytes));
-    return bytes;
-}
-
-Bytes fromWords(const Words& words)
-{
-    DataHelper bytes(false);
-    std::for_each(words.begin(), words.end(), [&](auto word) { bytes.pushBack16(word); });
-    return bytes.getData();
-}
 
 // A sensor of 640 x 480: blocks PTY1, FCO1, DCT1, DFMT.
 const std::string Head = "50545931 04000000 44504330 46434F31 08000000 0000000000000002 "
@@ -49,35 +25,6 @@ const std::string NoIndex = std::string(64, '0'); // all rows found from the sta
 const std::string OneSet = Head + info("00", "00000000 30000000", "00000000") + "50444131 30000000 0000 0000 0000 " +
                            "0300 0300 0300 0300 0300 0300 0300 0300 0300 0300 0300 0300 0300 " +
                            "0380 0040 7F42 6480 0700 0A40 1440 00C0";
-
-// One defect a word: "P x,y", "R y" or "L x,y,width" without the blank.
-std::string text(const SensorDefectList& defects)
-{
-    std::string text;
-    for (const auto& defect : defects)
-    {
-        const auto* pixel = dynamic_cast<const PixelDefect*>(defect.get());
-        const auto* run = dynamic_cast<const PixelRowDefect*>(defect.get());
-        text += pixel ? (boost::format("P%1%,%2% ") % pixel->getX() % pixel->getY()).str()
-                : run ? (boost::format("L%1%,%2%,%3% ") % run->getX() % run->getY() % run->getWidth()).str()
-                      : "R" + std::to_string(dynamic_cast<const RowDefect&>(*defect).getY()) + " ";
-    }
-    return text;
-}
-
-void add(DpcFileOstrel& file, const std::string& defects)
-{
-    std::istringstream words(defects);
-    for (std::string word; words >> word;)
-    {
-        unsigned a = 0, b = 0, c = 0;
-        std::sscanf(word.c_str() + 1, "%u,%u,%u", &a, &b, &c);
-        const auto cut = [](unsigned value) { return static_cast<std::uint16_t>(value); };
-        word[0] == 'P'   ? file.addSinglePixelDefect(cut(a), cut(b))
-        : word[0] == 'L' ? file.addPixelRowDefect(cut(a), cut(a + c - 1), cut(b))
-                         : file.addRowDefect(cut(a));
-    }
-}
 
 std::string read(const Bytes& bytes)
 {
@@ -109,7 +56,7 @@ TEST(DpcFileOstrel, WritesAndReadsTheBytesOfTheFormat)
     for (const auto& [capability, added, hex, expected] : cases)
     {
         DpcFileOstrel file(capability, 0x10000 + 640, 480); // the size is cut to 16 bits
-        add(file, added);
+        DpcAdapterOstrel::addDefects(file, defectsOf(added));
         EXPECT_EQ(file.getSizeInBytes(), fromHex(hex).size());
         EXPECT_EQ(file.getRawData(), fromHex(hex));
         EXPECT_EQ(read(fromHex(hex)), expected);
@@ -143,7 +90,7 @@ TEST(DpcFileOstrel, OrdersRowsAndIndexesSegments)
         expected.resize(16, position);
         expected.insert(expected.end(), body.begin(), body.end());
         DpcFileOstrel file(ReverseCapability::XY, 640, height);
-        add(file, defects);
+        DpcAdapterOstrel::addDefects(file, defectsOf(defects));
         EXPECT_EQ(file.calculateDataSet(reverse), expected) << defects;
     }
 }

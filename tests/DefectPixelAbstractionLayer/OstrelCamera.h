@@ -22,3 +22,15 @@ inline boost::shared_ptr<MemoryCamera> makeOstrelCamera(std::uint64_t sizeMax = 
     }
     return camera;
 }
+
+// One of the Rivo U family: a selector for the sets "Factory" and "User", and one file for both.
+inline boost::shared_ptr<MemoryCamera> makeRivoUCamera(std::uint64_t sizeMax = 4096)
+{
+    auto camera = makeOstrelCamera(sizeMax);
+    camera->features["DeviceFamilyName"].text = "Rivo U";
+    camera->features.erase("CorrectionSet");
+    camera->features["CorrectionSetSelector"] =
+        camera->features["CorrectionSetDefault"] = {0, "Factory", {"Factory", "User"}, {}};
+    camera->files.push_back(boost::make_shared<MemoryFile>("DefectPixelCorrection", sizeMax, true, camera->log));
+    return camera;
+}

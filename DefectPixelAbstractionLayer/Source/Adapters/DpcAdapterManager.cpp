@@ -1,7 +1,12 @@
 // Finds the adapter for a camera by the camera's own name strings.
 #include "DpcAdapterManager.h"
 
+#include "DpcAdapterEstablishedGigE.h"
+#include "DpcAdapterLoadDefects.h"
 #include "DpcAdapterOstrel.h"
+#include "DpcAdapterQuorsalinWithPython.h"
+#include "DpcAdapterRivoU.h"
+#include "DpcAdapterTamorinPro.h"
 
 #include <boost/make_shared.hpp>
 
@@ -101,38 +106,42 @@ boost::shared_ptr<DpcAdapter> DpcAdapterManager::ostrelCreator(const boost::shar
     return boost::make_shared<DpcAdapterOstrel>(camera);
 }
 
-boost::shared_ptr<DpcAdapter> DpcAdapterManager::rivoUCreator(const boost::shared_ptr<CameraAbstraction>& /*camera*/)
+boost::shared_ptr<DpcAdapter> DpcAdapterManager::rivoUCreator(const boost::shared_ptr<CameraAbstraction>& camera)
 {
-    return nullptr;
+    return boost::make_shared<DpcAdapterRivoU>(camera);
 }
 
-boost::shared_ptr<DpcAdapter>
-DpcAdapterManager::tamorinProCreator(const boost::shared_ptr<CameraAbstraction>& /*camera*/)
+boost::shared_ptr<DpcAdapter> DpcAdapterManager::tamorinProCreator(const boost::shared_ptr<CameraAbstraction>& camera)
 {
-    return nullptr;
+    return boost::make_shared<DpcAdapterTamorinPro>(camera);
 }
 
 boost::shared_ptr<DpcAdapter>
 DpcAdapterManager::establishedGigECreator(const boost::shared_ptr<CameraAbstraction>& camera)
 {
     const auto features = camera->GetAvailableFeatures();
-    if (std::find(features.begin(), features.end(), "DefectMaskColumnEnable") != features.end())
+    const auto has = [&](const char* name)
+    { return std::find(features.begin(), features.end(), name) != features.end(); };
+    if (has("DefectMaskColumnEnable"))
     {
         return loadDefectsAdapterCreator(camera);
+    }
+    if (has("DefectMaskEnable"))
+    {
+        return boost::make_shared<DpcAdapterEstablishedGigE>(camera, std::vector{SensorDefectType::Pixel});
     }
     return nullptr;
 }
 
 boost::shared_ptr<DpcAdapter>
-DpcAdapterManager::loadDefectsAdapterCreator(const boost::shared_ptr<CameraAbstraction>& /*camera*/)
+DpcAdapterManager::loadDefectsAdapterCreator(const boost::shared_ptr<CameraAbstraction>& camera)
 {
-    return nullptr;
+    return boost::make_shared<DpcAdapterLoadDefects>(camera);
 }
 
-boost::shared_ptr<DpcAdapter>
-DpcAdapterManager::quorsalinWithPython(const boost::shared_ptr<CameraAbstraction>& /*camera*/)
+boost::shared_ptr<DpcAdapter> DpcAdapterManager::quorsalinWithPython(const boost::shared_ptr<CameraAbstraction>& camera)
 {
-    return nullptr;
+    return boost::make_shared<DpcAdapterQuorsalinWithPython>(camera);
 }
 
 } // namespace KTR::DPC

@@ -1,7 +1,7 @@
 // The adapter for the Ostrel camera family: one file for each correction set, in the camera's file system.
 #include "DpcAdapterOstrel.h"
 
-#include "Exception.h"
+#include "AdapterFailure.h"
 #include "PixelDefect.h"
 #include "PixelRowDefect.h"
 #include "ReverseCapability.h"
@@ -15,28 +15,6 @@
 
 namespace KTR::DPC
 {
-namespace
-{
-
-[[noreturn]] void fail(const std::string& message)
-{
-    throw System::Exception(message, true);
-}
-
-// Runs a camera operation; its failure goes on with these words in front.
-template <typename Operation> auto explained(const std::string& words, Operation operation)
-{
-    try
-    {
-        return operation();
-    }
-    catch (const System::Exception& cause)
-    {
-        fail(words + cause.ToString());
-    }
-}
-
-} // namespace
 
 DpcAdapterOstrel::DpcAdapterOstrel(const boost::shared_ptr<CameraAbstraction>& camera)
     : m_sensorWidth(static_cast<std::uint32_t>(camera->GetFeatureIntegerValue("SensorWidth"))),

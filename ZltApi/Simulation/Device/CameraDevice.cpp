@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <sstream>
 #include <stdexcept>
 #include <thread>
 #include <utility>
@@ -21,6 +22,14 @@ constexpr const char* FirmwareVersion = "1.4.2";
 constexpr std::chrono::milliseconds PacketSizeAdjustment{20};
 constexpr std::size_t MeteringStep =
     61; // of the pixels, one in so many is metered; prime, so that no column is favoured
+
+// As rules of faults name it.
+std::string AddressText(std::uint64_t address)
+{
+    std::ostringstream text;
+    text << std::hex << std::uppercase << address;
+    return text.str();
+}
 
 double MeteredMean(const std::vector<std::uint16_t>& raw)
 {
@@ -319,7 +328,7 @@ void CameraDevice::UpdateFaults()
 
 ZltErrorType CameraDevice::ReadMemory(std::uint64_t address, std::vector<unsigned char>& data)
 {
-    return m_gate.Run("ReadMemory", {},
+    return m_gate.Run("ReadMemory", AddressText(address),
                       [&](const FaultEffect& effect)
                       {
                           const ZltErrorType result = m_firmware->ReadMemory(address, data);
@@ -330,7 +339,8 @@ ZltErrorType CameraDevice::ReadMemory(std::uint64_t address, std::vector<unsigne
 
 ZltErrorType CameraDevice::WriteMemory(std::uint64_t address, const std::vector<unsigned char>& data)
 {
-    return m_gate.Run("WriteMemory", {}, [&](const FaultEffect&) { return m_firmware->WriteMemory(address, data); });
+    return m_gate.Run("WriteMemory", AddressText(address),
+                      [&](const FaultEffect&) { return m_firmware->WriteMemory(address, data); });
 }
 
 Sensor& CameraDevice::TheSensor()
@@ -380,8 +390,7 @@ std::shared_ptr<const CorrectionMap> CameraDevice::Correction()
     if (!m_correction)
     {
         const SensorConfig& sensor = m_config.sensor;
-        m_correction = std::make_shared<CorrectionMap>(sensor.width, sensor.height, sensor.filter,
-                                                       m_firmware->HiddenPixels(m_images.CurrentMirroring()));
+        m_correction = std::make_shared<CorrectionMap>(m_firmware->Correction(sensor, m_images.CurrentMirroring()));
     }
     return m_correction;
 }
@@ -394,6 +403,7 @@ std::optional<std::chrono::microseconds> CameraDevice::Begin(std::uint64_t frame
         return std::nullopt;
     }
     m_acquiring = m_acquisitionMode->Current() != "SingleFrame";
+    m_firmware->BeginFrame(m_images.ExposureTime());
     m_exposure = {m_images.Settings(),       frameId,
                   m_images.IsAdapting(),     m_nonuniformity && m_nonuniformity->IsOff(),
                   m_faults.Hit("Frame", {}), Correction()};

@@ -25,9 +25,11 @@ struct FaultEffect
 //
 // Operations are those of the camera API: "GetValue", "SetValue", "GetRange", "GetIncrement", "GetEntry", "GetEntries",
 // "IsReadable", "IsWritable", "IsValueAvailable", "RunCommand", "IsCommandDone", "GetFeatureByName", "Open",
-// "ReadMemory", "WriteMemory", "StartAcquisition". Inside the camera there are "FileRead" and "FileWrite", once for
-// each block, with the file's name as the feature, which know the effects code, shortBy and value; and "Frame", once
-// for each exposed frame, which knows shortBy (the frame arrives incomplete), delay (it takes longer) and drop.
+// "ReadMemory" and "WriteMemory" with the address in upper-case hexadecimal digits as the feature, "StartAcquisition".
+// Inside the camera there are "FileRead" and "FileWrite", once for each block, with the file's name as the feature,
+// which know the effects code, shortBy and value; and "Frame", once for each exposed frame, which knows shortBy (the
+// frame arrives incomplete), delay (it takes longer) and drop; and "FlashErase" and "FlashProgram" with the file's
+// number as the feature, which know code (it ends in an error) and hang (it never ends).
 struct FaultRule
 {
     std::string operation; // empty: every operation

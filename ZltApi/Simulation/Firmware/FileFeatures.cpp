@@ -20,6 +20,9 @@ constexpr const char* FileNotOpen = "FileNotOpen";
 constexpr const char* InvalidParameter = "InvalidParameter";
 constexpr const char* FileProtected = "FileProtected";
 
+constexpr const char* DescriptionSuffix = ".description";
+constexpr std::uint64_t LongestDescription = 255; // bytes
+
 std::vector<std::string> Names(const std::vector<CameraFile>& files)
 {
     std::vector<std::string> names;
@@ -30,10 +33,12 @@ std::vector<std::string> Names(const std::vector<CameraFile>& files)
 
 } // namespace
 
-FileFeatures::FileFeatures(const FirmwareServices& services, std::vector<CameraFile> files, std::uint32_t blockSize)
+FileFeatures::FileFeatures(const FirmwareServices& services, std::vector<CameraFile> files, std::uint32_t blockSize,
+                           bool hasDescriptions)
     : m_services(services),
       m_files(std::move(files)),
       m_blockSize(blockSize),
+      m_hasDescriptions(hasDescriptions),
       m_buffer(blockSize, 0)
 {
 }
@@ -43,18 +48,27 @@ void FileFeatures::AddFeatures(FeatureMap& features)
     AddSelectors(features);
     AddTransfer(features);
     AddStatus(features);
+    if (m_hasDescriptions)
+    {
+        AddDescriptions(features);
+    }
 }
 
 void FileFeatures::Disconnect()
 {
     m_sessions.clear();
+    m_newDescription.reset();
 }
 
 void FileFeatures::AddSelectors(FeatureMap& features)
 {
     m_fileSelector = &features.Add<EnumNode>("FileSelector", m_files.front().name, Names(m_files));
-    m_operation = &features.Add<EnumNode>("FileOperationSelector", "Open",
-                                          std::vector<std::string>{"Open", "Close", "Read", "Write", "Delete"});
+    std::vector<std::string> operations{"Open", "Close", "Read", "Write", "Delete"};
+    if (m_hasDescriptions)
+    {
+        operations.emplace_back("WriteDescription");
+    }
+    m_operation = &features.Add<EnumNode>("FileOperationSelector", "Open", operations);
     auto& execute = features.Add<CommandNode>("FileOperationExecute", [this] { return Execute(); });
     execute.WritableIf([this] { return IsExecutable(); });
     m_openMode =
@@ -113,9 +127,53 @@ void FileFeatures::AddStatus(FeatureMap& features)
     status.ReadOnly();
 }
 
+void FileFeatures::AddDescriptions(FeatureMap& features)
+{
+    m_fileSelector->OnWrite(
+        [this](const std::string& name)
+        {
+            if (name != m_fileSelector->Current())
+            {
+                m_newDescription.reset();
+            }
+            return ZltErrorSuccess;
+        });
+    auto& buffer = features.Add<StringNode>("FileDescriptionBuffer", std::string());
+    buffer.OnRead(
+        [this]
+        {
+            const auto stored = m_services.state.File(Selected().storage() + DescriptionSuffix, LongestDescription);
+            return m_newDescription.value_or(stored ? std::string(stored->begin(), stored->end()) : std::string());
+        });
+    buffer.OnWrite(
+        [this](const std::string& text)
+        {
+            if (text.size() > LongestDescription)
+            {
+                return ZltErrorInvalidValue;
+            }
+            m_newDescription = text;
+            return ZltErrorSuccess;
+        });
+}
+
+void FileFeatures::Describe(const std::string& storage, const std::string& text)
+{
+    m_services.state.SetFile(storage + DescriptionSuffix, FileBytes(text.begin(), text.end()));
+}
+
 FileBytes FileFeatures::Stored(const CameraFile& file) const
 {
     return m_services.state.File(file.storage(), file.maximumSize).value_or(FileBytes());
+}
+
+void FileFeatures::Store(const std::string& storage, const FileBytes& content)
+{
+    m_services.state.SetFile(storage, content);
+    if (const auto& onChanged = Selected().onChanged)
+    {
+        onChanged();
+    }
 }
 
 const CameraFile& FileFeatures::Selected() const
@@ -132,7 +190,8 @@ std::int64_t FileFeatures::Size() const
 
 bool FileFeatures::IsExecutable() const
 {
-    return Selected().writable || m_operation->Current() != "Delete";
+    const std::string operation = m_operation->Current();
+    return Selected().writable || (operation != "Delete" && operation != "WriteDescription");
 }
 
 ZltErrorType FileFeatures::Execute()
@@ -167,6 +226,10 @@ std::string FileFeatures::Run(const std::string& operation, std::uint32_t shortB
     {
         return Read(shortBy);
     }
+    if (operation == "WriteDescription")
+    {
+        return WriteDescription();
+    }
     return operation == "Write" ? Write(shortBy) : Delete();
 }
 
@@ -179,7 +242,7 @@ std::string FileFeatures::Open()
     {
         return FileIsOpen;
     }
-    if (!reading && !file.writable)
+    if (!reading && (!file.writable || (file.isLocked && file.isLocked())))
     {
         return FileProtected;
     }
@@ -188,7 +251,9 @@ std::string FileFeatures::Open()
     {
         return Failure;
     }
-    session = {reading ? Mode::Reading : Mode::Writing, std::move(content), false, 0};
+    const bool isEmptied = !reading && file.emptiedByOpening;
+    session = {reading ? Mode::Reading : Mode::Writing, isEmptied ? FileBytes() : std::move(content), isEmptied, 0,
+               file.storage()};
     return Success;
 }
 
@@ -202,7 +267,7 @@ std::string FileFeatures::Close()
     const Session closed = std::exchange(session, Session());
     if (closed.written)
     {
-        m_services.state.SetFile(Selected().storage(), closed.content);
+        Store(closed.storage, closed.content);
     }
     return Success;
 }
@@ -257,11 +322,30 @@ std::string FileFeatures::Write(std::uint32_t shortBy)
 
 std::string FileFeatures::Delete()
 {
+    const CameraFile& file = Selected();
     if (State().mode != Mode::Closed)
     {
         return FileIsOpen;
     }
-    m_services.state.SetFile(Selected().storage(), FileBytes());
+    if (file.isLocked && file.isLocked())
+    {
+        return FileProtected;
+    }
+    Store(file.storage(), FileBytes());
+    if (m_hasDescriptions)
+    {
+        Describe(file.storage(), {});
+    }
+    return Success;
+}
+
+std::string FileFeatures::WriteDescription()
+{
+    if (m_newDescription)
+    {
+        Describe(Selected().storage(), *m_newDescription);
+        m_newDescription.reset();
+    }
     return Success;
 }
 

@@ -23,8 +23,15 @@ struct FirmwareServices
     FaultPlan& faults;
     // The sensor's faults as the factory could know them. Makes the sensor when it is not there yet.
     std::function<const std::vector<PixelFault>&()> sensorFaults;
-    // To be called when the pixels that HiddenPixels names may have changed.
+    // To be called when what Correction would make may have changed.
     std::function<void()> correctionChanged;
+};
+
+// In pixels.
+struct SensorSize
+{
+    std::uint32_t width;
+    std::uint32_t height;
 };
 
 // Mirroring of the image against the sensor.
@@ -49,9 +56,16 @@ public:
     virtual void Resume() = 0;
     // The host has gone, with or without a goodbye: open files are dropped.
     virtual void Disconnect() = 0;
+    // A frame with this exposure is about to be taken.
+    virtual void BeginFrame(double /*exposureUs*/) {}
 
     // The pixels that are to be hidden now, in sensor coordinates.
-    virtual std::vector<PixelPosition> HiddenPixels(Mirroring mirroring) const = 0;
+    virtual std::vector<PixelPosition> HiddenPixels(Mirroring /*mirroring*/) const { return {}; }
+    // What is done to frames now. The camera chooses the neighbours, unless the family's tables do.
+    virtual CorrectionMap Correction(const SensorConfig& sensor, Mirroring mirroring) const
+    {
+        return {sensor.width, sensor.height, sensor.filter, HiddenPixels(mirroring)};
+    }
 
     // Camera memory. The vector's size is the number of bytes to move.
     virtual ZltErrorType ReadMemory(std::uint64_t, std::vector<unsigned char>&) { return ZltErrorNotSupported; }

@@ -1,8 +1,12 @@
 // The firmwares by name: a new family adds one line.
 #include "Firmware/FirmwareList.h"
 
+#include "Firmware/Flash/FlashFirmware.h"
+#include "Firmware/Mask/MaskFirmware.h"
 #include "Firmware/Ostrel/OstrelFirmware.h"
 #include "Firmware/Plain/PlainFirmware.h"
+#include "Firmware/RivoU/RivoUFirmware.h"
+#include "Firmware/TamorinPro/TamorinProFirmware.h"
 
 #include <algorithm>
 #include <array>
@@ -21,6 +25,12 @@ template <typename Kind> std::unique_ptr<Firmware> Make(const FirmwareServices& 
 constexpr std::array Kinds = {
     FirmwareKind{"ostrel", "OSTREL", &Make<OstrelFirmware>},
     FirmwareKind{"plain", "Vesk", &Make<PlainFirmware>},
+    FirmwareKind{"rivo-u", "Rivo", &Make<RivoUFirmware>},
+    FirmwareKind{"rectangle-mask", "Rivo", &Make<RectangleMaskFirmware>},
+    FirmwareKind{"rectangle-mask-mode", "Rivo", &Make<RectangleMaskModeFirmware>},
+    FirmwareKind{"column-mask", "Dreli", &Make<ColumnMaskFirmware>},
+    FirmwareKind{"flash", "Quorsalin", &Make<FlashFirmware>},
+    FirmwareKind{"tamorin-pro", "Tamorin Pro", &Make<TamorinProFirmware>},
 };
 
 } // namespace

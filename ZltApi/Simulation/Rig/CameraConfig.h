@@ -28,14 +28,15 @@ struct CameraConfig
     std::string exposureFeature = "ExposureTime"; // its name in this camera
     bool temperatureControl = false;              // its sensor is cooled
     bool nonuniformityCorrection = false;
-    std::uint32_t sizeIncrement = 2;      // step of width and height, pixels
-    bool stream = true;                   // it has one
-    std::vector<std::string> without;     // features that a camera like it would have, and this one has not
-    bool adjustsPacketSize = false;       // its stream has the feature GVSPAdjustPacketSize
-    double frameRate = 60.0;              // highest and initial rate, frames a second
-    std::uint32_t blockSize = 512;        // largest block of a file transfer, bytes
-    std::uint32_t fileSizeMax = 1U << 20; // bytes
-    bool userReadFailsWhenEmpty = false;  // an empty user file cannot be opened for reading
+    std::uint32_t sizeIncrement = 2;          // step of width and height, pixels
+    bool stream = true;                       // it has one
+    std::vector<std::string> without;         // features that a camera like it would have, and this one has not
+    bool adjustsPacketSize = false;           // its stream has the feature GVSPAdjustPacketSize
+    double frameRate = 60.0;                  // highest and initial rate, frames a second
+    std::uint32_t blockSize = 512;            // largest block of a file transfer, bytes
+    std::uint32_t fileSizeMax = 1U << 20;     // bytes; of a rectangle table its capacity
+    bool userReadFailsWhenEmpty = false;      // an empty user file cannot be opened for reading
+    std::chrono::milliseconds flashTime{700}; // to erase a file; programming it takes half as long
     std::chrono::milliseconds restartTime{1000};
     std::vector<FaultRule> faults;
 };

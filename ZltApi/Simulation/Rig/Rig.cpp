@@ -68,12 +68,21 @@ void ReadSensor(JsonReader& reader, SensorConfig& sensor)
     reader.Read("seed", sensor.seed);
     reader.Read("darkFrameFile", sensor.darkFrameFile);
     reader.Read("darkFrameExposure", sensor.darkFrameExposureUs);
+    reader.Read("darkCurrent", sensor.darkCurrent);
+    reader.Read("longestRun", sensor.longestRun);
     sensor.filter = ParseFilter(reader, filter);
     sensor.scene = scene == "chart" ? SceneKind::Chart : SceneKind::Bench;
     if (scene != "chart" && scene != "bench")
     {
         reader.Refuse("scene");
     }
+}
+
+void ReadTime(JsonReader& reader, const char* key, std::chrono::milliseconds& time)
+{
+    auto number = static_cast<std::uint32_t>(time.count());
+    reader.Read(key, number);
+    time = std::chrono::milliseconds(number);
 }
 
 // What sets this camera apart from others of its model.
@@ -106,9 +115,12 @@ void CheckNumbers(const JsonReader& reader, const CameraConfig& config)
         {"exposureFeature", config.exposureFeature == "ExposureTime" || config.exposureFeature == "ExposureTimeAbs"},
         {"sizeIncrement", increment >= 1 && increment <= SmallestSensor && (increment & (increment - 1)) == 0},
         {"darkFrameExposure", config.sensor.darkFrameExposureUs > 0.0},
+        {"darkCurrent", config.sensor.darkCurrent >= 0.0 && config.sensor.darkCurrent <= 1000.0},
+        {"longestRun", config.sensor.longestRun >= 1 && config.sensor.longestRun <= LargestSensor},
         {"frameRate", config.frameRate >= 1.0 && config.frameRate <= 10'000.0},
         {"blockSize", config.blockSize >= 1 && config.blockSize <= 65'536},
         {"fileSizeMax", config.fileSizeMax >= 1 && config.fileSizeMax <= (64U << 20)},
+        {"flashTime", config.flashTime <= LongestRestart},
         {"restartTime", config.restartTime <= LongestRestart}};
     for (const auto& [key, good] : fits)
     {
@@ -149,9 +161,8 @@ CameraConfig ParseCamera(const nlohmann::json& json)
     reader.Read("frameRate", config.frameRate);
     reader.Read("blockSize", config.blockSize);
     reader.Read("fileSizeMax", config.fileSizeMax);
-    auto restartTime = static_cast<std::uint32_t>(config.restartTime.count());
-    reader.Read("restartTime", restartTime);
-    config.restartTime = std::chrono::milliseconds(restartTime);
+    ReadTime(reader, "flashTime", config.flashTime);
+    ReadTime(reader, "restartTime", config.restartTime);
     if (const nlohmann::json* const faults = reader.Find("faults"))
     {
         config.faults = ParseFaultRules(faults->dump());
@@ -192,7 +203,48 @@ std::vector<CameraConfig> BuiltInRig()
     odd.sizeIncrement = 1;
     odd.frameRate = 30.0;
     odd.without = {"GainAuto"};
-    return {mono, colour, plain, thermal, odd};
+
+    CameraConfig rivoU = BuiltIn("SIM-RIVO-U1", "Rivo U-130m", "50-0006", 1280, 1024);
+    rivoU.firmware = "rivo-u";
+    rivoU.sensor.seed = 131;
+    rivoU.reverseX = true;
+    rivoU.reverseY = true;
+
+    CameraConfig rectangles = BuiltIn("SIM-RIVO-G1", "Rivo G-011", "50-0007", 688, 488);
+    rectangles.firmware = "rectangle-mask";
+    rectangles.sensor.seed = 11;
+    rectangles.fileSizeMax = 16'384;
+
+    CameraConfig rectanglesMode = BuiltIn("SIM-RIVO-G2", "Rivo G-011", "50-0008", 688, 488);
+    rectanglesMode.firmware = "rectangle-mask-mode";
+    rectanglesMode.sensor.seed = 12;
+    rectanglesMode.fileSizeMax = 16'384;
+    rectanglesMode.reverseX = true;
+
+    CameraConfig columns = BuiltIn("SIM-DRELI-M1", "Dreli G-1310", "50-0009", 1280, 1024);
+    columns.firmware = "column-mask";
+    columns.sensor.seed = 1311; // its table takes no two columns side by side
+    columns.sensor.longestRun = 1;
+
+    CameraConfig tamorin = BuiltIn("SIM-TAMORIN-M1", "Tamorin Pro T-033m", "50-0010", 640, 512);
+    tamorin.family = "Tamorin Pro";
+    tamorin.firmware = "tamorin-pro";
+    tamorin.sensor.seed = 330;
+    tamorin.sensor.darkCurrent = 8.0;
+    tamorin.temperatureControl = true;
+    tamorin.nonuniformityCorrection = true;
+    CameraConfig flash = BuiltIn("SIM-FLASH-M1", "Quorsalin P-310m", "50-0011", 640, 480);
+    flash.firmware = "flash";
+    flash.sensor.seed = 311; // no whole row is hot: such a pixel has no neighbour to stand in for it
+    flash.sensor.longestRun = 8;
+
+    CameraConfig flashColour = BuiltIn("SIM-FLASH-C1", "Quorsalin P-1300c", "50-0012", 1280, 1024);
+    flashColour.firmware = "flash";
+    flashColour.sensor.seed = 1301;
+    flashColour.sensor.filter = ColorFilter::BayerGR;
+    flashColour.sensor.longestRun = 8;
+    flashColour.frameRate = 30.0;
+    return {mono, colour, plain, thermal, odd, rivoU, rectangles, rectanglesMode, columns, tamorin, flash, flashColour};
 }
 
 std::vector<CameraConfig> ParseRig(const std::string& text)

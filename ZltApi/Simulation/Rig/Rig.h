@@ -14,11 +14,12 @@ std::vector<CameraConfig> BuiltInRig();
 
 // Reads a rig: an object with the array "cameras", whose objects have the keys
 //   "id", "model", "serial"                          texts that identify the camera; required
-//   "firmware"                                       "ostrel" or "plain"; required
+//   "firmware"                                       a name of FirmwareList; required
 //   "name", "family"                                 texts; by default model and serial, and the firmware's family
 //   "width", "height", "filter", "seed"              the sensor; filter is "Mono", "BayerGR", "BayerRG", ...
 //   "darkFrameFile", "darkFrameExposure"             a recorded dark frame and its exposure in microseconds;
 //                                                  a relative name is looked for beside the rig file
+//   "darkCurrent"                                    times that of an ordinary sensor
 //   "scene"                                          "bench" or "chart"
 //   "reverseX", "reverseY", "covered", "busy", "stream", "temperatureControl", "nonuniformityCorrection",
 //   "adjustsPacketSize", "userReadFailsWhenEmpty"    true or false

@@ -45,6 +45,36 @@ CorrectionMap::CorrectionMap(std::uint32_t width, std::uint32_t height, ColorFil
     AddReplacements(slots, remaining, SameColorStep(filter));
 }
 
+CorrectionMap::CorrectionMap(std::uint32_t width, std::uint32_t height, const std::vector<MaskedPixel>& pixels)
+    : m_width(width),
+      m_height(height)
+{
+    constexpr std::uint32_t Reach = 4; // pixels, each way
+    for (const MaskedPixel& pixel : pixels)
+    {
+        const auto& [x, y] = pixel.position;
+        if (x >= width || y >= height)
+        {
+            continue;
+        }
+        Replacement replacement{y * width + x, 0, {}};
+        for (std::uint32_t place = 0; place <= 2 * Reach; ++place)
+        {
+            const std::uint32_t neighbour = x + place;
+            const bool isUsable = (pixel.usable >> (2 * Reach - place) & 1U) != 0 && place != Reach;
+            if (isUsable && neighbour >= Reach && neighbour - Reach < width)
+            {
+                replacement.sources[replacement.sourceCount++] = y * width + neighbour - Reach;
+            }
+        }
+        if (replacement.sourceCount > 0)
+        {
+            m_replacements.push_back(replacement);
+        }
+    }
+    m_size = m_replacements.size();
+}
+
 // Returns the targets for which no good pixel was found. The slot table comes in and goes out with all pixels good.
 std::vector<std::uint32_t> CorrectionMap::AddReplacements(std::vector<std::uint32_t>& slots,
                                                           const std::vector<std::uint32_t>& targets, std::uint32_t step)
@@ -63,7 +93,7 @@ std::vector<std::uint32_t> CorrectionMap::AddReplacements(std::vector<std::uint3
         Right,
         Down
     };
-    std::vector<std::array<std::uint32_t, MaxSources>> distances(count);
+    std::vector<std::array<std::uint32_t, Directions>> distances(count);
     const auto visit = [&](std::size_t i, Direction direction, bool inside, std::uint32_t neighbour)
     {
         const std::uint32_t slot = inside ? slots[neighbour] : GoodPixel;
@@ -93,10 +123,10 @@ std::vector<std::uint32_t> CorrectionMap::AddReplacements(std::vector<std::uint3
             continue;
         }
         Replacement replacement{targets[i], 0, {}};
-        const std::array<std::uint32_t, MaxSources> candidates{
+        const std::array<std::uint32_t, Directions> candidates{
             targets[i] - nearest * step, targets[i] - nearest * rowStep, targets[i] + nearest * step,
             targets[i] + nearest * rowStep};
-        for (std::size_t direction = 0; direction < MaxSources; ++direction)
+        for (std::size_t direction = 0; direction < Directions; ++direction)
         {
             if (distance[direction] == nearest)
             {

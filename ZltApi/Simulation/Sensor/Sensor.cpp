@@ -110,7 +110,7 @@ void Sensor::LoadDarkSignal()
 {
     if (m_config.darkFrameFile.empty())
     {
-        m_faults = SeedFaults(m_config.width, m_config.height, m_config.seed);
+        m_faults = SeedFaults(m_config.width, m_config.height, m_config.seed, m_config.longestRun);
         for (const PixelFault& fault : m_faults)
         {
             m_dark[static_cast<std::size_t>(fault.y) * m_config.width + fault.x] += static_cast<float>(fault.signal);
@@ -171,7 +171,7 @@ void Sensor::MakeNoise()
                     [&random] { return static_cast<std::int16_t>(random.Normal() * NoiseUnits); });
 }
 
-Sensor::Response Sensor::ResponseTo(const ExposureSettings& settings)
+Sensor::Response Sensor::ResponseTo(const ExposureSettings& settings) const
 {
     const double gain = std::pow(10.0, settings.gainDb / 20.0);
     const double exposure = settings.exposureUs / ReferenceExposureUs;
@@ -181,7 +181,7 @@ Sensor::Response Sensor::ResponseTo(const ExposureSettings& settings)
     response.offset = static_cast<float>(PedestalCounts + settings.blackLevel);
     response.perLight =
         settings.covered ? 0.0F : static_cast<float>(SceneWhiteCounts / 255.0 / LightUnits * exposure * gain);
-    response.perDark = static_cast<float>(exposure * gain * heat);
+    response.perDark = static_cast<float>(exposure * gain * heat * m_config.darkCurrent);
     response.readVariance = static_cast<float>(readNoise * readNoise);
     response.shotVariance = static_cast<float>(gain / ElectronsPerCount);
     return response;

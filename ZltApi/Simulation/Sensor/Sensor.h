@@ -38,6 +38,8 @@ struct SensorConfig
     // scales from there.
     double darkFrameExposureUs = 1'000'000.0;
     SceneKind scene = SceneKind::Bench;
+    std::uint32_t longestRun = LongestRun; // of faulty pixels in a row, but for whole rows
+    double darkCurrent = 1.0; // times that of an ordinary sensor; sensors that are made to be cooled have more
 };
 
 // State of the camera at the moment of one exposure.
@@ -82,7 +84,7 @@ private:
         bool operator==(const Response& other) const;
     };
 
-    static Response ResponseTo(const ExposureSettings& settings);
+    Response ResponseTo(const ExposureSettings& settings) const;
     void LoadDarkSignal();
     void MakeLight();
     void MakeNoise();

@@ -29,7 +29,6 @@ constexpr std::uint32_t DeadSinglesPerMegapixel = 1;
 constexpr std::uint32_t Pairs = 3;     // in each direction
 constexpr std::uint32_t LineParts = 3; // in each direction
 constexpr std::uint32_t ShortestLinePart = 5;
-constexpr std::uint32_t LongestLinePart = 120;
 constexpr std::uint32_t MegapixelShift = 20;
 
 struct Area
@@ -48,9 +47,10 @@ bool Apart(std::uint32_t start, std::uint32_t size, std::uint32_t otherStart, st
 class Layout
 {
 public:
-    Layout(std::uint32_t width, std::uint32_t height, std::uint64_t seed)
+    Layout(std::uint32_t width, std::uint32_t height, std::uint64_t seed, std::uint32_t longestRun)
         : m_width(width),
           m_height(height),
+          m_longestRun(longestRun),
           m_uprightHotLine(seed % 2 == 1),
           m_random(seed)
     {
@@ -62,11 +62,14 @@ public:
         AddEdgePixels();
         const auto megapixels =
             static_cast<std::uint32_t>((static_cast<std::uint64_t>(m_width) * m_height) >> MegapixelShift);
-        PlaceMany(LineParts, FaultKind::Hot, [this] { return Area{0, 0, 1, PartLength(m_height)}; });
-        PlaceMany(LineParts, FaultKind::Hot, [this] { return Area{0, 0, PartLength(m_width), 1}; });
-        PlaceMany(1, FaultKind::Dead, [this] { return Area{0, 0, 1, PartLength(m_height)}; });
-        PlaceMany(1, FaultKind::Hot, [] { return Area{0, 0, 2, 2}; });
-        PlaceMany(Pairs, FaultKind::Hot, [] { return Area{0, 0, 2, 1}; });
+        PlaceMany(LineParts, FaultKind::Hot, [this] { return Area{0, 0, 1, PartLength(m_height, LongestRun)}; });
+        PlaceMany(m_longestRun < ShortestLinePart ? 0 : LineParts, FaultKind::Hot,
+                  [this] {
+                      return Area{0, 0, PartLength(m_width, m_longestRun), 1};
+                  });
+        PlaceMany(1, FaultKind::Dead, [this] { return Area{0, 0, 1, PartLength(m_height, LongestRun)}; });
+        PlaceMany(m_longestRun < 2 ? 0 : 1, FaultKind::Hot, [] { return Area{0, 0, 2, 2}; });
+        PlaceMany(m_longestRun < 2 ? 0 : Pairs, FaultKind::Hot, [] { return Area{0, 0, 2, 1}; });
         PlaceMany(Pairs, FaultKind::Hot, [] { return Area{0, 0, 1, 2}; });
         PlaceMany(HotSinglesBase + HotSinglesPerMegapixel * megapixels, FaultKind::Hot,
                   [] {
@@ -146,9 +149,9 @@ private:
         return size > taken ? EdgeClearance + m_random.Below(size - taken + 1) : 0;
     }
 
-    std::uint32_t PartLength(std::uint32_t size)
+    std::uint32_t PartLength(std::uint32_t size, std::uint32_t most)
     {
-        const std::uint32_t longest = std::clamp(size / 4, ShortestLinePart, LongestLinePart);
+        const std::uint32_t longest = std::clamp(size / 4, ShortestLinePart, most);
         return ShortestLinePart + m_random.Below(longest - ShortestLinePart + 1);
     }
 
@@ -177,6 +180,7 @@ private:
 
     std::uint32_t m_width;
     std::uint32_t m_height;
+    std::uint32_t m_longestRun;
     bool m_uprightHotLine;
     Random m_random;
     std::vector<Area> m_taken;
@@ -185,9 +189,10 @@ private:
 
 } // namespace
 
-std::vector<PixelFault> SeedFaults(std::uint32_t width, std::uint32_t height, std::uint64_t seed)
+std::vector<PixelFault> SeedFaults(std::uint32_t width, std::uint32_t height, std::uint64_t seed,
+                                   std::uint32_t longestRun)
 {
-    return Layout(width, height, seed).Make();
+    return Layout(width, height, seed, longestRun).Make();
 }
 
 } // namespace Simulation

@@ -28,6 +28,9 @@ struct PixelFault
 // they meet, the pixel is hot. Else faults keep 4 good pixels between them and 2 from the edge. Every hot pixel stands
 // out of its neighbourhood by far: in the dark it exceeds the mean of itself and its four neighbours. A sensor too
 // small for all of them has fewer.
-std::vector<PixelFault> SeedFaults(std::uint32_t width, std::uint32_t height, std::uint64_t seed);
+// But for whole rows, a fault is at most longestRun pixels wide; those that are wider by nature are missing.
+constexpr std::uint32_t LongestRun = 120;
+std::vector<PixelFault> SeedFaults(std::uint32_t width, std::uint32_t height, std::uint64_t seed,
+                                   std::uint32_t longestRun = LongestRun);
 
 } // namespace Simulation

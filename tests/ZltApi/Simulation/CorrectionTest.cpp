@@ -2,6 +2,7 @@
 #include "TestRig.h"
 
 #include "Firmware/Ostrel/OstrelFile.h"
+#include "Firmware/RivoU/RivoUFile.h"
 
 #include <gtest/gtest.h>
 
@@ -110,6 +111,55 @@ TEST(Correction, FollowsTheMirroringInSensorCoordinates)
         EXPECT_EQ(ZltErrorSuccess, Set(camera, "CorrectionMode", "On"));
         EXPECT_EQ(0U, Visible(GrabDark(camera), hot, mirroring)) << mirroring.x << mirroring.y;
     }
+}
+
+TEST(Correction, ARivoUTakesItsSetsAtOnce)
+{
+    const std::string file = "DefectPixelCorrection";
+    const Positions hot = Hot();
+    TestRig rig(R"({"model": "Rivo U-1", "firmware": "rivo-u"})");
+    auto camera = rig.Opened();
+    const Bytes factory = GrabDark(camera);
+    EXPECT_EQ(ZltErrorInvalidAccess, Set(camera, "CorrectionSetSelector", "User")) << "another correction is selected";
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSelector", "DefectPixelCorrection"));
+    EXPECT_EQ("FileProtected", Execute(camera, file, "Delete")) << "the factory's";
+
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSetSelector", "User"));
+    EXPECT_EQ("Off", Get<std::string>(camera, "CorrectionMode")) << "of this set";
+    EXPECT_EQ(factory, GrabDark(camera)) << "selecting is not applying";
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionMode", "On"));
+    EXPECT_EQ(hot.size(), Visible(GrabDark(camera), hot));
+    ASSERT_EQ("Success", WriteFile(camera, EncodeRivoUFile(hot, Size, {true, true}), file));
+    for (const Mirroring mirroring : {Mirroring{false, false}, {true, false}, {false, true}, {true, true}})
+    {
+        EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseX", mirroring.x));
+        EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseY", mirroring.y));
+        EXPECT_EQ(0U, Visible(GrabDark(camera), hot, mirroring)) << mirroring.x << mirroring.y;
+    }
+    rig.StartAgain(); // another program finds it so
+    camera = rig.Opened();
+    ASSERT_EQ("Success", OpenFile(camera, file, "Write"));
+    EXPECT_EQ(0U, Visible(GrabDark(camera), hot, {true, true}));
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSelector", "DefectPixelCorrection"));
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSetSelector", "Factory"));
+    EXPECT_EQ("Success", Execute(camera, file, "Close"));
+    EXPECT_EQ(hot.size(), Visible(GrabDark(camera), hot, {true, true})) << "emptied: the set of the opening";
+    EXPECT_EQ(factory, GrabDark(Restarted(rig, camera)));
+}
+
+TEST(Correction, ATableInMemoryWorksAtOnceAndLasts)
+{
+    TestRig rig(R"({"model": "Dreli G-1310", "firmware": "column-mask"})");
+    auto camera = rig.Opened();
+    const Positions one = {Hot().front()};
+    const auto x = static_cast<unsigned char>(one[0].x), y = static_cast<unsigned char>(one[0].y);
+    ASSERT_EQ(1U, Visible(GrabDark(camera), one));
+    ASSERT_EQ(ZltErrorSuccess, camera->WriteMemory(0x19108, {0, x, 0, y, 0, y}));
+    EXPECT_EQ(0U, Visible(GrabDark(camera), one));
+    camera = Restarted(rig, camera);
+    EXPECT_EQ(0U, Visible(GrabDark(camera), one));
+    EXPECT_EQ(ZltErrorSuccess, Set(camera, "DefectMaskColumnEnable", false));
+    EXPECT_EQ(1U, Visible(GrabDark(camera), one));
 }
 
 TEST(Correction, PowerLastsBetweenPrograms)

@@ -47,7 +47,10 @@ TEST(Rig, RefusalsAreSentences)
         {camera(R"(, "width": 15)"), value("width")},
         {camera(R"(, "height": 4294967344)"), value("height")},
         {camera(R"(, "filter": "Foveon")"), value("filter")},
+        {camera(R"(, "darkCurrent": -1)"), value("darkCurrent")},
         {camera(R"(, "covered": 1)"), value("covered")},
+        {camera(R"(, "longestRun": 0)"), value("longestRun")},
+        {camera(R"(, "flashTime": 600001)"), value("flashTime")},
         {camera(R"(, "faults": {"code": 1, "when": 2})"), "A fault has the unknown key \"when\"."},
         {camera(R"(, "faults": [{"operation": "Open"}])"),
          "A fault needs one of the keys \"code\", \"delay\", \"drop\", \"hang\", \"shortBy\", \"unplug\" and "

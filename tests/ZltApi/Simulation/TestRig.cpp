@@ -206,13 +206,13 @@ std::string WriteBlocks(const ZltApi::CameraPtr& camera, const std::string& file
     return "Success";
 }
 
-std::string WriteFile(const ZltApi::CameraPtr& camera, const Bytes& bytes)
+std::string WriteFile(const ZltApi::CameraPtr& camera, const Bytes& bytes, const std::string& file)
 {
-    std::string status = OpenFile(camera, UserFile, "Write");
+    std::string status = OpenFile(camera, file, "Write");
     if (status == "Success")
     {
-        status = WriteBlocks(camera, UserFile, bytes);
-        const std::string closed = Execute(camera, UserFile, "Close");
+        status = WriteBlocks(camera, file, bytes);
+        const std::string closed = Execute(camera, file, "Close");
         status = status == "Success" ? closed : status;
     }
     return status;

@@ -122,7 +122,7 @@ std::string OpenFile(const ZltApi::CameraPtr& camera, const std::string& file, c
 std::string WriteBlocks(const ZltApi::CameraPtr& camera, const std::string& file, const Bytes& bytes,
                         std::int64_t offset = 0);
 // Opens, moves, closes.
-std::string WriteFile(const ZltApi::CameraPtr& camera, const Bytes& bytes);
+std::string WriteFile(const ZltApi::CameraPtr& camera, const Bytes& bytes, const std::string& file = UserFile);
 Bytes ReadFile(const ZltApi::CameraPtr& camera, const std::string& file);
 
 // The first frames of a new acquisition.

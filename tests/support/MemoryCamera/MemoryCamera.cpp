@@ -42,3 +42,10 @@ std::vector<boost::shared_ptr<KTR::DPC::FileInterface>> MemoryCamera::GetFiles()
     log.note("GetFiles");
     return {files.begin(), files.end()};
 }
+
+boost::shared_ptr<KTR::DPC::FileInterface> MemoryCamera::GetFile(const std::string& name)
+{
+    log.note("GetFile " + name);
+    const auto found = std::find_if(files.begin(), files.end(), [&](auto& file) { return file->GetName() == name; });
+    return found == files.end() ? nullptr : *found;
+}

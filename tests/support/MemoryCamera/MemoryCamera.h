@@ -52,7 +52,7 @@ public:
     void WriteMemory(const std::uint64_t&, const std::vector<std::uint8_t>&) override {}
     bool IsFileAccessSupported() override { return !files.empty(); }
     std::vector<boost::shared_ptr<KTR::DPC::FileInterface>> GetFiles() override;
-    boost::shared_ptr<KTR::DPC::FileInterface> GetFile(const std::string&) override { return nullptr; }
+    boost::shared_ptr<KTR::DPC::FileInterface> GetFile(const std::string& name) override; // null when there is none
 
     std::map<std::string, Feature> features;
     std::vector<boost::shared_ptr<MemoryFile>> files;

@@ -11,12 +11,6 @@
 namespace Simulation
 {
 
-struct SensorSize
-{
-    std::uint32_t width;
-    std::uint32_t height;
-};
-
 // The pixels that the camera hides with that file while the image is mirrored in that way, in sensor coordinates. Empty
 // for a file that is broken in any way, that was made for a sensor of another size, or that has no data set for the
 // mirroring. Never throws for any bytes.

@@ -1,9 +1,8 @@
 // Correction features and working memory of the Ostrel family.
 #include "Firmware/Ostrel/OstrelFirmware.h"
 
+#include "Firmware/FactoryPixels.h"
 #include "Firmware/Ostrel/OstrelFile.h"
-
-#include <utility>
 
 namespace Simulation
 {
@@ -13,8 +12,6 @@ namespace
 
 constexpr const char* Preset = "Preset";
 constexpr const char* User = "User";
-constexpr std::uint32_t FactoryField = 32; // pixels
-constexpr const char* DefaultFeature = "CorrectionSetDefault";
 
 std::string FileName(const std::string& set)
 {
@@ -37,6 +34,7 @@ CameraFile FileOfSet(const char* set, const CameraConfig& config)
 
 OstrelFirmware::OstrelFirmware(const FirmwareServices& services)
     : m_services(services),
+      m_default(services.state),
       m_files(services, {FileOfSet(Preset, services.config), FileOfSet(User, services.config)},
               services.config.blockSize)
 {
@@ -57,8 +55,7 @@ void OstrelFirmware::AddCorrectionFeatures(FeatureMap& features)
     m_set = &features.Add<EnumNode>("CorrectionSet", Preset, sets);
     m_set->OnWrite(ChangesCorrection());
     m_set->KeepAtOnce();
-    m_default = &features.Add<EnumNode>(DefaultFeature, Preset, sets);
-    m_default->OnWrite([this](const std::string& set) { return StoreDefault(set); });
+    m_default.AddFeature(features, sets);
     m_mode = &features.Add<EnumNode>("CorrectionMode", "On", std::vector<std::string>{"Off", "On"});
     m_mode->OnWrite(ChangesCorrection());
     m_mode->KeepAtOnce();
@@ -73,26 +70,11 @@ EnumNode::Writer OstrelFirmware::ChangesCorrection() const
     };
 }
 
-ZltErrorType OstrelFirmware::StoreDefault(const std::string& set)
-{
-    m_services.state.SetNonvolatile({{DefaultFeature, set}});
-    return ZltErrorSuccess;
-}
-
 FileBytes OstrelFirmware::FactoryFile() const
 {
     const CameraConfig& config = m_services.config;
-    std::vector<PixelPosition> known;
-    for (const PixelFault& fault : m_services.sensorFaults())
-    {
-        // On the fields of one colour of a chessboard the faults were there from the start; the others have come since.
-        if (fault.kind == FaultKind::Hot && (fault.x / FactoryField + fault.y / FactoryField) % 2 == 0)
-        {
-            known.push_back({fault.x, fault.y});
-        }
-    }
-    return EncodeOstrelFile(std::move(known), {config.sensor.width, config.sensor.height}, config.reverseX,
-                            config.reverseY);
+    return EncodeOstrelFile(FactoryPixels(m_services.sensorFaults()), {config.sensor.width, config.sensor.height},
+                            config.reverseX, config.reverseY);
 }
 
 void OstrelFirmware::PowerUp()
@@ -106,24 +88,13 @@ void OstrelFirmware::PowerUp()
         const auto content = m_services.state.File(FileName(set), m_services.config.fileSizeMax);
         m_services.state.SetLoadedFile(FileName(set), content.value_or(FileBytes()));
     }
-    RecallDefault();
-    m_set->Assign(m_default->Current());
-}
-
-void OstrelFirmware::RecallDefault()
-{
-    const auto nonvolatile = m_services.state.Nonvolatile();
-    const auto stored = nonvolatile.find(DefaultFeature);
-    m_default->Reset();
-    if (stored != nonvolatile.end())
-    {
-        m_default->Restore(stored->second);
-    }
+    m_default.Recall();
+    m_set->Assign(m_default.Current());
 }
 
 void OstrelFirmware::Resume()
 {
-    RecallDefault();
+    m_default.Recall();
     for (const char* set : {Preset, User})
     {
         m_loaded[set] = m_services.state.LoadedFile(FileName(set), m_services.config.fileSizeMax).value_or(FileBytes());

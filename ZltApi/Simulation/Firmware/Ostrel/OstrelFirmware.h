@@ -1,6 +1,7 @@
 // Firmware of the Ostrel family: correction sets in files, chosen by enumeration features.
 #pragma once
 
+#include "Firmware/DefaultSet.h"
 #include "Firmware/FileFeatures.h"
 #include "Firmware/Firmware.h"
 
@@ -23,14 +24,12 @@ public:
 private:
     void AddCorrectionFeatures(FeatureMap& features);
     FileBytes FactoryFile() const;
-    void RecallDefault();
-    ZltErrorType StoreDefault(const std::string& set);
     EnumNode::Writer ChangesCorrection() const;
 
     const FirmwareServices m_services;
+    DefaultSet m_default;
     FileFeatures m_files;
     EnumNode* m_set = nullptr;
-    EnumNode* m_default = nullptr;
     EnumNode* m_mode = nullptr;
     std::map<std::string, FileBytes> m_loaded; // by set
 };

@@ -15,7 +15,6 @@ public:
     void PowerUp() override {}
     void Resume() override {}
     void Disconnect() override {}
-    std::vector<PixelPosition> HiddenPixels(Mirroring) const override { return {}; }
 };
 
 } // namespace Simulation

@@ -1,0 +1,253 @@
+// The adapter for the established GigE cameras: one table of defect rectangles in camera memory.
+#include "DpcAdapterEstablishedGigE.h"
+
+#include "AdapterFailure.h"
+
+#include <boost/format.hpp>
+#include <boost/make_shared.hpp>
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+namespace KTR::DPC
+{
+namespace
+{
+
+using namespace EstablishedGigE;
+
+// The switch as the messages name it.
+std::string quotedFeature()
+{
+    return "\"" + DPC_FeatureName + "\"";
+}
+
+std::uint64_t measure(const SensorDefect& defect)
+{
+    switch (defect.GetSensorDefectType())
+    {
+    case SensorDefectType::Row:
+        return RowRecordSize;
+    case SensorDefectType::Column:
+        return ColumnRecordSize;
+    case SensorDefectType::Pixel:
+        return SinglePixelRecordSize;
+    case SensorDefectType::Cluster:
+        return ClusterRecordSize;
+    default:
+        fail("Unsupported Defect Type (PixelRow or PixelColumn)!");
+    }
+}
+
+} // namespace
+
+DpcAdapterEstablishedGigE::DpcAdapterEstablishedGigE(const boost::shared_ptr<CameraAbstraction>& camera,
+                                                     const std::vector<SensorDefectType>& supportedDefectTypes)
+    : m_sensorWidth(static_cast<std::uint32_t>(camera->GetFeatureIntegerValue("SensorWidth"))),
+      m_sensorHeight(static_cast<std::uint32_t>(camera->GetFeatureIntegerValue("SensorHeight"))),
+      m_switchIsEnumeration(camera->GetFeatureType(DPC_FeatureName) == FeatureType::Enumeration),
+      m_set(boost::make_shared<CorrectionSet>("DefectMaskingTable")),
+      m_camera(camera),
+      m_supportedDefectTypes(supportedDefectTypes)
+{
+    const auto features = m_camera->GetAvailableFeatures();
+    if (std::find(features.begin(), features.end(), DPC_FeatureName) == features.end())
+    {
+        fail("Camera is not supported. Feature" + quotedFeature() + " is missing.");
+    }
+    if (m_switchIsEnumeration)
+    {
+        readSwitchEntries();
+    }
+    m_capacity = std::uint64_t{m_camera->ReadRegisterZoltaLegacy(REG_DefectNumMax)} * 4;
+}
+
+void DpcAdapterEstablishedGigE::readSwitchEntries()
+{
+    const auto entries = m_camera->GetFeatureEnumValues(DPC_FeatureName);
+    if (entries.size() != 2)
+    {
+        fail("Invalid enum value count for feature" + quotedFeature() + ".");
+    }
+    const auto pair = std::make_pair(entries[0], entries[1]);
+    if (pair != std::pair<std::string, std::string>("Off", "On") &&
+        pair != std::pair<std::string, std::string>("Disabled", "Enabled"))
+    {
+        fail("Invalid enum values for feature" + quotedFeature() + ".");
+    }
+    std::tie(m_offEntry, m_onEntry) = pair;
+}
+
+std::uint32_t DpcAdapterEstablishedGigE::GetSensorWidth()
+{
+    return m_sensorWidth;
+}
+
+std::uint32_t DpcAdapterEstablishedGigE::GetSensorHeight()
+{
+    return m_sensorHeight;
+}
+
+std::vector<DpcAdapter::CorrectionSetPtr> DpcAdapterEstablishedGigE::GetAvailableCorrectionSets()
+{
+    return {m_set};
+}
+
+DpcAdapter::CorrectionSetPtr DpcAdapterEstablishedGigE::GetDefaultCorrectionSet()
+{
+    return m_set;
+}
+
+void DpcAdapterEstablishedGigE::SetDefaultCorrectionSet(const CorrectionSetPtr& /*set*/) {}
+
+bool DpcAdapterEstablishedGigE::IsCorrectionSetEnabled(const CorrectionSetPtr& /*set*/)
+{
+    if (!m_switchIsEnumeration)
+    {
+        return m_camera->GetFeatureBooleanValue(DPC_FeatureName);
+    }
+    if (m_onEntry.empty())
+    {
+        fail("Unknown enum values for feature" + quotedFeature() + ".");
+    }
+    return m_camera->GetFeatureEnumValue(DPC_FeatureName) == m_onEntry;
+}
+
+void DpcAdapterEstablishedGigE::SetCorrectionSetEnabled(const CorrectionSetPtr& /*set*/, const bool& enabled)
+{
+    if (!m_switchIsEnumeration)
+    {
+        m_camera->SetFeatureBooleanValue(DPC_FeatureName, enabled);
+        return;
+    }
+    if (m_offEntry.empty() || m_onEntry.empty())
+    {
+        fail("Unknown enum values for feature" + quotedFeature() + ".");
+    }
+    m_camera->SetFeatureEnumValue(DPC_FeatureName, enabled ? m_onEntry : m_offEntry);
+}
+
+std::vector<SensorDefectType> DpcAdapterEstablishedGigE::GetAvailableDefectTypes()
+{
+    return m_supportedDefectTypes;
+}
+
+bool DpcAdapterEstablishedGigE::IsCorrectionSetReadable(const CorrectionSetPtr& /*set*/)
+{
+    return true;
+}
+
+SensorDefectList DpcAdapterEstablishedGigE::ReadCorrectionSet(const CorrectionSetPtr& /*set*/)
+{
+    return decodeDefectRectangles(readTable(), m_sensorWidth, m_sensorHeight);
+}
+
+std::vector<std::uint8_t> DpcAdapterEstablishedGigE::readTable()
+{
+    const std::uint64_t count = m_camera->ReadRegisterZoltaLegacy(REG_DefectNumEntries);
+    if (count > std::uint64_t{m_sensorWidth} * m_sensorHeight)
+    {
+        fail((boost::format("The camera claims %1% defects, but its sensor has %2% x %3% pixels.") % count %
+              m_sensorWidth % m_sensorHeight)
+                 .str());
+    }
+    std::vector<std::uint8_t> table;
+    const std::size_t size = static_cast<std::size_t>(count) * BytesPerRecord;
+    while (table.size() < size)
+    {
+        const std::uint64_t address = REG_ReadWriteBaseAddress + table.size();
+        const std::size_t wanted = std::min(size - table.size(), PvMaxGigEMemoryAccess);
+        std::vector<std::uint8_t> part(wanted);
+        m_camera->ReadMemory(address, part);
+        if (part.size() != wanted)
+        {
+            fail((boost::format("The camera gave %1% instead of %2% bytes of its defect table at %3$#x.") %
+                  part.size() % wanted % address)
+                     .str());
+        }
+        table.insert(table.end(), part.begin(), part.end());
+    }
+    return table;
+}
+
+bool DpcAdapterEstablishedGigE::IsCorrectionSetWritable(const CorrectionSetPtr& /*set*/)
+{
+    return true;
+}
+
+bool DpcAdapterEstablishedGigE::IsCorrectionSetAvailable(const CorrectionSetPtr& set)
+{
+    return IsCorrectionSetWritable(set);
+}
+
+void DpcAdapterEstablishedGigE::WriteCorrectionSet(const CorrectionSetPtr& set, const SensorDefectList& defects)
+{
+    if (!IsCorrectionSetValid(set, defects))
+    {
+        fail("Given CorrectionSet is invalid!");
+    }
+    if (!IsSpaceSufficient(set, defects))
+    {
+        fail("Space is not sufficient!");
+    }
+    auto table = encodeDefectRectangles(defects, m_sensorWidth, m_sensorHeight);
+    if (table.size() != defects.size() * BytesPerRecord)
+    {
+        fail("A defect has coordinates that the camera's table cannot hold.");
+    }
+    // Every packet but the last one ends with a mark, over which the next packet is written.
+    constexpr std::size_t DataSize = MaxPacketSizeInBytes - sizeof(END_OF_PACKET);
+    const std::size_t fullPackets = table.empty() ? 0 : (table.size() - 1) / DataSize;
+    auto data = table.begin();
+    std::uint64_t address = REG_ReadWriteBaseAddress;
+    for (std::size_t i = 0; i < fullPackets; ++i)
+    {
+        std::vector<std::uint8_t> packet(data, data + DataSize);
+        packet.resize(MaxPacketSizeInBytes, 0xFF); // END_OF_PACKET
+        m_camera->WriteMemory(address, packet);
+        data += DataSize;
+        address += DataSize;
+    }
+    std::vector<std::uint8_t> packet(data, table.end());
+    const auto mark = endOfDefinition();
+    packet.insert(packet.end(), mark.begin(), mark.end());
+    m_camera->WriteMemory(address, packet);
+}
+
+bool DpcAdapterEstablishedGigE::IsSpaceSufficient(const CorrectionSetPtr& /*set*/, const SensorDefectList& defects)
+{
+    std::uint64_t sum = 0;
+    for (const auto& defect : defects)
+    {
+        sum += measure(*defect);
+    }
+    return sum <= m_capacity;
+}
+
+bool DpcAdapterEstablishedGigE::IsCorrectionSetValid(const CorrectionSetPtr& /*set*/, const SensorDefectList& defects)
+{
+    return std::all_of(defects.begin(), defects.end(),
+                       [&](const auto& defect)
+                       {
+                           const auto& types = m_supportedDefectTypes;
+                           return std::find(types.begin(), types.end(), defect->GetSensorDefectType()) != types.end();
+                       });
+}
+
+void DpcAdapterEstablishedGigE::RestoreFactorySettings(const CorrectionSetPtr& /*set*/)
+{
+    fail("RestoreFactorySettings is not supported!");
+}
+
+bool DpcAdapterEstablishedGigE::IsRestoreFactorySettingsAvailable(const CorrectionSetPtr& /*set*/)
+{
+    return false;
+}
+
+void DpcAdapterEstablishedGigE::EraseCorrectionSet(CorrectionSetPtr& /*set*/)
+{
+    m_camera->WriteMemory(REG_ReadWriteBaseAddress, endOfDefinition());
+}
+
+} // namespace KTR::DPC

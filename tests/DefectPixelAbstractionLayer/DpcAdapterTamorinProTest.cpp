@@ -1,0 +1,189 @@
+// The Tamorin Pro adapter: bytes, what it says when a camera fails, and which calls it makes.
+#include "DpcAdapterTamorinPro.h"
+#include "Failure.h"
+#include "PixelDefect.h"
+#include "TamorinProCamera.h"
+
+#include <gmock/gmock.h>
+
+#include <fstream>
+#include <functional>
+#include <random>
+
+using namespace KTR::DPC;
+using testing::ElementsAre;
+
+namespace
+{
+
+using Metadata = std::map<std::string, double>;
+using Set = DpcAdapter::CorrectionSetPtr;
+
+SensorDefectList pixels(const std::vector<std::pair<unsigned, unsigned>>& rowsAndColumns)
+{
+    SensorDefectList list;
+    for (const auto& [y, x] : rowsAndColumns)
+    {
+        list.push_back(boost::make_shared<PixelDefect>(x, y));
+    }
+    return list;
+}
+
+std::string text(const SensorDefectList& defects)
+{
+    std::string text;
+    for (const auto& defect : defects)
+    {
+        const auto& pixel = dynamic_cast<const PixelDefect&>(*defect);
+        text += std::to_string(pixel.getX()) + "," + std::to_string(pixel.getY()) + " ";
+    }
+    return text;
+}
+
+struct DpcAdapterTamorinProTest : testing::Test
+{
+    boost::shared_ptr<MemoryCamera> camera = makeTamorinProCamera();
+    DpcAdapterTamorinPro adapter{camera};
+    Set user = boost::make_shared<CorrectionSet>("DPC_User_1");
+    std::vector<std::uint8_t>& userFile = camera->files.back()->content;
+
+    void SetUp() override { camera->log = {}; }
+};
+
+TEST_F(DpcAdapterTamorinProTest, SaysWhatFailed)
+{
+    const std::string listing = "Could not get enum values of CorrectionSetSelect : ";
+    const std::string mode = "Could not set value of Correction mode for Correction Set DPC_User_1.\n";
+    const auto on = [&](const Set& set) { adapter.SetCorrectionSetEnabled(set, true); };
+    const auto write = [&](const Set& set) { adapter.WriteCorrectionSet(set, pixels({{1, 1}})); };
+    struct
+    {
+        std::string refused; // the camera's call that fails, whose words follow the text
+        std::function<void(Set)> call;
+        std::string set, text;
+    } cases[] = {
+        {"List FileSelector", [&](Set) { adapter.GetAvailableCorrectionSets(); }, "DPC_User_1", listing},
+        {"OpenRead DPC_User_1", [&](Set) { adapter.GetAvailableCorrectionSetsWithMetadata(); }, "DPC_User_1", listing},
+        {"", [&](Set set) { adapter.SetDefaultCorrectionSet(set); }, "DPC_User_1",
+         "SetDefaultCorrectionSet not available on Tamorin Pro"},
+        {"Set DPCMode=On", on, "DPC_User_1", mode},
+        {"Set DPCDatasetFileId", on, "DPC_User_1", mode},
+        {"Set DPCMode=Off", [&](Set set) { adapter.SetCorrectionSetEnabled(set, false); }, "DPC_User_1", ""},
+        {"", on, "DPC_99999999999999999999",
+         "The name of correction set DPC_99999999999999999999 does not end in the number of a dataset."},
+        {"", [&](Set set) { adapter.IsCorrectionSetReadable(set); }, "DPC_7", "Could not get file DPC_7"},
+        {"", [&](Set set) { adapter.ReadCorrectionSet(set); }, "DPC_7", "Could not get file DPC_7"},
+        {"", write, "User_1", "The given correction set cannot be overwritten"},
+        {"", write, "DPC_User_9", "Could not get file for correction set DPC_User_9"},
+        {"", [&](Set set) { adapter.IsSpaceSufficient(set, {}); }, "7", "Could not get file for correction set 7"},
+        {"", [&](Set set) { adapter.EraseCorrectionSet(set); }, "7", "Could not get file for correction set 7"},
+        {"", [&](Set set) { adapter.RestoreFactorySettings(set); }, "DPC_User_1",
+         "RestoreFactorySettings is not available for Tamorin Pro Cameras"},
+    };
+    for (auto& [refused, call, set, text] : cases)
+    {
+        camera->log.refused = refused;
+        EXPECT_EQ(FailureOf([&, &call = call, &set = set] { call(boost::make_shared<CorrectionSet>(set)); }),
+                  text.append(refused.empty() ? "" : "Refused: " + refused));
+    }
+    EXPECT_THROW(adapter.GetDatasetFileId(boost::make_shared<CorrectionSet>("DPC_")), std::invalid_argument);
+}
+
+TEST_F(DpcAdapterTamorinProTest, SwitchesDatasetsByNumber)
+{
+    EXPECT_EQ(adapter.GetDatasetFileId(boost::make_shared<CorrectionSet>("DPC_003")), 0x2003);
+    EXPECT_EQ(adapter.GetDatasetFileId(boost::make_shared<CorrectionSet>("DPC_User_012b")), 0x280C);
+    EXPECT_EQ(camera->features["DPCDatasetAuto"].text, "Off") << "since the adapter was made";
+    adapter.SetCorrectionSetEnabled(user, true);
+    EXPECT_FALSE(adapter.IsCorrectionSetEnabled(adapter.GetDefaultCorrectionSet()));
+    camera->features["DPCDatasetAuto"].text = "On";
+    EXPECT_FALSE(adapter.IsCorrectionSetEnabled(user));
+}
+
+TEST_F(DpcAdapterTamorinProTest, ListsSetsWithTheMetadataOfTheirFirstBytes)
+{
+    userFile = bytesFrom(std::string(376, '0') + " 'TMP1 08000000 0000A041 00000000"); // ends behind byte 200
+    const auto sets = adapter.GetAvailableCorrectionSetsWithMetadata();
+    ASSERT_EQ(sets.size(), 2U);
+    EXPECT_EQ(sets[0]->getMetadataSize(), 0U);
+    EXPECT_EQ(sets[1]->getAllMetadata(), (Metadata{{"Temperature", -999999}}));
+    EXPECT_EQ(adapter.GetAvailableCorrectionSets().size(), 4U) << "behind those of the first listing";
+    const std::pair<const char*, Metadata> cases[] = {
+        {"'AGAN 00", {{"Gain", -999999}}},
+        {"'AGAN 04000000 102700", {{"Gain", -999999}}},
+        {"'EXP1 03000000 000000", {{"ExposureTime", -999999}}},
+        {"'EXP1 FFFFFFFF 0000A041", {{"ExposureTime", -999999}}},
+        {"'AGAN 04000000 10270000 'AGAN 04000000 1F4E0000", {{"Gain", 1}}},
+        {"00 'TMP1 04000000 000048C1 'AGAN 04000000 204E0000 'EXP1 04000000 00401C46 'TMP1 04000000 00000000",
+         {{"Temperature", -12.5}, {"Gain", 2}, {"ExposureTime", 10000}}},
+    };
+    for (const auto& [hex, metadata] : cases)
+    {
+        EXPECT_EQ(adapter.GetCorrectionSetMetadata(bytesFrom(hex)), metadata) << hex;
+    }
+}
+
+TEST_F(DpcAdapterTamorinProTest, ReadsPixels)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"", ""},
+        {"'PTY1 04000000 'DPC0 'PDB1 00000000", "Invalid file format"},
+        {"'PDA1 00000000 0340 0500", ""},
+        {"'PDA1 08000000 0340 0500 00C000", "5,3 "}, // the last byte is not looked at
+        {"'PDA1 09000000 0340 0500 00C000", "The file has 15 bytes, but its defect pixel data reaches to byte 16."},
+        {"'PDA1 05000000 0340 0500 00", ""}, // without an end mark the last pixel is lost
+        {"00 'PDA1 10000000 0340 0500 00C0 FF3F FF7F 0180 00C000C0 'PDA1", "5,3 16383,0 1,16383 "},
+        {"'PDA1 0C000000 00C000C0 0340 0500 00C000C0", ""},
+    };
+    for (const auto& [hex, expected] : cases)
+    {
+        std::string actual;
+        const auto failure =
+            FailureOf([&, hex = hex] { actual = text(adapter.getSensorDefectsListFromRawData(bytesFrom(hex))); });
+        EXPECT_EQ(actual + failure, expected) << hex;
+    }
+    EXPECT_DEATH(adapter.getSensorDefectsListFromRawData(bytesFrom("'PDA1 080000")), "pos \\+ 3 < data.size\\(\\)");
+}
+
+TEST_F(DpcAdapterTamorinProTest, WritesTheFileThatTheDocumentationShows)
+{
+    std::ifstream page(FORMATS_PAGE);
+    std::string example((std::istreambuf_iterator<char>(page)), {});
+    example.erase(0, example.find("```hex\n", example.find("## Tamorin Pro\n")) + 7);
+    user->setMetadata("Gain", 1.5);
+    adapter.WriteCorrectionSet(user, pixels({{9, 2}, {1, 5}, {9, 1}}));
+    EXPECT_EQ(userFile, bytesFrom(example.substr(0, example.find("```"))));
+    const std::string file = " DPC_User_1";
+    const std::string description = "Set FileDescriptionBuffer=Gain 1.5, 20.0 \xC2\xB0\x43, 10000 \xC2\xB5S";
+    EXPECT_THAT(camera->log.calls,
+                ElementsAre("GetFile" + file, "OpenWrite" + file, "Write" + file, "Close" + file,
+                            "Set FileSelector=DPC_User_1", description, "Set FileOperationSelector=WriteDescription",
+                            "Run FileOperationExecute"));
+    EXPECT_EQ(text(adapter.ReadCorrectionSet(user)), "5,1 1,9 2,9 ");
+    camera->log = {};
+    adapter.WriteCorrectionSet(user, {});
+    EXPECT_THAT(camera->log.calls, ElementsAre("GetFile" + file, "GetFile" + file, "Delete" + file));
+    EXPECT_FALSE(adapter.IsCorrectionSetReadable(user));
+
+    // 152 bytes and 4 for each pixel must stay below the largest size.
+    EXPECT_FALSE(DpcAdapterTamorinPro(makeTamorinProCamera(156)).IsSpaceSufficient(user, pixels({{1, 1}})));
+    EXPECT_TRUE(DpcAdapterTamorinPro(makeTamorinProCamera(157)).IsSpaceSufficient(user, pixels({{1, 1}})));
+}
+
+TEST(DpcAdapterTamorinPro, ReadsBackRandomLists)
+{
+    std::mt19937 random(1);
+    for (const std::size_t count : {0U, 1U, 5000U})
+    {
+        std::vector<std::pair<unsigned, unsigned>> places(count);
+        std::generate(places.begin(), places.end(), [&] { return std::pair(random() % 64, random() % 16384); });
+        const auto bytes =
+            DpcAdapterTamorinPro::ConvertDefectsListToBinary(CorrectionSet("A"), pixels(places), 16384, 64);
+        std::sort(places.begin(), places.end());
+        EXPECT_EQ(text(DpcAdapterTamorinPro::getSensorDefectsListFromRawData(bytes)), text(pixels(places)));
+        EXPECT_EQ(DpcAdapterTamorinPro::GetCorrectionSetMetadata(bytes),
+                  (Metadata{{"Gain", 0}, {"ExposureTime", 10000}, {"Temperature", 20}}));
+    }
+}
+
+} // namespace
