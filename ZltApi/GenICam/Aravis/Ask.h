@@ -45,4 +45,18 @@ Result Ask(Result (*function)(Parameters...), Arguments... arguments)
     }
 }
 
+// The same for what a description may leave out: then the answer is Aravis's own, such as the widest range.
+template <typename Result, typename... Parameters, typename... Arguments>
+Result AskOptional(Result (*function)(Parameters...), Arguments... arguments)
+{
+    GError* error = nullptr;
+    const Result result = function(arguments..., &error);
+    if (error != nullptr && g_error_matches(error, ARV_GC_ERROR, ARV_GC_ERROR_PROPERTY_NOT_DEFINED) != FALSE)
+    {
+        g_clear_error(&error);
+    }
+    ThrowOn(error);
+    return result;
+}
+
 } // namespace GenICam

@@ -42,15 +42,15 @@ ZltErrorType IntegerNode::Set(std::int64_t value)
 
 ZltErrorType IntegerNode::Range(std::int64_t& minimum, std::int64_t& maximum)
 {
-    const std::int64_t lowest = Ask(arv_gc_integer_get_min, m_integer);
-    maximum = Ask(arv_gc_integer_get_max, m_integer);
+    const std::int64_t lowest = AskOptional(arv_gc_integer_get_min, m_integer);
+    maximum = AskOptional(arv_gc_integer_get_max, m_integer);
     minimum = lowest;
     return ZltErrorSuccess;
 }
 
 ZltErrorType IntegerNode::Increment(std::int64_t& increment)
 {
-    increment = std::max<std::int64_t>(Ask(arv_gc_integer_get_inc, m_integer), 1);
+    increment = std::max<std::int64_t>(AskOptional(arv_gc_integer_get_inc, m_integer), 1);
     return ZltErrorSuccess;
 }
 
@@ -82,15 +82,15 @@ ZltErrorType FloatNode::Set(double value)
 
 ZltErrorType FloatNode::Range(double& minimum, double& maximum)
 {
-    const double lowest = Ask(arv_gc_float_get_min, m_float);
-    maximum = Ask(arv_gc_float_get_max, m_float);
+    const double lowest = AskOptional(arv_gc_float_get_min, m_float);
+    maximum = AskOptional(arv_gc_float_get_max, m_float);
     minimum = lowest;
     return ZltErrorSuccess;
 }
 
 ZltErrorType FloatNode::Increment(double& increment)
 {
-    const double step = Ask(arv_gc_float_get_inc, m_float);
+    const double step = AskOptional(arv_gc_float_get_inc, m_float);
     if (!(step > G_MINDOUBLE)) // which stands for none
     {
         return ZltErrorNotSupported;
@@ -120,7 +120,7 @@ ZltErrorType StringNode::Get(std::string& value)
 
 ZltErrorType StringNode::Set(const std::string& value)
 {
-    const gint64 longest = Ask(arv_gc_string_get_max_length, m_string);
+    const gint64 longest = AskOptional(arv_gc_string_get_max_length, m_string);
     if (longest >= 0 && value.size() > static_cast<std::uint64_t>(longest))
     {
         return ZltErrorInvalidValue;

@@ -26,18 +26,20 @@ ZltApi::FrameStatus StatusOf(ArvBufferStatus status)
 
 } // namespace
 
-std::uint64_t ImageSize(std::uint32_t width, std::uint32_t height, std::uint32_t pixelFormat)
+std::uint64_t ImageShape::Size() const
 {
     const std::uint64_t pixels = std::uint64_t{width} * height;
     const std::uint64_t bits = pixelFormat >> 16U & 0xFFU;
     return pixels / 8 * bits + (pixels % 8 * bits + 7) / 8;
 }
 
-AravisFrame::AravisFrame(std::size_t size)
+AravisFrame::AravisFrame(std::size_t size, const ImageShape& expected)
     : m_bytes(size),
       m_buffer(arv_buffer_new(size, m_bytes.data())),
       m_image(m_bytes.data()),
-      m_imageSize(size)
+      m_imageSize(size),
+      m_expected(expected),
+      m_shape(expected)
 {
 }
 
@@ -47,40 +49,37 @@ void AravisFrame::Describe(std::uint64_t id)
     m_status = StatusOf(arv_buffer_get_status(m_buffer.get()));
     m_image = m_bytes.data();
     m_imageSize = m_bytes.size();
-    m_width = 0;
-    m_height = 0;
-    m_pixelFormat = 0;
-    DescribeImage();
+    m_shape = m_expected;
     // A camera that sends less than it says must not lead anybody behind the end of the image.
-    if (m_status == ZltApi::FrameStatusComplete && m_imageSize < ImageSize(m_width, m_height, m_pixelFormat))
+    if (m_status == ZltApi::FrameStatusComplete && (!DescribeImage() || m_imageSize < m_shape.Size()))
     {
         m_status = ZltApi::FrameStatusIncomplete;
     }
 }
 
-void AravisFrame::DescribeImage()
+// Aravis describes complete images only.
+bool AravisFrame::DescribeImage()
 {
     ArvBuffer* const buffer = m_buffer.get();
     const ArvBufferPayloadType payload = arv_buffer_get_payload_type(buffer);
-    const bool hasImage =
-        payload == ARV_BUFFER_PAYLOAD_TYPE_IMAGE || payload == ARV_BUFFER_PAYLOAD_TYPE_EXTENDED_CHUNK_DATA;
-    // Of a frame whose beginning is lost nothing is known.
-    if (!hasImage || arv_buffer_get_n_parts(buffer) == 0)
+    if ((payload != ARV_BUFFER_PAYLOAD_TYPE_IMAGE && payload != ARV_BUFFER_PAYLOAD_TYPE_EXTENDED_CHUNK_DATA) ||
+        arv_buffer_get_n_parts(buffer) == 0)
     {
-        return;
+        return false;
     }
     size_t size = 0;
     const auto* const data = static_cast<const unsigned char*>(arv_buffer_get_image_data(buffer, &size));
     const auto offset = data != nullptr ? static_cast<std::uint64_t>(data - m_bytes.data()) : m_bytes.size() + 1;
     if (offset > m_bytes.size() || size > m_bytes.size() - offset)
     {
-        return;
+        return false;
     }
     m_image = m_bytes.data() + offset;
     m_imageSize = size;
-    m_width = static_cast<std::uint32_t>(arv_buffer_get_image_width(buffer));
-    m_height = static_cast<std::uint32_t>(arv_buffer_get_image_height(buffer));
-    m_pixelFormat = arv_buffer_get_image_pixel_format(buffer);
+    m_shape = {static_cast<std::uint32_t>(arv_buffer_get_image_width(buffer)),
+               static_cast<std::uint32_t>(arv_buffer_get_image_height(buffer)),
+               arv_buffer_get_image_pixel_format(buffer)};
+    return true;
 }
 
 ZltErrorType AravisFrame::GetImage(unsigned char*& image)
@@ -103,19 +102,19 @@ ZltErrorType AravisFrame::GetBufferSize(std::uint64_t& bytes) const
 
 ZltErrorType AravisFrame::GetWidth(std::uint32_t& width) const
 {
-    width = m_width;
+    width = m_shape.width;
     return ZltErrorSuccess;
 }
 
 ZltErrorType AravisFrame::GetHeight(std::uint32_t& height) const
 {
-    height = m_height;
+    height = m_shape.height;
     return ZltErrorSuccess;
 }
 
 ZltErrorType AravisFrame::GetPixelFormat(std::uint32_t& format) const
 {
-    format = m_pixelFormat;
+    format = m_shape.pixelFormat;
     return ZltErrorSuccess;
 }
 

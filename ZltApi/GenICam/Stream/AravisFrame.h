@@ -12,11 +12,22 @@
 namespace GenICam
 {
 
+struct ImageShape
+{
+    std::uint32_t width = 0;
+    std::uint32_t height = 0;
+    std::uint32_t pixelFormat = 0;
+
+    // In bytes; bits 16 to 23 of a pixel format hold the bits of a pixel.
+    std::uint64_t Size() const;
+};
+
 // Aravis writes it while it is queued; what it holds is described before it goes to the host.
 class AravisFrame final : public ZltApi::Frame
 {
 public:
-    explicit AravisFrame(std::size_t size); // bytes
+    // The size in bytes, and what is expected to arrive.
+    AravisFrame(std::size_t size, const ImageShape& expected);
 
     ArvBuffer* Buffer() const { return m_buffer.get(); }
     // Takes over what has arrived. The number is the frame's in its acquisition.
@@ -31,20 +42,16 @@ public:
     ZltErrorType GetFrameID(std::uint64_t& id) const override;
 
 private:
-    void DescribeImage();
+    bool DescribeImage();
 
     std::vector<unsigned char> m_bytes;
     const ObjectPtr<ArvBuffer> m_buffer;
     unsigned char* m_image = nullptr;
     std::uint64_t m_imageSize = 0;
-    std::uint32_t m_width = 0;
-    std::uint32_t m_height = 0;
-    std::uint32_t m_pixelFormat = 0;
+    const ImageShape m_expected;
+    ImageShape m_shape;
     std::uint64_t m_id = 0;
     ZltApi::FrameStatus m_status = ZltApi::FrameStatusInvalid;
 };
-
-// Bytes that an image takes; bits 16 to 23 of a pixel format hold the bits of a pixel.
-std::uint64_t ImageSize(std::uint32_t width, std::uint32_t height, std::uint32_t pixelFormat);
 
 } // namespace GenICam

@@ -24,14 +24,18 @@ std::int64_t IntegerOr(Connection& connection, const char* name, std::int64_t fa
     return node != nullptr && node->IsReadable() && node->Get(value) == ZltErrorSuccess ? value : fallback;
 }
 
-// Large enough for what the camera says it sends, and for an image of the size that it says it makes.
-std::size_t BufferSize(Connection& connection)
+ImageShape ExpectedShape(Connection& connection)
 {
-    const std::int64_t payload = IntegerOr(connection, "PayloadSize", 0);
     const auto number = [&](const char* name)
     { return static_cast<std::uint32_t>(std::clamp<std::int64_t>(IntegerOr(connection, name, 0), 0, 0xFFFFFFFF)); };
-    const std::uint64_t size = std::max(static_cast<std::uint64_t>(std::max<std::int64_t>(payload, 0)),
-                                        ImageSize(number("Width"), number("Height"), number("PixelFormat")));
+    return {number("Width"), number("Height"), number("PixelFormat")};
+}
+
+// Large enough for what the camera says it sends, and for an image of the size that it says it makes.
+std::size_t BufferSize(Connection& connection, const ImageShape& shape)
+{
+    const std::int64_t payload = IntegerOr(connection, "PayloadSize", 0);
+    const std::uint64_t size = std::max(static_cast<std::uint64_t>(std::max<std::int64_t>(payload, 0)), shape.Size());
     if (payload <= 0 || size > LargestImage)
     {
         throw AravisError(ZltErrorResource);
@@ -105,7 +109,8 @@ ZltErrorType FrameStream::Start(std::uint32_t bufferCount, ZltApi::IFrameObserve
 
 ZltErrorType FrameStream::Prepare(std::uint32_t bufferCount)
 {
-    const std::size_t size = BufferSize(m_connection);
+    const ImageShape shape = ExpectedShape(m_connection);
+    const std::size_t size = BufferSize(m_connection, shape);
     ObjectPtr<ArvStream> stream(
         Ask(arv_device_create_stream, m_connection.Device(), &FrameStream::OnStreamEvent, static_cast<void*>(this)));
     if (!stream)
@@ -123,7 +128,7 @@ ZltErrorType FrameStream::Prepare(std::uint32_t bufferCount)
     m_frames.clear();
     for (std::uint32_t i = 0; i < bufferCount; ++i)
     {
-        m_frames.push_back(std::make_shared<AravisFrame>(size));
+        m_frames.push_back(std::make_shared<AravisFrame>(size, shape));
         Announce(*m_frames.back());
     }
     return ZltErrorSuccess;
