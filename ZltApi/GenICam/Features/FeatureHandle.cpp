@@ -215,6 +215,7 @@ ZltErrorType FeatureHandle::GetEntries(std::vector<ZltApi::EnumEntryPtr>& entrie
             std::vector<FeatureNode::Entry> list;
             std::vector<ZltApi::EnumEntryPtr> handles;
             const ZltErrorType result = Entries(list);
+            handles.reserve(list.size());
             for (FeatureNode::Entry& entry : list)
             {
                 handles.push_back(std::make_shared<EntryHandle>(std::move(entry)));
@@ -235,6 +236,7 @@ ZltErrorType FeatureHandle::GetValues(std::vector<std::string>& names) const
             std::vector<FeatureNode::Entry> list;
             std::vector<std::string> texts;
             const ZltErrorType result = Entries(list);
+            texts.reserve(list.size());
             for (FeatureNode::Entry& entry : list)
             {
                 texts.push_back(std::move(entry.name));

@@ -5,6 +5,9 @@
 #include "Discovery/DeviceSearch.h"
 
 #include <algorithm>
+#include <exception>
+#include <iterator>
+#include <system_error>
 #include <utility>
 
 namespace GenICam
@@ -97,7 +100,15 @@ ZltErrorType GenICamProvider::Startup(ZltApi::ProviderEvents& events)
     m_alarm = std::make_shared<Alarm>();
     m_events = &events;
     m_isRunning = true;
-    m_thread = std::thread([this] { Run(); });
+    try
+    {
+        m_thread = std::thread([this] { Run(); });
+    }
+    catch (const std::system_error&)
+    {
+        m_isRunning = false;
+        return ZltErrorResource;
+    }
     return ZltErrorSuccess;
 }
 
@@ -164,11 +175,18 @@ void GenICamProvider::Run()
 {
     while (m_isRunning)
     {
-        const std::vector<FoundDevice> found = SearchDevices();
-        RemoveLost();
-        UpdateInterfaces();
-        UpdateCameras(found);
-        UpdateAccess();
+        try
+        {
+            const std::vector<FoundDevice> found = SearchDevices();
+            RemoveLost();
+            UpdateInterfaces();
+            UpdateCameras(found);
+            UpdateAccess();
+        }
+        catch (const std::exception&)
+        {
+            // Out of memory or descriptors: the next search may have them again.
+        }
         {
             const std::lock_guard lock(m_mutex);
             m_hasSearched = true;
@@ -215,17 +233,14 @@ void GenICamProvider::Remove(const CameraPtr& camera)
     }
 }
 
-bool GenICamProvider::IsHeldBack(const std::string& id, const std::vector<FoundDevice>& found)
+void GenICamProvider::ForgetRestarts(const std::vector<FoundDevice>& found)
 {
-    const auto entry = m_restarting.find(id);
-    const bool isFound =
-        std::any_of(found.begin(), found.end(), [&](const FoundDevice& device) { return device.id == id; });
-    if (entry == m_restarting.end() || (isFound && Clock::now() < entry->second))
+    for (auto entry = m_restarting.begin(); entry != m_restarting.end();)
     {
-        return entry != m_restarting.end();
+        const bool hasLeft = std::none_of(found.begin(), found.end(),
+                                          [&](const FoundDevice& device) { return device.id == entry->first; });
+        entry = hasLeft || Clock::now() >= entry->second ? m_restarting.erase(entry) : std::next(entry);
     }
-    m_restarting.erase(entry);
-    return false;
 }
 
 void GenICamProvider::UpdateCameras(const std::vector<FoundDevice>& found)
@@ -248,20 +263,12 @@ void GenICamProvider::UpdateCameras(const std::vector<FoundDevice>& found)
     }
     std::for_each(gone.begin(), gone.end(), [this](const CameraPtr& camera) { Remove(camera); });
 
-    std::vector<std::string> returned;
-    for (const auto& [id, end] : m_restarting)
-    {
-        returned.push_back(id);
-    }
-    for (const std::string& id : returned)
-    {
-        IsHeldBack(id, found);
-    }
+    ForgetRestarts(found);
     for (const FoundDevice& device : found)
     {
         const bool isKnown = std::any_of(m_slots.begin(), m_slots.end(),
                                          [&](const Slot& slot) { return slot.camera->Found().id == device.id; });
-        if (isKnown || IsHeldBack(device.id, found))
+        if (isKnown || m_restarting.count(device.id) > 0)
         {
             continue;
         }
@@ -278,9 +285,9 @@ void GenICamProvider::UpdateCameras(const std::vector<FoundDevice>& found)
 GenICamProvider::CameraPtr GenICamProvider::MakeCamera(const FoundDevice& found) const
 {
     const bool isGigEVision = found.technology == Technology::GigEVision;
-    std::string name = isGigEVision ? ControlPort(found.address).ReadUserName() : std::string();
+    const std::string name = isGigEVision ? ControlPort(found.address).ReadUserName() : std::string();
     return std::make_shared<GenICamCamera>(
-        found, name.empty() ? found.model : std::move(name), isGigEVision ? m_gigEVision : m_usb3Vision,
+        found, name.empty() ? found.model : name, isGigEVision ? m_gigEVision : m_usb3Vision,
         isGigEVision ? InterfaceTowards(found.address).name : UsbInterfaceId, [alarm = m_alarm] { alarm->Ring(); });
 }
 

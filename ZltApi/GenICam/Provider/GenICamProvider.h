@@ -58,7 +58,7 @@ private:
     void UpdateAccess();
     void UpdateInterfaces();
 
-    bool IsHeldBack(const std::string& id, const std::vector<FoundDevice>& found);
+    void ForgetRestarts(const std::vector<FoundDevice>& found);
     void Remove(const CameraPtr& camera);
     CameraPtr MakeCamera(const FoundDevice& found) const;
     void Report(const Change& change);

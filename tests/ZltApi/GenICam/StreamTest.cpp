@@ -36,8 +36,8 @@ TEST(GenICamStream, FiveHundredFrames)
         {
             for (std::int64_t i = 0; !finished; i = (i + 1) % 5)
             {
-                ASSERT_EQ(ZltErrorSuccess, Set(camera, "GainRaw", i));
-                ASSERT_EQ(i, Get<std::int64_t>(camera, "GainRaw"));
+                ASSERT_EQ(ZltErrorSuccess, Set(camera, "DefectScanReg", i));
+                ASSERT_EQ(i, Get<std::int64_t>(camera, "DefectScanReg"));
             }
         });
     EXPECT_FALSE(IsWritable(camera, "Width"));
