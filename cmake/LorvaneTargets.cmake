@@ -51,6 +51,18 @@ function(lorvane_library name kind)
     LIBRARY_OUTPUT_DIRECTORY "${LORVANE_LIB_DIR}")
 endfunction()
 
+# lorvane_provider(NAME SOURCES ...): a camera provider. It stands in a folder of its own, for tests that want no other,
+# and from there in the one folder where programs look for providers.
+function(lorvane_provider name)
+  cmake_parse_arguments(ARG "" "" "SOURCES" ${ARGN})
+  lorvane_library(${name} MODULE SOURCES ${ARG_SOURCES})
+  set_target_properties(${name} PROPERTIES LIBRARY_OUTPUT_DIRECTORY "${LORVANE_LIB_DIR}/${name}")
+  add_custom_command(TARGET ${name} POST_BUILD
+    COMMAND ${CMAKE_COMMAND} -E make_directory "${LORVANE_PROVIDER_DIR}"
+    COMMAND ${CMAKE_COMMAND} -E create_symlink "$<TARGET_FILE:${name}>"
+      "${LORVANE_PROVIDER_DIR}/$<TARGET_FILE_NAME:${name}>")
+endfunction()
+
 # lorvane_program(NAME SOURCES ...)
 function(lorvane_program name)
   cmake_parse_arguments(ARG "" "" "SOURCES" ${ARGN})

@@ -6,6 +6,7 @@ cd "$(dirname "$0")/.."
 bin=build/bin
 demo=build/demo
 mkdir -p "$demo"
+export ZLT_PROVIDER_PATH="$PWD/build/lib/zlt-simulation" # no search for real cameras
 export ZLT_SIMULATION_STATE="${ZLT_SIMULATION_STATE:-$PWD/$demo/state}"
 export QT_QPA_PLATFORM="${QT_QPA_PLATFORM:-offscreen}"
 

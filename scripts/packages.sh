@@ -9,8 +9,9 @@ build=(
   libboost-dev libboost-filesystem-dev libboost-thread-dev
   libopencv-core-dev libopencv-imgproc-dev
   libcli11-dev nlohmann-json3-dev libpng-dev
+  libaravis-dev libusb-1.0-0-dev
 )
-test=(libgtest-dev libgmock-dev xauth xvfb openbox xcompmgr xdotool x11-xserver-utils)
+test=(libgtest-dev libgmock-dev xauth xvfb openbox xcompmgr xdotool x11-xserver-utils aravis-tools)
 check=(clang clang-format clang-tidy libclang-rt-14-dev libbenchmark-dev git)
 screenshots=("${test[@]}")
 

@@ -1,0 +1,26 @@
+// A command feature.
+#pragma once
+
+#include "Features/DescribedNode.h"
+
+namespace GenICam
+{
+
+class CommandNode final : public DescribedNode
+{
+public:
+    CommandNode(ArvGcFeatureNode* node, std::string name)
+        : DescribedNode(node, std::move(name), ZltFeatureDataCommand),
+          m_command(ARV_GC_COMMAND(node))
+    {
+    }
+
+    bool IsReadable() override { return false; }
+    ZltErrorType Run() override;
+    ZltErrorType IsDone(bool& done) override;
+
+private:
+    ArvGcCommand* const m_command;
+};
+
+} // namespace GenICam

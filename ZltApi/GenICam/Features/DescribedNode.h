@@ -1,0 +1,42 @@
+// A feature that the camera describes: what its description says about access.
+#pragma once
+
+#include "Features/FeatureNode.h"
+
+#include <arv.h>
+
+#include <optional>
+#include <vector>
+
+namespace GenICam
+{
+
+// The node belongs to the open camera, and so does this object.
+class DescribedNode : public FeatureNode
+{
+public:
+    DescribedNode(ArvGcFeatureNode* node, std::string name, ZltFeatureDataType type);
+
+    bool IsImplemented() override;
+    bool IsReadable() override;
+    bool IsWritable() override;
+
+protected:
+    ArvGcFeatureNode* Node() const { return m_chain.front(); }
+
+private:
+    bool IsAvailable();
+
+    // The node itself and then those from which it takes its value, one after the other. Each can be unavailable or
+    // locked in its own right.
+    std::vector<ArvGcFeatureNode*> m_chain;
+    std::optional<bool> m_isImplemented;
+};
+
+// The node that another one names as the source of its value; null when there is none.
+ArvGcNode* ValueSource(ArvGcNode* node);
+
+// The text of a property such as "CommandValue", as the description has it; null when there is none.
+ArvGcPropertyNode* FindProperty(ArvGcNode* node, ArvGcPropertyNodeType type);
+
+} // namespace GenICam
