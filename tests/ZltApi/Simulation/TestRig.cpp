@@ -40,6 +40,12 @@ TestRig::~TestRig()
     std::filesystem::remove_all(m_folder);
 }
 
+void TestRig::StartAgain()
+{
+    provider.Shutdown();
+    EXPECT_EQ(ZltErrorSuccess, provider.Startup(events));
+}
+
 ZltApi::CameraPtr TestRig::Camera()
 {
     std::vector<ZltApi::CameraPtr> cameras;
