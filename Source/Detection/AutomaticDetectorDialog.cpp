@@ -32,7 +32,6 @@ constexpr QSize FirstSize(520, 560);
 constexpr char PageStyle[] =
     "QLabel[pageHeader=\"true\"] { color: white; font-size: 16px; font-weight: 600; }"
     "QLabel#noteLabel { color: rgb(147,147,150); font-size: 12px; }"
-    "QLabel#exposureWarningLabel { color: rgb(242,201,76); font-size: 12px; }"
     "QLabel#warningLabel { background: rgb(46,47,48); border: 1px solid rgb(89,89,89); border-radius: 6px;"
     " padding: 8px 10px; font-size: 12px; }"
     "QSizeGrip { background: transparent; image: url(\":/icons/resources/grip.svg\"); }";
@@ -52,19 +51,20 @@ AutomaticDetectorDialog::AutomaticDetectorDialog(QWidget* parent, TreeModel* tre
       m_height(height),
       m_treeModel(treeModel),
       m_threshold(UsualThreshold),
-      m_supportedDefects(supportedDefects),
-      m_titleLabel(new QLabel(this)),
-      m_exitButton(new QPushButton(this)),
-      m_content(new QWidget(this)),
-      m_starter(new AutomaticDetectorStarter(m_content)),
-      m_tresholdWidget(new TresholdExposureWidget(PixelDepthOf(pixelFormat), width * height, m_content)),
-      m_loader(new AutomaticDetectorLoader(m_content)),
-      m_sizeGrip(new QSizeGrip(this))
+      m_supportedDefects(supportedDefects)
 {
+    // Before the children come: what they look up in the style is kept.
+    setStyleSheet(styleSheet() + QLatin1String(PageStyle));
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     setAttribute(Qt::WA_TranslucentBackground);
     setWindowIcon(QIcon(QStringLiteral(":/icons/resources/logo-taskbar.png")));
-    setStyleSheet(styleSheet() + QLatin1String(PageStyle));
+    m_titleLabel = new QLabel(this);
+    m_exitButton = new QPushButton(this);
+    m_content = new QWidget(this);
+    m_starter = new AutomaticDetectorStarter(m_content);
+    m_tresholdWidget = new TresholdExposureWidget(PixelDepthOf(pixelFormat), width * height, m_content);
+    m_loader = new AutomaticDetectorLoader(m_content);
+    m_sizeGrip = new QSizeGrip(this);
     BuildLayout();
     MakeConnections();
     SetStrings();

@@ -82,12 +82,12 @@ private:
     int m_threshold;
     std::vector<int> m_supportedDefects;
     QPointer<DetectionRun> m_run; // the current search, or the one whose result shows
-    QLabel* m_titleLabel;
-    QPushButton* m_exitButton;
-    QWidget* m_content;
-    AutomaticDetectorStarter* m_starter;
-    TresholdExposureWidget* m_tresholdWidget;
-    AutomaticDetectorLoader* m_loader;
-    QSizeGrip* m_sizeGrip;
+    QLabel* m_titleLabel = nullptr;
+    QPushButton* m_exitButton = nullptr;
+    QWidget* m_content = nullptr;
+    AutomaticDetectorStarter* m_starter = nullptr;
+    TresholdExposureWidget* m_tresholdWidget = nullptr;
+    AutomaticDetectorLoader* m_loader = nullptr;
+    QSizeGrip* m_sizeGrip = nullptr;
     bool m_cancelled = false;
 };

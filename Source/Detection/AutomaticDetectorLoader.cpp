@@ -86,6 +86,7 @@ void AutomaticDetectorLoader::ShowSearch()
     m_loadingLabel->show();
     m_movie.setScaledSize(PictureSize * devicePixelRatioF());
     m_movie.start();
+    m_stopDetectionButton->setFocus();
 }
 
 void AutomaticDetectorLoader::ShowChoice(int count)

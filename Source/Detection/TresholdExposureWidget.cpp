@@ -91,6 +91,7 @@ void TresholdExposureWidget::BuildLayout()
     m_tresholdLabel->setObjectName(QStringLiteral("tresholdLabel"));
     m_exposureWarningLabel->setObjectName(QStringLiteral("exposureWarningLabel"));
     m_exposureWarningLabel->setWordWrap(true);
+    m_exposureWarningLabel->setStyleSheet(QStringLiteral("color: rgb(242,201,76);"));
     m_exposureWarningLabel->hide();
     m_backButton->setObjectName(QStringLiteral("backButton"));
     m_startDetectionButton->setObjectName(QStringLiteral("startDetectionButton"));
@@ -101,6 +102,7 @@ void TresholdExposureWidget::BuildLayout()
 
     auto* unit = new QLabel(QStringLiteral("µs"), this);
     unit->setObjectName(QStringLiteral("labelUnit"));
+    unit->setIndent(4);
     const std::pair<ValueControl*, QLabel*> beside[] = {{m_treshold, m_tresholdLabel},
                                                         {m_gainControl, new QLabel(this)},
                                                         {m_exposureControl, unit},
