@@ -18,7 +18,7 @@ constexpr QSize PictureSize(48, 48);
 
 AutomaticDetectorLoader::AutomaticDetectorLoader(QWidget* parent)
     : QWidget(parent),
-      m_movie(QStringLiteral(":/icons/resources/spinner-grey.gif")),
+      m_movie(QStringLiteral(":/icons/resources/spinner-grey.gif"), QByteArray(), this),
       m_loadingLabel(new QLabel(this)),
       m_loadingFinishedLabel(new QLabel(this)),
       m_headerLabel(new QLabel(this)),

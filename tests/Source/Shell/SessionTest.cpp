@@ -1,41 +1,22 @@
 // A camera session in the real window on simulated cameras: choice, live image, tools, settings, loss.
-#include "MainWindow.h"
+#include "WindowSession.h"
 
-#include "AsynchronousCameraController.h"
 #include "CameraOptionPanel.h"
-#include "Control/ControlProgram.h"
-#include "CustomGraphicsView.h"
-#include "CustomListView.h"
-#include "LoaderDialog.h"
 #include "ModalAnswers.h"
 #include "OverviewPanel.h"
 #include "Provider/SimulationProvider.h"
-#include "Rig/Rig.h"
 #include "RightPanel.h"
-#include "TreeModel.h"
 
-#include <gtest/gtest.h>
-
-#include <QCheckBox>
 #include <QComboBox>
-#include <QDir>
-#include <QFile>
-#include <QGraphicsPixmapItem>
 #include <QLabel>
 #include <QPushButton>
-#include <QSet>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <random>
-#include <sstream>
 
 namespace
 {
 
-constexpr int Patience = 20'000; // milliseconds
-
-class SessionTest : public testing::Test
+class SessionTest : public WindowSession
 {
 protected:
     enum Row
@@ -47,9 +28,7 @@ protected:
     };
 
     SessionTest()
-    {
-        QDir::setCurrent(m_folder.path());
-        WriteFile("rig.json", R"({"cameras": [
+        : WindowSession(R"({"cameras": [
             {"id": "MONO", "model": "OSTREL S-1m", "serial": "1", "firmware": "ostrel", "width": 320, "height": 240,
              "frameRate": 100, "reverseX": true},
             {"id": "COLOUR", "model": "OSTREL S-2c", "serial": "2", "firmware": "ostrel", "width": 352, "height": 288,
@@ -57,19 +36,8 @@ protected:
             {"id": "PLAIN", "model": "Vesk P", "serial": "3", "firmware": "plain", "width": 1600, "height": 1200,
              "frameRate": 50},
             {"id": "MUTE", "model": "Vesk Q", "serial": "4", "firmware": "plain", "width": 320, "height": 240,
-             "stream": false}]})");
-        WriteFile("Lorvane.ini", "[info]\nTutorialFinished=true\n");
-        qputenv("ZLT_SIMULATION_RIG", m_folder.filePath("rig.json").toUtf8());
-        qputenv("ZLT_SIMULATION_STATE", m_folder.filePath("state").toUtf8());
-        qputenv("ZLT_PROVIDER_PATH", SIMULATION_FOLDER);
-        window = std::make_unique<MainWindow>();
-        window->show();
-        window->SetProperSizes();
-    }
-    ~SessionTest() override
+             "stream": false}]})")
     {
-        window.reset();
-        QDir::setCurrent(QDir::rootPath());
     }
 
     // As another program leaves the camera behind.
@@ -99,60 +67,6 @@ protected:
         }
         provider.Shutdown();
     }
-    static void WriteFile(const char* name, const QByteArray& text)
-    {
-        QFile file(name);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-    }
-    void Control(const std::vector<std::string>& arguments) const
-    {
-        std::ostringstream out;
-        std::ostringstream err;
-        Simulation::ControlProgram program(Simulation::LoadRig(), m_folder.filePath("state").toStdString(), out, err);
-        ASSERT_EQ(program.Run(arguments), 0) << err.str();
-    }
-    template <class Widget> Widget* Find(const char* name = nullptr) const
-    {
-        auto* widget = window->findChild<Widget*>(QLatin1String(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return widget;
-    }
-    void Click(const char* name) const { QTest::mouseClick(Find<QWidget>(name), Qt::LeftButton); }
-    CustomGraphicsView& View() const { return *Find<CustomGraphicsView>("graphicsView"); }
-    TreeModel& Model() const { return *Find<TreeModel>(); }
-    QWidget& Loader() const { return *window->findChild<LoaderDialog*>(); }
-    static bool Waits(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, Patience); }
-
-    void ClickRow(int row) const
-    {
-        auto* const list = window->findChild<CustomListView*>();
-        if (!list->isVisible())
-        {
-            Click("cameraListButton");
-        }
-        ASSERT_TRUE(Waits([&] { return list->model()->rowCount() > row; }));
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                          list->visualRect(list->model()->index(row, 0)).center());
-    }
-    // Until the live image is there and the right panel has opened by itself.
-    void Pick(int row) const
-    {
-        ClickRow(row);
-        ASSERT_TRUE(Waits([&] { return !Loader().isVisible() && Find<QCheckBox>("pixelListButton")->isChecked(); }));
-        ASSERT_TRUE(Waits([&] { return !Image().isNull(); }));
-    }
-    QImage Image() const
-    {
-        for (const QGraphicsItem* item : View().scene()->items())
-        {
-            if (const auto* pixmap = qgraphicsitem_cast<const QGraphicsPixmapItem*>(item))
-            {
-                return pixmap->pixmap().toImage();
-            }
-        }
-        return {};
-    }
     // Presses at the first sensor pixel and releases at the second.
     void Drag(QPoint from, QPoint to) const
     {
@@ -162,9 +76,6 @@ protected:
         QApplication::sendEvent(View().viewport(), &move);
         QTest::mouseRelease(View().viewport(), Qt::LeftButton, {}, place(to));
     }
-
-    QTemporaryDir m_folder;
-    std::unique_ptr<MainWindow> window;
 };
 
 TEST_F(SessionTest, StartsStepByStepUntilTheFirstFrame)
