@@ -29,7 +29,10 @@ constexpr int UsualThreshold = 40;
 constexpr int UsualPixelDepth = 8;
 constexpr int SizeGripSize = 15;
 constexpr QSize FirstSize(520, 560);
+// Without a background of the main window's.
 constexpr char PageStyle[] =
+    "AutomaticDetectorStarter, AutomaticDetectorLoader, TresholdExposureWidget, ValueControl"
+    " { background: transparent; }"
     "QLabel[pageHeader=\"true\"] { color: white; font-size: 16px; font-weight: 600; }"
     "QLabel#noteLabel { color: rgb(147,147,150); font-size: 12px; }"
     "QLabel#warningLabel { background: rgb(46,47,48); border: 1px solid rgb(89,89,89); border-radius: 6px;"
@@ -61,6 +64,7 @@ AutomaticDetectorDialog::AutomaticDetectorDialog(QWidget* parent, TreeModel* tre
     m_titleLabel = new QLabel(this);
     m_exitButton = new QPushButton(this);
     m_content = new QWidget(this);
+    m_content->setObjectName(QStringLiteral("contentWidget"));
     m_starter = new AutomaticDetectorStarter(m_content);
     m_tresholdWidget = new TresholdExposureWidget(PixelDepthOf(pixelFormat), width * height, m_content);
     m_loader = new AutomaticDetectorLoader(m_content);
@@ -166,6 +170,7 @@ void AutomaticDetectorDialog::ShowPage(QWidget* page)
     {
         other->setVisible(other == page);
     }
+    page->setFocus();
 }
 
 void AutomaticDetectorDialog::OnConfigureClick()

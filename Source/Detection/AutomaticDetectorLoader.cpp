@@ -50,6 +50,7 @@ AutomaticDetectorLoader::AutomaticDetectorLoader(QWidget* parent)
         label->setAlignment(Qt::AlignCenter);
     }
     m_continueButton->setProperty("primary", true);
+    setFocusProxy(m_stopDetectionButton);
 
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(10);
@@ -86,7 +87,6 @@ void AutomaticDetectorLoader::ShowSearch()
     m_loadingLabel->show();
     m_movie.setScaledSize(PictureSize * devicePixelRatioF());
     m_movie.start();
-    m_stopDetectionButton->setFocus();
 }
 
 void AutomaticDetectorLoader::ShowChoice(int count)

@@ -44,6 +44,7 @@ AutomaticDetectorStarter::AutomaticDetectorStarter(QWidget* parent)
     m_warningLabel->hide();
     m_startButton->setProperty("primary", true);
     m_startButton->setDefault(true);
+    setFocusProxy(m_startButton);
 
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(10);

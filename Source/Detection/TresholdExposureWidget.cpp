@@ -88,6 +88,7 @@ void TresholdExposureWidget::BuildLayout()
     m_titleLabel->setProperty("pageHeader", true);
     m_noteLabel->setObjectName(QStringLiteral("noteLabel"));
     m_noteLabel->setWordWrap(true);
+    setFocusProxy(&m_treshold->Slider());
     m_tresholdLabel->setObjectName(QStringLiteral("tresholdLabel"));
     m_exposureWarningLabel->setObjectName(QStringLiteral("exposureWarningLabel"));
     m_exposureWarningLabel->setWordWrap(true);

@@ -34,11 +34,11 @@ protected:
     DetectionTest()
         : WindowSession(R"({"cameras": [
             {"id": "MONO", "model": "OSTREL S-1m", "serial": "1", "firmware": "ostrel", "width": 320, "height": 240,
-             "frameRate": 100, "covered": true, "seed": 5},
+             "frameRate": 25, "covered": true, "seed": 5},
             {"id": "COLOUR", "model": "OSTREL S-2c", "serial": "2", "firmware": "ostrel", "width": 352, "height": 288,
-             "filter": "BayerRG", "frameRate": 100, "covered": true, "seed": 8},
+             "filter": "BayerRG", "frameRate": 25, "covered": true, "seed": 8},
             {"id": "RECORDED", "model": "OSTREL S-3m", "serial": "3", "firmware": "ostrel", "width": 408,
-             "height": 344, "frameRate": 100, "covered": true, "darkFrameExposure": 20000, "darkFrameFile": ")" LORVANE_TEST_DATA
+             "height": 344, "frameRate": 25, "covered": true, "darkFrameExposure": 20000, "darkFrameFile": ")" LORVANE_TEST_DATA
                         R"(/darks/dark-3916ms-a.pgm"}]})")
     {
     }
