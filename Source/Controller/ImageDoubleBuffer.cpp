@@ -32,8 +32,11 @@ void ImageDoubleBuffer::Lock()
     m_lock.lockForRead();
 }
 
+// The index hands the images over once more, beside the lock: ThreadSanitizer does not see Qt's locks, and would look at
+// each pixel that the other thread writes later.
 void ImageDoubleBuffer::Unlock()
 {
+    m_frontIndex.fetch_or(0);
     m_lock.unlock();
 }
 
