@@ -50,6 +50,7 @@ shoot settings-temperature 2
 
 # Automatic detection on the first camera, covered.
 "$(dirname "$program")/zlt-simulation-ctl" cover SIM-OSTREL-M1 on
+click 181 57 # the settings close
 click 40 57
 click 150 173
 sleep 4
