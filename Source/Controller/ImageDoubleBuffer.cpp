@@ -1,11 +1,11 @@
 // Two images between the thread that converts frames and the one that shows them.
 #include "ImageDoubleBuffer.h"
 
-#include <QWriteLocker>
+#include <mutex>
 
 bool ImageDoubleBuffer::SetImages(int width, int height)
 {
-    const QWriteLocker lock(&m_lock);
+    const std::lock_guard lock(m_lock);
     for (QImage& image : m_images)
     {
         image = QImage(width, height, QImage::Format_RGB32);
@@ -20,7 +20,7 @@ bool ImageDoubleBuffer::SetImages(int width, int height)
 
 void ImageDoubleBuffer::SetDefImages()
 {
-    const QWriteLocker lock(&m_lock);
+    const std::lock_guard lock(m_lock);
     for (QImage& image : m_images)
     {
         image = QImage();
@@ -29,19 +29,16 @@ void ImageDoubleBuffer::SetDefImages()
 
 void ImageDoubleBuffer::Lock()
 {
-    m_lock.lockForRead();
+    m_lock.lock_shared();
 }
 
-// The index hands the images over once more, beside the lock: ThreadSanitizer does not see Qt's locks, and would look at
-// each pixel that the other thread writes later.
 void ImageDoubleBuffer::Unlock()
 {
-    m_frontIndex.fetch_or(0);
-    m_lock.unlock();
+    m_lock.unlock_shared();
 }
 
 void ImageDoubleBuffer::Swap()
 {
-    const QWriteLocker lock(&m_lock);
+    const std::lock_guard lock(m_lock);
     m_frontIndex ^= 1U;
 }

@@ -2,10 +2,10 @@
 #pragma once
 
 #include <QImage>
-#include <QReadWriteLock>
 
 #include <array>
 #include <atomic>
+#include <shared_mutex>
 
 // The converting thread works on the back image and the showing thread on the front image, both under the lock for
 // reading, so that they work at the same time; flipping and reallocating exclude them. The lock is not recursive, and a
@@ -31,6 +31,6 @@ public:
 
 private:
     std::array<QImage, 2> m_images;
-    QReadWriteLock m_lock;
+    std::shared_mutex m_lock;
     std::atomic<quint32> m_frontIndex{0};
 };
