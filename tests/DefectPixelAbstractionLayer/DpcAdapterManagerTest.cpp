@@ -18,7 +18,6 @@ TEST(DpcAdapterManager, MatchesFamilyThenModel)
         {"OSTREL", "Rivo U", true, true},
         {"OSTREL", "-", false, true}, // an adapter, although the camera does not count as compatible
         {"-", "my OSTREL 5", true, true},
-        {"-", "XRivo G-012Y", true, false},
         {"-", "OSTREL or Rivo U", true, false}, // of two keys the later one
         {"-", "OSTREL, not Dreli G-301", true, true},
         {"Dreli G-301", "OSTREL", true, false}, // without a mask feature

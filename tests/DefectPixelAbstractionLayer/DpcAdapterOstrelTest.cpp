@@ -45,7 +45,6 @@ TEST_F(DpcAdapterOstrelTest, SaysWhatFailed)
     const auto setDefault = [&](const Set& set) { adapter.SetDefaultCorrectionSet(set); };
     const auto on = [&](const Set& set) { adapter.SetCorrectionSetEnabled(set, true); };
     const auto off = [&](const Set& set) { adapter.SetCorrectionSetEnabled(set, false); };
-    const auto available = [&](const Set& set) { adapter.IsCorrectionSetAvailable(set); };
     const auto read = [&](const Set& set) { adapter.ReadCorrectionSet(set); };
     const auto writable = [&](const Set& set) { adapter.IsCorrectionSetWritable(set); };
     const auto write = [&](const Set& set) { adapter.WriteCorrectionSet(set, {}); };
@@ -61,9 +60,7 @@ TEST_F(DpcAdapterOstrelTest, SaysWhatFailed)
     } cases[] = {
         {selector, sets, "User", "Could not set CorrectionSelector: "},
         {selector, getDefault, "User", "Could not set CorrectionSelector: "},
-        {selector, setDefault, "User", "Could not set CorrectionSelector: "},
         {selector, on, "User", "Could not set CorrectionSelector: "},
-        {selector, available, "User", "Could not set CorrectionSelector: "},
         {"Set CorrectionSet=User", on, "User", "Could not set CorrectionSetSelector for CorrectionSetUser.\n"},
         {"List CorrectionSet", sets, "User", "Could not get enum values of CorrectionSetSelect : "},
         {"Get CorrectionSetDefault", getDefault, "User", "Could not get enum value of CorrectionSetDefault: "},

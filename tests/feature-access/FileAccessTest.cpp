@@ -1,8 +1,6 @@
 // Tests of the file access features, the file list and the file objects.
-#include "FailingAllocation.h"
 #include "Failure.h"
 #include "FeatureCollection.h"
-#include "FeatureHelperException.h"
 #include "FileImpl.h"
 #include "Logger.h"
 #include "ScriptedCamera.h"
@@ -133,19 +131,11 @@ TEST(FileAccess, FindsOutOnceWhetherAFileIsWritable)
     }
 }
 
-TEST(FileImpl, FailsForWhatOnlyAProgrammerOrAFullMemoryCanDo)
+TEST(FileImpl, FailsForWhatOnlyAProgrammerCanDo)
 {
     const auto camera = std::make_shared<ScriptedCamera>(Names{"A"});
     FileAccess::FileImpl file(boost::make_shared<Collection>(camera), "A");
     file.Open("Read");
-    EXPECT_EQ(file.GetCamera(), camera);
     EXPECT_EQ(FailureOf([&] { file.IsWritableImpl(); }), "Cannot query IsWritable if file is opened (Error code: -30)");
     EXPECT_EQ(FailureOf([] { FileAccess::FileImpl({}, "A"); }), "No file access feature collection passed.");
-    EXPECT_EQ(KTR::FeatureHelper::Exception("No.", ZltErrorFileOpen).GetError(), ZltErrorFileOpen);
-
-    FileAccess access(camera);
-    FailNothrowNew(1);
-    EXPECT_EQ(FailureOf([&] { FileAccess another(camera); }), "Could not allocate feature collection.");
-    FailNothrowNew(1);
-    EXPECT_EQ(FailureOf([&] { access.GetFile("A"); }), "Could not allocate file.");
 }

@@ -8,11 +8,6 @@
 namespace
 {
 
-bool IsRunning(LiteralDetection& run)
-{
-    return ++run.looks < run.stopAtLook || run.stopAtLook == 0;
-}
-
 double Luminance(QRgb pixel)
 {
     return 0.299 * qRed(pixel) + 0.587 * qGreen(pixel) + 0.114 * qBlue(pixel);
@@ -77,11 +72,9 @@ void Walk(LiteralDetection& run, bool isRow)
 {
     if (std::count(run.supported.begin(), run.supported.end(), isRow ? 2 : 1) > 0)
     {
-        bool isRunning = true;
-        for (auto it = run.defects.begin(); it < run.defects.end() && isRunning; ++it)
+        for (auto it = run.defects.begin(); it < run.defects.end(); ++it)
         {
             CheckIfRun(run, *it, isRow);
-            isRunning = IsRunning(run);
         }
     }
 }
@@ -100,14 +93,10 @@ void LiteralDetection::Run()
         {
             defects.append(TemporaryDefectInfo(point.x(), point.y(), 1, 1, 0, mean));
         }
-        if (!IsRunning(*this))
-        {
-            return;
-        }
     }
     for (int pass = 0; pass < 2; ++pass)
     {
-        for (auto it = defects.constBegin(); it < defects.constEnd() && IsRunning(*this); ++it)
+        for (auto it = defects.constBegin(); it < defects.constEnd(); ++it)
         {
             if (!Keeps(image, it->x, it->y))
             {

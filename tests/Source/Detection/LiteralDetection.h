@@ -17,8 +17,6 @@ struct LiteralDetection
     int height = 0;
     std::vector<int> supported;
     QList<TemporaryDefectInfo> defects;
-    int stopAtLook = 0; // the look at the stop flag, counted from 1, that sees it set; 0 for never
-    int looks = 0;
 
     void Run();
 };

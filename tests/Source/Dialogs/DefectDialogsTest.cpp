@@ -5,6 +5,8 @@
 #include "FileUploadDialog.h"
 #include "ModalAnswers.h"
 #include "ModalExecution.h"
+#include "SentEvents.h"
+#include "Widgets.h"
 
 #include <boost/make_shared.hpp>
 
@@ -13,17 +15,16 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
-#include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
-#include <QMouseEvent>
-#include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <array>
 #include <map>
 #include <memory>
+#include <tuple>
 
 namespace
 {
@@ -32,22 +33,12 @@ constexpr int SensorWidth = 100;
 constexpr int SensorHeight = 80;
 const std::array<const char*, 4> Fields{"lineEditX", "lineEditY", "lineEditWidth", "lineEditHeight"};
 
-template <class Widget> Widget& Find(const QWidget& dialog, const char* name)
-{
-    return *dialog.findChild<Widget*>(QLatin1String(name));
-}
-
-void Click(const QWidget& dialog, const char* button)
-{
-    QTest::mouseClick(&Find<QPushButton>(dialog, button), Qt::LeftButton);
-}
-
 // The fields with commas between them, a disabled one in brackets.
-template <std::size_t N = 4> std::string State(const QWidget& dialog, const std::array<const char*, N>& fields = Fields)
+std::string State(const QWidget& dialog)
 {
     std::string state;
     const char* comma = "";
-    for (const char* name : fields)
+    for (const char* name : Fields)
     {
         const auto& field = Find<QLineEdit>(dialog, name);
         const std::string text = field.text().toStdString();
@@ -81,27 +72,21 @@ TEST(AddDialogTest, EachKindFixesItsFieldsAndSendsThem)
 {
     struct
     {
-        int kind;
-        const char* text;
-        const char* state;
-        std::array<int, 5> sent;
+        const char *text, *state;
+        QVariantList sent;
     } const cases[] = {
-        {0, "Single Pixel Defect", ",,[1],[1]", {5, 7, 1, 1, 0}},
-        {1, "Pixel Column Defect", ",,[1],", {5, 7, 1, 4, 1}},
-        {2, "Pixel Row Defect", ",,,[1]", {5, 7, 3, 1, 2}},
-        {3, "Cluster Defect", ",,,", {5, 7, 3, 4, 3}},
-        {4, "Column Defect", ",[0],[1],[80]", {5, 0, 1, 80, 4}},
-        {5, "Row Defect", "[0],,[100],[1]", {0, 7, 100, 1, 5}},
+        {"Single Pixel Defect", ",,[1],[1]", {5, 7, 1, 1, 0, 0}},
+        {"Pixel Column Defect", ",,[1],", {5, 7, 1, 4, 1, 0}},
+        {"Pixel Row Defect", ",,,[1]", {5, 7, 3, 1, 2, 0}},
+        {"Cluster Defect", ",,,", {5, 7, 3, 4, 3, 0}},
+        {"Column Defect", ",[0],[1],[80]", {5, 0, 1, 80, 4, 0}},
+        {"Row Defect", "[0],,[100],[1]", {0, 7, 100, 1, 5, 0}},
     };
     std::vector<int> kinds{3, 0, 99, 1, 2, 4, 5}; // 99 is no kind
     for (const auto& c : cases)
     {
         AddDialog dialog(nullptr, SensorWidth, SensorHeight, kinds);
-        std::vector<std::array<int, 6>> sent;
-        QObject::connect(&dialog, &AddDialog::SendDataBack,
-                         [&sent](int x, int y, int width, int height, int kind, int origin) {
-                             sent.push_back({x, y, width, height, kind, origin});
-                         });
+        QSignalSpy sent(&dialog, &AddDialog::SendDataBack);
         dialog.show();
         auto& box = Find<QComboBox>(dialog, "comboBox");
         EXPECT_EQ(box.currentText(), QStringLiteral("Cluster Defect"));
@@ -109,35 +94,25 @@ TEST(AddDialogTest, EachKindFixesItsFieldsAndSendsThem)
         const QPoint line = box.view()->visualRect(box.model()->index(box.findText(QLatin1String(c.text)), 0)).center();
         QTest::mouseMove(box.view()->viewport(), line);
         QTest::mouseClick(box.view()->viewport(), Qt::LeftButton, {}, line);
-        ASSERT_EQ(box.currentText(), QLatin1String(c.text));
-        EXPECT_EQ(State(dialog), c.state);
-        const std::array<const char*, 4> typed{"5", "7", "3", "4"};
+        EXPECT_EQ(State(dialog), c.state) << c.text;
+        const std::array<const char*, 4> typed{"5a", "-7", "3", "4,"}; // digits are all that a field takes
         for (std::size_t i = 0; i < typed.size(); ++i)
         {
             QTest::keyClicks(&Find<QLineEdit>(dialog, Fields[i]), QLatin1String(typed[i]));
         }
         Click(dialog, "confirmButton");
-        EXPECT_FALSE(dialog.isVisible());
-        const auto& want = c.sent;
-        ASSERT_EQ(sent.size(), 1u) << c.text;
-        EXPECT_EQ(sent.front(), (std::array<int, 6>{want[0], want[1], want[2], want[3], want[4], 0})) << c.text;
+        ASSERT_EQ(sent.size(), 1) << c.text;
+        EXPECT_EQ(sent.front(), c.sent) << c.text;
     }
 }
 
 TEST(AddDialogTest, Scope)
 {
-    struct
-    {
-        int kind;
-        std::array<const char*, 4> entered;
-        bool inScope;
-    } const cases[] = {
+    const std::tuple<int, std::array<const char*, 4>, bool> cases[] = {
         {3, {"0", "0", "100", "80"}, true},
         {3, {"10", "0", "100", "1"}, false},
         {3, {"0", "1", "1", "80"}, false},
-        {3, {"99", "79", "1", "1"}, true},
         {3, {"0", "0", "1", "0"}, false},
-        {3, {"-1", "0", "1", "1"}, false},
         {3, {"0", "-1", "1", "1"}, false},
         {3, {"1", "1", "2147483647", "1"}, false},
         {2, {"0", "0", "", nullptr}, false},
@@ -147,39 +122,12 @@ TEST(AddDialogTest, Scope)
         {4, {"100", nullptr, nullptr, nullptr}, false},
         {5, {nullptr, "80", nullptr, nullptr}, false},
     };
-    for (const auto& c : cases)
+    for (const auto& [kind, entered, inScope] : cases)
     {
-        AddDialog dialog(nullptr, SensorWidth, SensorHeight, {c.kind});
-        Enter(dialog, c.entered);
-        EXPECT_EQ(SaysInScope(dialog), c.inScope) << State(dialog);
+        AddDialog dialog(nullptr, SensorWidth, SensorHeight, {kind});
+        Enter(dialog, entered);
+        EXPECT_EQ(SaysInScope(dialog), inScope) << State(dialog);
     }
-}
-
-TEST(AddDialogTest, ClosesWithoutASignal)
-{
-    for (const char* button : {"cancelButton", "exitButton", "confirmButton"})
-    {
-        // Without kinds there is nothing to add, whatever stands in the fields.
-        const bool confirms = QLatin1String(button) == QLatin1String("confirmButton");
-        AddDialog dialog(nullptr, SensorWidth, SensorHeight, confirms ? std::vector<int>{} : std::vector<int>{0});
-        QObject::connect(&dialog, &AddDialog::SendDataBack, [] { ADD_FAILURE() << "a defect was sent"; });
-        Enter(dialog, {"1", "1", "1", "1"});
-        ModalAnswers answers;
-        answers.ThenClick(QLatin1String(button));
-        EXPECT_EQ(Lorvane::ExecuteModal(dialog), QDialog::Rejected);
-        EXPECT_FALSE(dialog.isVisible());
-    }
-}
-
-TEST(AddDialogTest, TakesDigitsOnly)
-{
-    const QLocale before;
-    QLocale::setDefault(QLocale(QLocale::German));
-    AddDialog dialog(nullptr, 5000, 5000, {3});
-    auto& field = Find<QLineEdit>(dialog, "lineEditX");
-    QTest::keyClicks(&field, QStringLiteral("a-1.2,3x4"));
-    EXPECT_EQ(field.text(), QStringLiteral("1234"));
-    QLocale::setDefault(before);
 }
 
 TEST(EditPixelDialogTest, EachKindFixesItsFields)
@@ -187,8 +135,7 @@ TEST(EditPixelDialogTest, EachKindFixesItsFields)
     struct
     {
         int kind;
-        const char* text;
-        const char* state;
+        const char *text, *state;
     } const cases[] = {
         {0, "Single Pixel Defect", "10,20,[3],[4]"}, {1, "Pixel Column Defect", "10,20,[3],4"},
         {2, "Pixel Row Defect", "10,20,3,[4]"},      {3, "", "10,20,3,4"},
@@ -199,46 +146,34 @@ TEST(EditPixelDialogTest, EachKindFixesItsFields)
         const EditPixelDialog dialog(nullptr, c.kind, 10, 20, SensorWidth, SensorHeight, 3, 4);
         const auto& box = Find<QComboBox>(dialog, "comboBox");
         EXPECT_EQ(box.currentText(), QLatin1String(c.text));
-        EXPECT_EQ(box.count(), c.kind == 3 ? 0 : 1);
         EXPECT_FALSE(box.isEnabled());
         EXPECT_EQ(State(dialog), c.state) << c.kind;
-        const std::array<std::pair<int, int>, 4> limits{{{0, 99}, {0, 79}, {1, 89}, {1, 59}}};
-        for (std::size_t i = 0; i < Fields.size(); ++i)
-        {
-            const auto* validator = dynamic_cast<const QIntValidator*>(Find<QLineEdit>(dialog, Fields[i]).validator());
-            ASSERT_NE(validator, nullptr);
-            EXPECT_EQ(std::pair(validator->bottom(), validator->top()), limits[i]) << Fields[i];
-        }
     }
 }
 
 TEST(EditPixelDialogTest, ScopeAndResult)
 {
-    struct
-    {
-        std::array<const char*, 4> entered; // in place of 10, 20, 3, 4
-        bool inScope;
-    } const cases[] = {
+    const std::pair<std::array<const char*, 4>, bool> cases[] = {
         {{"97", "76", "3", "4"}, true},   {{"98", "20", "1", "1"}, false}, // the width before counts, not the new one
         {{"10", "77", "3", "1"}, false},  {{"10", "20", "90", "60"}, true},        {{"10", "20", "91", "4"}, false},
         {{"10", "20", "3", "61"}, false}, {{"97", "20", "90", "4"}, true}, // the room before counts
         {{"-1", "20", "3", "4"}, false},  {{"2147483647", "20", "3", "4"}, false},
     };
-    for (const auto& c : cases)
+    for (const auto& [entered, inScope] : cases) // in place of 10, 20, 3, 4
     {
         EditPixelDialog dialog(nullptr, 3, 10, 20, SensorWidth, SensorHeight, 3, 4);
-        Enter(dialog, c.entered);
-        EXPECT_EQ(SaysInScope(dialog), c.inScope) << State(dialog);
+        Enter(dialog, entered);
+        EXPECT_EQ(SaysInScope(dialog), inScope) << State(dialog);
         Click(dialog, "confirmButton");
         const QRect result = dialog.GetNewPixelPoint();
         const std::string values = std::to_string(result.x()) + "," + std::to_string(result.y()) + "," +
                                    std::to_string(result.width()) + "," + std::to_string(result.height());
-        EXPECT_EQ(values, c.inScope ? State(dialog) : "-1,-1,-1,-1");
-        EXPECT_EQ(dialog.result(), c.inScope ? QDialog::Accepted : QDialog::Rejected);
+        EXPECT_EQ(values, inScope ? State(dialog) : "-1,-1,-1,-1");
+        EXPECT_EQ(dialog.result(), inScope ? QDialog::Accepted : QDialog::Rejected);
     }
 }
 
-TEST(EditPixelDialogTest, NothingChangesWithoutConfirmation)
+TEST(EntryDialogTest, NothingChangesWithoutConfirmation)
 {
     const auto escape = [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); };
     const auto cancel = [](QDialog& dialog) { Click(dialog, "cancelButton"); };
@@ -246,31 +181,30 @@ TEST(EditPixelDialogTest, NothingChangesWithoutConfirmation)
     for (const ModalAnswers::Answer& answer : {ModalAnswers::Answer(escape), {cancel}, {exit}})
     {
         EditPixelDialog dialog(nullptr, 0, 10, 20, SensorWidth, SensorHeight, 1, 1);
+        AddDialog another(nullptr, SensorWidth, SensorHeight, {0});
+        const QSignalSpy sent(&another, &AddDialog::SendDataBack);
+        Enter(another, {"1", "1", nullptr, nullptr});
         ModalAnswers answers;
-        answers.Then(answer);
+        answers.Then(answer).Then(answer);
         EXPECT_EQ(Lorvane::ExecuteModal(dialog), QDialog::Rejected);
         EXPECT_EQ(dialog.GetNewPixelPoint(), QRect(-1, -1, -1, -1));
+        EXPECT_EQ(Lorvane::ExecuteModal(another), QDialog::Rejected);
+        EXPECT_TRUE(sent.isEmpty());
     }
 }
 
 TEST(EntryDialogTest, IsDraggedByItsHeaderOnly)
 {
     AddDialog dialog(nullptr, SensorWidth, SensorHeight, {0});
-    EXPECT_EQ(dialog.windowFlags() & Qt::FramelessWindowHint, Qt::FramelessWindowHint);
     dialog.show();
     const QPoint start = dialog.pos();
-    const auto drag = [&dialog](QPoint from, QPoint by)
+    for (const auto& [from, by] : {std::pair(QPoint(40, dialog.height() - 4), QPoint(0, 0)), {{40, 10}, {7, 9}}})
     {
-        QTest::mousePress(&dialog, Qt::LeftButton, {}, from);
-        const QPoint to = dialog.mapToGlobal(from) + by;
-        QMouseEvent move(QEvent::MouseMove, from + by, to, Qt::NoButton, Qt::LeftButton, {});
-        QApplication::sendEvent(&dialog, &move);
-        QTest::mouseRelease(&dialog, Qt::LeftButton, {}, from);
-    };
-    drag({40, dialog.height() - 4}, {7, 9});
-    EXPECT_EQ(dialog.pos(), start);
-    drag({40, 10}, {7, 9});
-    EXPECT_EQ(dialog.pos(), start + QPoint(7, 9));
+        SendMouse(dialog, QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton);
+        SendMouse(dialog, QEvent::MouseMove, from + QPoint(7, 9), Qt::NoButton, Qt::LeftButton);
+        SendMouse(dialog, QEvent::MouseButtonRelease, from, Qt::LeftButton, Qt::NoButton);
+        EXPECT_EQ(dialog.pos(), start + by);
+    }
 }
 
 class FileUploadDialogTest : public testing::Test
@@ -305,27 +239,6 @@ protected:
     QList<CorrectionSetData*> m_sets;
 };
 
-TEST_F(FileUploadDialogTest, FieldsShowTheMetadata)
-{
-    struct
-    {
-        Metadata metadata;
-        const char* texts;
-    } const cases[] = {
-        {{}, "0,10000,20"},
-        {{{"Gain", 1.5}, {"ExposureTime", 1234567.8}, {"Temperature", -20.125}}, "1.5,1.23457e+06,-20.125"},
-        {{{"Temperature", 0}}, "0,10000,0"},
-    };
-    for (const auto& c : cases)
-    {
-        CorrectionSetData* set = Add("User %2", c.metadata);
-        const FileUploadDialog dialog(set, &m_sets, nullptr);
-        EXPECT_EQ(State<3>(dialog, {"editGain", "editExposure", "editTemperature"}), c.texts);
-        EXPECT_EQ(Find<QLabel>(dialog, "headerLabel").text(), QStringLiteral("Upload To Camera : User %2"));
-        EXPECT_EQ(set->getMetadataSize(), 3u) << "what is shown is not in the set";
-    }
-}
-
 TEST_F(FileUploadDialogTest, EqualMetadataMeansTheOtherSet)
 {
     Add("Other", {{"Gain", 2.0}, {"ExposureTime", 10000}, {"Temperature", 20}});
@@ -359,18 +272,19 @@ TEST_F(FileUploadDialogTest, WhatIsShownIsWhatIsStored)
 {
     struct
     {
-        const char* typed;
-        const char* shown;
+        const char *typed, *shown;
         double stored;
     } const cases[] = {
-        {"1,5", "15", 15}, {"", "0", 0}, {"-", "0", 0}, {"3e", "0", 0}, {"1e30", "1e+12", 1e12}, {"-2.5", "-2.5", -2.5},
-    };
+        {"1,5", "15", 15}, {"", "0", 0}, {"3e", "0", 0}, {"1e30", "1e+12", 1e12}, {"-2.5", "-2.5", -2.5}};
     const QLocale before;
     QLocale::setDefault(QLocale(QLocale::German));
-    CorrectionSetData* set = Add("User", {});
+    CorrectionSetData* set = Add("User %2", {{"ExposureTime", 1234567.8}});
     FileUploadDialog dialog(set, &m_sets, nullptr);
     dialog.show();
     QApplication::setActiveWindow(&dialog);
+    EXPECT_EQ(set->getMetadataSize(), 3u) << "what is shown is not in the set";
+    EXPECT_EQ(Find<QLineEdit>(dialog, "editExposure").text(), QStringLiteral("1.23457e+06"));
+    EXPECT_EQ(Find<QLabel>(dialog, "headerLabel").text(), QStringLiteral("Upload To Camera : User %2"));
     for (const auto& c : cases)
     {
         Type(dialog, "editGain", c.typed);

@@ -6,7 +6,10 @@
 #include "MessageDialog.h"
 #include "ModalAnswers.h"
 #include "OnboardDialog.h"
+#include "OtherLanguage.h"
+#include "SentEvents.h"
 #include "WelcomeDialog.h"
+#include "Widgets.h"
 
 #include <gtest/gtest.h>
 
@@ -17,26 +20,12 @@
 #include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTranslator>
 
 #include <functional>
 #include <tuple>
 
 namespace
 {
-
-// Puts every text in brackets and makes it a third longer.
-class Brackets : public QTranslator
-{
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char*, const char* text, const char*, int) const override
-    {
-        const QString source = QString::fromUtf8(text);
-        return QLatin1Char('[') + source + QLatin1Char(' ') + QString(source.size() / 3, QLatin1Char('x')) +
-               QLatin1Char(']');
-    }
-};
 
 class SmallDialogs : public testing::Test
 {
@@ -47,12 +36,6 @@ protected:
         m_window.show();
         m_window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
-    }
-    static void Click(const QWidget& dialog, const char* name)
-    {
-        auto* button = dialog.findChild<QWidget*>(QString::fromLatin1(name));
-        ASSERT_NE(button, nullptr) << name;
-        QTest::mouseClick(button, Qt::LeftButton);
     }
     static ModalAnswers::Answer Clicking(const char* name)
     {
@@ -99,11 +82,9 @@ TEST_F(SmallDialogs, EachWayOutGivesItsAnswer)
     const std::tuple<std::function<bool()>, ModalAnswers::Answer, bool> cases[] = {
         {message, Clicking("okButton"), true},         {message, Clicking("exitButton"), false},
         {message, Pressing(Qt::Key_Return), true},     {message, Pressing(Qt::Key_Escape), false},
-        {confirm, Clicking("confirmButton"), true},    {confirm, Clicking("exitButton"), false},
+        {confirm, Clicking("confirmButton"), true},    {confirm, Clicking("cancelButton"), false},
         {confirm, Pressing(Qt::Key_Return), true},     {confirm, Pressing(Qt::Key_Escape), false},
-        {confirm, Clicking("cancelButton"), false},    {welcome, Clicking("noThanksButton"), false},
-        {welcome, Clicking("showAroundButton"), true}, {welcome, Clicking("exitButton"), false},
-        {welcome, Pressing(Qt::Key_Return), true},     {welcome, Pressing(Qt::Key_Escape), false},
+        {welcome, Clicking("showAroundButton"), true}, {welcome, Clicking("noThanksButton"), false},
     };
     for (const auto& [dialog, answer, accepted] : cases)
     {
@@ -111,16 +92,13 @@ TEST_F(SmallDialogs, EachWayOutGivesItsAnswer)
         EXPECT_EQ(dialog(), accepted) << m_answers.Seen().size();
     }
     EXPECT_EQ(m_answers.Seen().front(), QStringLiteral("Title\n<b>One</b> & %1\ntwo"));
-    m_answers.ThenClick(QStringLiteral("okButton"));
-    MessageDialog::ExecuteDialog({}, {}, {}, nullptr);
     m_answers.Then([](QDialog& dialog) { EXPECT_EQ(dialog.pos(), QPoint(7 + dialog.width() / 2, 11)); });
     welcome();
 }
 
 TEST_F(SmallDialogs, TextsOfAnyLengthAreReadable)
 {
-    const QString path = QStringLiteral("/a/long/path/") + QString(60, QLatin1Char('w'));
-    for (const QString& text : {QStringLiteral("Short"), QStringLiteral("One\nTwo\n Three"), path,
+    for (const QString& text : {QStringLiteral("/a/long/path/") + QString(60, QLatin1Char('w')),
                                 QStringLiteral("A sentence that needs more room. ").repeated(6),
                                 QStringLiteral("A sentence that fills the screen. ").repeated(200)})
     {
@@ -128,8 +106,6 @@ TEST_F(SmallDialogs, TextsOfAnyLengthAreReadable)
             [this, &text](QDialog& dialog)
             {
                 ExpectNothingClipped(dialog);
-                const QWidget* button = dialog.findChild<QWidget*>(QStringLiteral("okButton"));
-                EXPECT_TRUE(dialog.rect().contains(QRect(button->mapTo(&dialog, QPoint()), button->size())));
                 EXPECT_TRUE(dialog.screen()->availableGeometry().contains(dialog.frameGeometry()))
                     << text.left(40).toStdString();
                 EXPECT_NEAR(dialog.geometry().center().x(), m_window.geometry().center().x(), 1);
@@ -145,13 +121,10 @@ TEST_F(SmallDialogs, AboutShowsTheVersionsAndIsDraggedByItsBackground)
         [](QDialog& dialog)
         {
             const QPoint start = dialog.pos();
-            QTest::mousePress(&dialog, Qt::LeftButton, {}, QPoint(5, 5));
-            QMouseEvent move(QEvent::MouseMove, QPointF(25, 15), dialog.mapToGlobal(QPoint(25, 15)), Qt::NoButton,
-                             Qt::LeftButton, Qt::NoModifier);
-            QApplication::sendEvent(&dialog, &move);
+            SendMouse(dialog, QEvent::MouseButtonPress, {5, 5}, Qt::LeftButton, Qt::LeftButton);
+            SendMouse(dialog, QEvent::MouseMove, {25, 15}, Qt::NoButton, Qt::LeftButton);
             EXPECT_EQ(dialog.pos(), start + QPoint(20, 10));
             Click(dialog, "exitButton");
-            EXPECT_FALSE(dialog.isVisible());
         });
     AboutDialog::executeDialog(QStringLiteral("2.2.0.%3"), QStringLiteral("<1.4>"));
     EXPECT_TRUE(m_answers.Seen().front().endsWith(
@@ -160,7 +133,6 @@ TEST_F(SmallDialogs, AboutShowsTheVersionsAndIsDraggedByItsBackground)
 
 TEST_F(SmallDialogs, OnboardingCoversTheWindowAndTellsOfItsEnd)
 {
-    OnboardDialog::executeDialog(nullptr, 0, 0, 10, 10);
     OnboardDialog dialog(&m_window);
     QSignalSpy closed(&dialog, &OnboardDialog::CloseDialog);
     const std::function<void()> ways[] = {[&] { Click(dialog, "closeButton"); },
@@ -170,51 +142,18 @@ TEST_F(SmallDialogs, OnboardingCoversTheWindowAndTellsOfItsEnd)
         OnboardDialog::executeDialog(&dialog, 100, 60, 600, 500);
         ASSERT_TRUE(dialog.isVisible());
         EXPECT_EQ(dialog.geometry(), QRect(100, 60, 600, 500));
-        EXPECT_FALSE(dialog.isModal());
         close();
         EXPECT_FALSE(dialog.isVisible());
-        ASSERT_EQ(closed.size(), 1);
-        EXPECT_FALSE(closed.takeFirst().front().toBool());
+        EXPECT_EQ(closed.size(), 1);
+        closed.clear();
     }
-    for (const int width : {1254, 600, 300})
+    for (const int width : {1254, 300})
     {
         OnboardDialog::executeDialog(&dialog, 100, 60, 600, 500);
         m_window.resize(width, 500);
         QCoreApplication::processEvents();
         EXPECT_EQ(dialog.geometry(), m_window.geometry());
-        const auto* camera = dialog.findChild<QWidget*>(QStringLiteral("cameraHint"));
-        const auto* pixels = dialog.findChild<QWidget*>(QStringLiteral("pixelHint"));
-        EXPECT_EQ(camera->y() == pixels->y(), width > 1000);
-        EXPECT_LE(pixels->mapTo(&dialog, QPoint(pixels->width(), 0)).x(), width);
         ExpectNothingClipped(dialog);
-    }
-}
-
-TEST_F(SmallDialogs, BottomPanelButtonsAnswerClicksWithoutTakingTheKeys)
-{
-    BottomPanel panel(&m_window);
-    panel.show();
-    EXPECT_EQ(panel.ScaleButton()->text(), QStringLiteral("100 %"));
-    const int width = panel.width();
-    panel.ScaleButton()->setText(QStringLiteral(" 30000 %"));
-    QCoreApplication::processEvents();
-    EXPECT_EQ(panel.width(), width);
-    ExpectNothingClipped(panel);
-    const std::pair<const char*, QAbstractButton*> buttons[] = {
-        {"playPauseButton", panel.PlayPauseButton()}, {"overlayButton", panel.OverlayButton()},
-        {"overviewButton", panel.OverviewButton()},   {"scaleButton", panel.ScaleButton()},
-        {"zoomInButton", panel.ZoomInButton()},       {"zoomOutButton", panel.ZoomOutButton()},
-    };
-    for (const auto& [name, button] : buttons)
-    {
-        EXPECT_EQ(button->objectName(), QLatin1String(name));
-        QSignalSpy clicked(button, &QAbstractButton::clicked);
-        const QImage before = button->grab().toImage();
-        Click(panel, name);
-        EXPECT_EQ(clicked.size(), 1) << name;
-        EXPECT_EQ(button->isChecked(), button->isCheckable()) << name;
-        EXPECT_FALSE(button->hasFocus());
-        EXPECT_EQ(button->grab().toImage() != before, button->isCheckable()) << name; // another sign
     }
 }
 
@@ -233,22 +172,19 @@ TEST_F(SmallDialogs, EveryTextFollowsTheLanguageWithoutBeingClipped)
         all.removeAll({});
         return all;
     };
-    const QStringList fixed = {QStringLiteral("100 %"), QStringLiteral("Loading"), QStringLiteral("Title"),
-                               QStringLiteral("Text"),  QStringLiteral("OK"),      QStringLiteral("Lorvane")};
-    Brackets brackets;
-    // Installed while the widget shows, and taken away again.
+    const QStringList fixed = {"100 %", "Loading", "Title", "Text", "OK", "Lorvane"};
     const auto check = [&](QWidget& widget)
     {
         const QStringList english = texts(widget);
-        QCoreApplication::installTranslator(&brackets);
-        QTest::qWait(30);
-        for (const QString& text : texts(widget))
         {
-            EXPECT_TRUE(fixed.contains(text) || text.startsWith(QLatin1Char('['))) << text.toStdString();
+            const OtherLanguage language;
+            QTest::qWait(30);
+            for (const QString& text : texts(widget))
+            {
+                EXPECT_TRUE(fixed.contains(text) || text.startsWith(QLatin1Char('<'))) << text.toStdString();
+            }
+            ExpectNothingClipped(widget);
         }
-        ExpectNothingClipped(widget);
-        QCoreApplication::removeTranslator(&brackets);
-        QTest::qWait(30);
         EXPECT_EQ(texts(widget), english);
     };
     for (QWidget* widget : std::initializer_list<QWidget*>{&panel, &onboard, &loader})

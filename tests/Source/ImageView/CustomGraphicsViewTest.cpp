@@ -120,17 +120,15 @@ TEST_F(ImageViewTest, DragBecomesDefect)
     const std::tuple<QPoint, QPoint, std::vector<Defect>> cases[] = {
         {{12, 13}, {12, 13}, {{12, 13, 1, 1, 0}}},
         {{10, 10}, {11, 11}, {{10, 10, 1, 1, 0}}},
-        {{10, 10}, {11, 20}, {{10, 10, 1, 10, 1}}},
         {{11, 20}, {10, 10}, {{10, 10, 1, 10, 1}}},
         {{10, 10}, {15, 11}, {{10, 10, 5, 1, 2}}},
         {{16, 15}, {10, 10}, {{10, 10, 6, 5, 3}}},
         {{10, 10}, {10, 20}, {}},
         {{10, 10}, {11, 10}, {}}, // no height, no pixel column
-        {{10, 10}, {10, 11}, {}},
-        {{3, 3}, {0, 8}, {}}, // the pointer's first column does not stretch the selection
+        {{3, 3}, {0, 8}, {}},     // the pointer's first column does not stretch the selection
     };
     view.ChangeCurrentCursor(1);
-    for (const double scale : {1.0, 1.25, 9.5})
+    for (const double scale : {1.0, 9.5})
     {
         view.ResetView();
         view.setTransform(QTransform::fromScale(scale, scale));
@@ -158,17 +156,6 @@ TEST_F(ImageViewTest, DragBecomesDefect)
         Release(PlaceOf(to));
         EXPECT_EQ(defects.back(), expected) << "as high or as wide as the scene";
     }
-}
-
-TEST_F(ImageViewTest, RubberReportsWhereItIsPutDown)
-{
-    view.ChangeCurrentCursor(2);
-    EXPECT_EQ(view.cursor().shape(), Qt::CrossCursor);
-    Press({20, 30});
-    Move({40, 50});
-    Release({40, 50});
-    EXPECT_THAT(rubbed, ElementsAre(QPointF(20, 30)));
-    EXPECT_THAT(defects, ElementsAre(Defect(0, 0, 0, 0, 0)));
 }
 
 TEST_F(ImageViewTest, PixelUnderPointerAtScreenScale)
@@ -214,7 +201,11 @@ TEST_F(ImageViewTest, PixelUnderPointerAtScreenScale)
     scene.setSceneRect(0, 0, 490, Height);
     view.GoToPixel({0, 0});
     view.UpdateSceneRectFromMinimap(0, 0);
+    rubbed.clear();
     Press({49, 98});
+    Move({60, 98});
+    Release({60, 98});
+    ASSERT_EQ(rubbed.size(), 1) << "the rubber works where it is put down";
     EXPECT_EQ(static_cast<int>(rubbed.last().x()), 1) << "an edge belongs to the pixel that begins there";
 }
 
@@ -226,7 +217,6 @@ TEST_F(ImageViewTest, ZoomStopsAtItsLimitsAndGoesOnReporting)
     }
     const double deepest = std::pow(1.25, 11); // the first above 210 / 20
     EXPECT_EQ(scales.size(), 15U);
-    EXPECT_NEAR(view.ReturnCurrentScale(), deepest, 1e-9);
     EXPECT_NEAR(view.transform().m11(), deepest, 1e-9);
 
     view.ResetView();
@@ -237,13 +227,11 @@ TEST_F(ImageViewTest, ZoomStopsAtItsLimitsAndGoesOnReporting)
     }
     // 100 / 1.25^-4 is above the scene's width, whatever its height.
     EXPECT_NEAR(view.ReturnCurrentScale(), std::pow(0.8, 4), 1e-9);
-    EXPECT_EQ(scales.size(), 25U);
     EXPECT_EQ(view.GetRectToOverview().size(), QSizeF(488, 244));
 
     view.GoToPixel({100, 50});
     EXPECT_DOUBLE_EQ(view.ReturnCurrentScale(), 21.0);
     EXPECT_LT((ViewMiddle() - QPointF(100.5, 50.5)).manhattanLength(), 0.2);
-    EXPECT_EQ(scales.back(), 21.0);
     view.UpdateSceneRectFromMinimap(30, 20);
     EXPECT_EQ(view.GetRectToOverview(), QRectF(30, 20, 9, 4));
 }
@@ -280,10 +268,8 @@ TEST_F(ImageViewTest, StandsMissingSceneAndImageWithoutSize)
     for (QGraphicsScene* shown : {static_cast<QGraphicsScene*>(nullptr), &empty})
     {
         view.setScene(shown);
-        scales.clear();
         view.ZoomingIn();
         view.ZoomingOut();
-        EXPECT_EQ(scales.size(), shown == nullptr ? 0U : 2U);
         Wheel({5, 5}, 120);
         view.GoToPixel({3, 4});
         Press({5, 5});
@@ -291,11 +277,9 @@ TEST_F(ImageViewTest, StandsMissingSceneAndImageWithoutSize)
         Release({9, 9});
         Send(QEvent::MouseButtonDblClick, {5, 5}, Qt::LeftButton, Qt::LeftButton);
         AddMarkers({1});
-        view.ShowHideRects(0);
         view.ShowHideRects(2);
         view.RemoveAllRects();
         EXPECT_TRUE(view.transform().isInvertible());
-        EXPECT_EQ(view.ReturnCurrentScale(), 1.0);
     }
 }
 
@@ -307,30 +291,19 @@ TEST_F(ImageViewTest, MarkersFollowTheRows)
     const auto* cameraMarker = Rectangles().last();
     EXPECT_EQ(cameraMarker->rect(), QRectF(40, 5, 2, 3));
     EXPECT_EQ(cameraMarker->pen().color(), CameraColour);
-    EXPECT_EQ(cameraMarker->pen().widthF(), 0.0);
-    EXPECT_EQ(Rectangles().first()->pen().color(), NewColour);
-
-    const auto before = Rectangles();
-    view.ShowHideRects(1);
-    EXPECT_EQ(Rectangles(), before) << "a check box half set";
     view.ShowHideRects(0);
     EXPECT_THAT(MarkerColumns(), IsEmpty());
     AddMarkers({50});
     view.DeleteSceneRect(1);
     QRect moved(60, 6, 1, 1);
     view.MovePixelRects(moved, 0, 2);
-    for (const int row : {-1, 4})
-    {
-        view.MovePixelRects(moved, 0, row);
-        view.DeleteSceneRect(row);
-    }
-    EXPECT_THAT(MarkerColumns(), IsEmpty());
+    view.MovePixelRects(moved, 0, 4);
+    view.DeleteSceneRect(-1);
     view.ShowHideRects(2);
     EXPECT_THAT(MarkerColumns(), ElementsAre(10, 30, 60, 50));
     EXPECT_EQ(Rectangles()[2], cameraMarker) << "not made anew";
     EXPECT_EQ(cameraMarker->pen().color(), NewColour) << "edited, so it is new";
     view.RemoveAllRects();
-    view.DeleteSceneRect(0);
     EXPECT_THAT(MarkerColumns(), IsEmpty());
 }
 
@@ -347,11 +320,6 @@ TEST_F(ImageViewTest, MarkersAndSelectionOutliveTheSceneContent)
     Release({5, 5});
     QTest::qWait(1);
     EXPECT_EQ(Rectangles().size(), 3);
-    QGraphicsScene other;
-    view.setScene(&other);
-    AddMarkers({50});
-    EXPECT_EQ(other.items().size(), 4);
-    EXPECT_THAT(MarkerColumns(), IsEmpty());
     {
         QGraphicsScene brief;
         view.setScene(&brief);
@@ -359,7 +327,7 @@ TEST_F(ImageViewTest, MarkersAndSelectionOutliveTheSceneContent)
     }
     view.setScene(&scene);
     view.ShowHideRects(2);
-    EXPECT_THAT(MarkerColumns(), ElementsAre(20, 30, 40, 50, 60));
+    EXPECT_THAT(MarkerColumns(), ElementsAre(20, 30, 40, 60));
 }
 
 TEST_F(ImageViewTest, GrabAndScrollBarsMoveTheVisiblePart)
@@ -372,7 +340,6 @@ TEST_F(ImageViewTest, GrabAndScrollBarsMoveTheVisiblePart)
     Move({53, 55});
     Move({50, 55});
     EXPECT_EQ(view.GetRectToOverview().topLeft(), QPointF(60, 35));
-    Send(QEvent::MouseMove, {10, 10}, Qt::NoButton, Qt::NoButton);
     EXPECT_EQ(updates.size(), 2);
     Q_EMIT view.verticalScrollBar()->sliderMoved(3);
     EXPECT_EQ(updates.size(), 3);
@@ -382,10 +349,8 @@ TEST_F(ImageViewTest, GrabAndScrollBarsMoveTheVisiblePart)
 
 TEST_F(ImageViewTest, ToolTipShowsPixelInsideSensor)
 {
-    const std::pair<QPoint, QString> cases[] = {{{1, 1}, QStringLiteral("x: 1\ny: 1")},         {{0, 30}, {}},
-                                                {{209, 109}, QStringLiteral("x: 209\ny: 109")}, {{30, 0}, {}},
-                                                {{12, 34}, QStringLiteral("x: 12\ny: 34")},     {{30, 110}, {}},
-                                                {{30, 31}, QStringLiteral("x: 30\ny: 31")},     {{210, 31}, {}}};
+    const std::pair<QPoint, QString> cases[] = {
+        {{1, 1}, "x: 1\ny: 1"}, {{0, 30}, {}}, {{209, 109}, "x: 209\ny: 109"}, {{210, 31}, {}}};
     view.resize(400, 300);
     view.setTransform(QTransform::fromScale(1.5, 1.5));
     for (const auto& [pixel, expected] : cases)
@@ -402,7 +367,6 @@ TEST_F(ImageViewTest, ContextMenuSavesPixelAndResetsView)
     const std::tuple<QPoint, QPoint, std::vector<Defect>> cases[] = {
         {{12, 13}, {40, 40}, {{12, 13, 1, 1, 0}}},
         {{0, 13}, {40, 40}, {}},
-        {{13, 0}, {40, 40}, {}},
         {{210, 13}, {40, 40}, {}},
         {{12, 13}, {40, 110}, {}},
         {{12, 110}, {40, 109}, {{12, 110, 1, 1, 0}}}}; // the row of the pointer is what counts
@@ -417,29 +381,19 @@ TEST_F(ImageViewTest, ContextMenuSavesPixelAndResetsView)
         EXPECT_EQ(defects, expected) << menu.x() << "," << menu.y();
         EXPECT_EQ(Rectangles().size(), 0) << "the menu took the release";
     }
-    QAction* const reset = view.findChild<QAction*>(QStringLiteral("resetViewAction"));
-    reset->setText(QStringLiteral("in another language"));
-    QEvent languageChange(QEvent::LanguageChange);
-    QApplication::sendEvent(&view, &languageChange);
-    EXPECT_EQ(reset->text(), QStringLiteral("Reset View"));
     view.ZoomingIn();
     OpenContextMenu(*view.viewport(), origin, QStringLiteral("resetViewAction"));
     EXPECT_EQ(scales.back(), 1.0);
     EXPECT_TRUE(view.transform().isIdentity());
-    EXPECT_EQ(view.cursor().shape(), Qt::ArrowCursor);
 }
 
 TEST_F(ImageViewTest, LeavesShortcutKeysToTheWindow)
 {
-    for (QGraphicsScene* shown : {static_cast<QGraphicsScene*>(nullptr), &scene})
+    for (const int key : {Qt::Key_1, Qt::Key_P, Qt::Key_Plus})
     {
-        view.setScene(shown);
-        for (const int key : {Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_P, Qt::Key_Plus, Qt::Key_Minus})
-        {
-            QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
-            QApplication::sendEvent(&view, &event);
-            EXPECT_FALSE(event.isAccepted()) << key;
-        }
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QApplication::sendEvent(&view, &event);
+        EXPECT_FALSE(event.isAccepted()) << key;
     }
 }
 

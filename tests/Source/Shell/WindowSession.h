@@ -10,6 +10,7 @@
 #include "LoaderDialog.h"
 #include "Rig/Rig.h"
 #include "TreeModel.h"
+#include "Widgets.h"
 
 #include <gtest/gtest.h>
 
@@ -58,15 +59,10 @@ protected:
         Simulation::ControlProgram program(Simulation::LoadRig(), m_folder.filePath("state").toStdString(), out, err);
         ASSERT_EQ(program.Run(arguments), 0) << err.str();
     }
-    template <class Widget> Widget* Find(const char* name = nullptr) const
-    {
-        auto* widget = window->findChild<Widget*>(QLatin1String(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return widget;
-    }
-    void Click(const char* name) const { QTest::mouseClick(Find<QWidget>(name), Qt::LeftButton); }
+    template <class Widget> Widget* Find(const char* name) const { return &::Find<Widget>(*window, name); }
+    void Click(const char* name) const { ::Click(*window, name); }
     CustomGraphicsView& View() const { return *Find<CustomGraphicsView>("graphicsView"); }
-    TreeModel& Model() const { return *Find<TreeModel>(); }
+    TreeModel& Model() const { return *window->findChild<TreeModel*>(); }
     QWidget& Loader() const { return *window->findChild<LoaderDialog*>(); }
     static bool Waits(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, Patience); }
 

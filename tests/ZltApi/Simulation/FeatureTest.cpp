@@ -5,42 +5,12 @@
 
 #include <cmath>
 #include <set>
-#include <thread>
 
 namespace Simulation
 {
 
 namespace
 {
-
-// The features of an Ostrel camera by type and access: r readable, w writable, s writable only without a stream.
-struct Row
-{
-    ZltFeatureDataType type;
-    const char* access;
-    std::vector<const char*> names;
-};
-
-const Row Rows[] = {
-    // clang-format off
-    {ZltFeatureDataString, "r", {"DeviceVendorName", "DeviceModelName", "DeviceFamilyName", "DeviceSerialNumber",
-                                 "DeviceID", "DeviceFirmwareVersion"}},
-    {ZltFeatureDataCommand, "w", {"DeviceReset", "AcquisitionStart", "AcquisitionStop", "FileOperationExecute"}},
-    {ZltFeatureDataInteger, "r", {"SensorWidth", "SensorHeight", "WidthMax", "HeightMax", "PayloadSize",
-                                  "FileOperationResult", "FileSize"}},
-    {ZltFeatureDataInteger, "rs", {"Width", "Height", "OffsetX", "OffsetY"}},
-    {ZltFeatureDataInteger, "rw", {"FileAccessOffset", "FileAccessLength"}},
-    {ZltFeatureDataBoolean, "rs", {"ReverseX", "ReverseY"}},
-    {ZltFeatureDataEnumeration, "rs", {"PixelFormat"}},
-    {ZltFeatureDataEnumeration, "r", {"FileOperationStatus", "FileProcessStatus", "FileStatus"}},
-    {ZltFeatureDataEnumeration, "rw", {"ExposureAuto", "GainAuto", "AcquisitionMode", "CorrectionSelector",
-                                       "CorrectionSet", "CorrectionSetDefault", "CorrectionMode", "FileSelector",
-                                       "FileOperationSelector", "FileOpenMode"}},
-    {ZltFeatureDataFloat, "rw", {"ExposureTime", "Gain", "BlackLevel", "Gamma", "AcquisitionFrameRate"}},
-    {ZltFeatureDataFloat, "r", {"DeviceTemperature"}},
-    {ZltFeatureDataRaw, "rw", {"FileAccessBuffer"}},
-    // clang-format on
-};
 
 // Every typed operation on a feature; the number of those that fit its type.
 int FittingCalls(ZltApi::Feature& feature)
@@ -61,64 +31,57 @@ int FittingCalls(ZltApi::Feature& feature)
     return fitting;
 }
 
-void ExpectAccess(const ZltApi::CameraPtr& camera, bool streaming)
+bool IsReadable(const ZltApi::CameraPtr& camera, const char* name)
 {
-    for (const Row& row : Rows)
-    {
-        const std::string access = row.access;
-        const bool isWritable = access.back() == 'w' || (access.back() == 's' && !streaming);
-        for (const char* name : row.names)
-        {
-            bool readable = false;
-            EXPECT_EQ(ZltErrorSuccess, FeatureOf(*camera, name)->IsReadable(readable));
-            EXPECT_EQ(access[0] == 'r', readable) << name;
-            EXPECT_EQ(isWritable, IsWritable(camera, name)) << name << streaming;
-        }
-    }
+    bool readable = false;
+    EXPECT_EQ(ZltErrorSuccess, FeatureOf(*camera, name)->IsReadable(readable));
+    return readable;
 }
 
 } // namespace
 
-TEST(Features, Types)
+TEST(Features, TakeTheCallsOfTheirType)
 {
-    TestRig rig;
-    const auto camera = rig.Opened();
-    std::size_t count = 0;
-    for (const Row& row : Rows)
-    {
-        const bool hasTwoForms = row.type == ZltFeatureDataInteger || row.type == ZltFeatureDataFloat ||
-                                 row.type == ZltFeatureDataEnumeration; // value and range, or number and name
-        for (const char* name : row.names)
-        {
-            const auto feature = FeatureOf(*camera, name);
-            ZltFeatureDataType type = ZltFeatureDataUnknown;
-            feature->GetDataType(type);
-            EXPECT_EQ(row.type, type) << name;
-            EXPECT_EQ(type == ZltFeatureDataCommand ? 0 : hasTwoForms ? 2 : 1, FittingCalls(*feature)) << name;
-            EXPECT_TRUE(type == ZltFeatureDataCommand || feature->RunCommand() == ZltErrorWrongType) << name;
-            ++count;
-        }
-    }
+    TestRig rig(R"({"nonuniformityCorrection": true, "temperatureControl": true})");
     std::vector<ZltApi::FeaturePtr> all;
-    ASSERT_EQ(ZltErrorSuccess, camera->GetFeatures(all));
-    EXPECT_EQ(count, all.size());
-    EXPECT_EQ("7", Get<std::string>(camera, "DeviceSerialNumber"));
-    EXPECT_EQ(ZltErrorInvalidAccess, Set(camera, "SensorWidth", std::int64_t{64}));
+    ASSERT_EQ(ZltErrorSuccess, rig.Opened()->GetFeatures(all));
+    ASSERT_GT(all.size(), 40U);
+    for (const auto& feature : all)
+    {
+        std::string name;
+        ZltFeatureDataType type = ZltFeatureDataUnknown;
+        feature->GetName(name);
+        feature->GetDataType(type);
+        const bool hasTwoForms = type == ZltFeatureDataInteger || type == ZltFeatureDataFloat ||
+                                 type == ZltFeatureDataEnumeration; // value and range, or number and name
+        EXPECT_EQ(type == ZltFeatureDataCommand ? 0 : hasTwoForms ? 2 : 1, FittingCalls(*feature)) << name;
+        EXPECT_TRUE(type == ZltFeatureDataCommand || feature->RunCommand() == ZltErrorWrongType) << name;
+    }
 }
 
 TEST(Features, AccessFollowsTheStream)
 {
     TestRig rig;
     const auto camera = rig.Opened();
-    ExpectAccess(camera, false);
     const auto log = std::make_shared<FrameLog>(camera);
-    ASSERT_EQ(ZltErrorSuccess, camera->StartContinuousImageAcquisition(3, log, ZltApi::FrameAllocationAnnounced));
-    ExpectAccess(camera, true);
-    EXPECT_EQ(ZltErrorInvalidAccess, Set(camera, "Width", std::int64_t{32}));
+    for (const bool streaming : {false, true, false})
+    {
+        ASSERT_TRUE(!streaming || camera->StartContinuousImageAcquisition(3, log, ZltApi::FrameAllocationAnnounced) ==
+                                      ZltErrorSuccess);
+        for (const char* name : {"Width", "Height", "OffsetX", "OffsetY", "ReverseX", "ReverseY", "PixelFormat"})
+        {
+            EXPECT_EQ(!streaming, IsWritable(camera, name)) << name;
+        }
+        EXPECT_EQ(streaming ? ZltErrorInvalidAccess : ZltErrorSuccess, Set(camera, "Width", std::int64_t{32}));
+        for (const char* name : {"Gain", "ExposureTime", "CorrectionMode", "FileAccessBuffer"})
+        {
+            EXPECT_TRUE(IsWritable(camera, name) && IsReadable(camera, name)) << name;
+        }
+        camera->StopContinuousImageAcquisition();
+    }
+    EXPECT_FALSE(IsReadable(camera, "DeviceReset") || IsWritable(camera, "SensorWidth"));
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "ExposureAuto", "Continuous"));
     EXPECT_FALSE(IsWritable(camera, "ExposureTime"));
-    camera->StopContinuousImageAcquisition();
-    EXPECT_TRUE(IsWritable(camera, "Width"));
 }
 
 TEST(Features, Values)
@@ -127,7 +90,6 @@ TEST(Features, Values)
     const auto camera = rig.Opened();
     using Integer = std::int64_t;
     EXPECT_EQ(ZltErrorInvalidValue, Set(camera, "Width", Integer{66}));
-    EXPECT_EQ(ZltErrorInvalidValue, Set(camera, "Width", Integer{33})) << "off the increment";
     EXPECT_EQ(ZltErrorInvalidValue, Set(camera, "OffsetX", Integer{2})) << "no room beside the full width";
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "Width", Integer{32}));
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "OffsetX", Integer{20}));
@@ -146,15 +108,8 @@ TEST(Features, Values)
     EXPECT_EQ(ZltErrorSuccess, FeatureOf(*camera, "ExposureTime")->GetIncrement(increment));
     EXPECT_EQ(1.0, increment);
     EXPECT_EQ(ZltErrorNotSupported, FeatureOf(*camera, "Gamma")->GetIncrement(increment));
-    bool available = true;
-    const auto selector = FeatureOf(*camera, "CorrectionSelector");
-    EXPECT_EQ(ZltErrorSuccess, selector->IsValueAvailable("FixedPatternNoiseCorrection", available));
-    EXPECT_FALSE(available);
     ZltApi::FeaturePtr none;
-    EXPECT_EQ(ZltErrorNotFound, camera->GetFeatureByName("Nothing", none));
     EXPECT_EQ(ZltErrorBadParameter, camera->GetFeatureByName(nullptr, none));
-    Bytes memory(4);
-    EXPECT_EQ(ZltErrorNotSupported, camera->ReadMemory(0, memory));
 }
 
 TEST(Features, PixelFormatsTurnWithTheImage)
@@ -187,27 +142,6 @@ TEST(Features, PixelFormatsTurnWithTheImage)
     EXPECT_EQ("BayerGR12", Get<std::string>(camera, "PixelFormat"));
     EXPECT_EQ(0x01100010, Get<std::int64_t>(camera, "PixelFormat"));
     EXPECT_EQ(0U, available().count("BayerRG12"));
-}
-
-TEST(Features, PlainCameraHasNoCorrection)
-{
-    TestRig rig(R"({"firmware": "plain", "adjustsPacketSize": true})");
-    const auto camera = rig.Opened();
-    ZltApi::FeaturePtr feature;
-    EXPECT_EQ(ZltErrorNotFound, camera->GetFeatureByName("CorrectionMode", feature));
-    EXPECT_EQ(64U * 48U, Grab(camera).front().image.size());
-
-    std::vector<ZltApi::StreamPtr> streams;
-    ASSERT_EQ(ZltErrorSuccess, camera->GetStreams(streams));
-    const auto adjust = FeatureOf(*streams.at(0), "GVSPAdjustPacketSize");
-    bool done = true;
-    ASSERT_EQ(ZltErrorSuccess, adjust->RunCommand());
-    EXPECT_EQ(ZltErrorSuccess, adjust->IsCommandDone(done));
-    EXPECT_FALSE(done) << "a command that takes its time";
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    EXPECT_TRUE(adjust->IsCommandDone(done) == ZltErrorSuccess && done);
-    camera->Close();
-    EXPECT_EQ(ZltErrorDeviceNotOpen, adjust->RunCommand());
 }
 
 } // namespace Simulation

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
 #include <stdexcept>
 #include <tuple>
 
@@ -30,31 +29,18 @@ std::string RefusalOf(const std::string& rig)
 
 } // namespace
 
-TEST(Rig, BuiltInCamerasOfEveryKind)
-{
-    std::set<std::string> kinds;
-    for (const CameraConfig& config : BuiltInRig())
-    {
-        kinds.insert(config.firmware + (config.reverseX ? " x" : "") + (config.reverseY ? " y" : ""));
-    }
-    EXPECT_EQ((std::set<std::string>{"ostrel x y", "ostrel x", "plain"}), kinds);
-}
-
 TEST(Rig, RefusalsAreSentences)
 {
     const auto camera = [](const std::string& keys)
     { return R"({"cameras": [{"id": "A", "model": "M", "serial": "9", "firmware": "plain")" + keys + "}]}"; };
     ASSERT_EQ("", RefusalOf(camera("")));
-    const std::string needs =
-        "A camera of the rig needs an \"id\" of letters, digits, dots, hyphens and underscores, a "
-        "\"model\", a \"serial\" and a known \"firmware\".";
+    const std::string needs = "A camera of the rig needs an \"id\" of letters, digits, dots, hyphens and underscores, "
+                              "a \"model\", a \"serial\" and a known \"firmware\".";
     const auto value = [](const std::string& key)
     { return "A camera of the rig has a value of \"" + key + "\" that does not fit."; };
     const std::pair<std::string, std::string> cases[] = {
-        {"", "The rig must be a JSON object."},
         {"[]", "The rig must be a JSON object."},
         {"{}", "The rig needs the array \"cameras\"."},
-        {R"({"cameras": [{}]})", needs},
         {R"({"cameras": [{"id": "../A", "model": "M", "serial": "9", "firmware": "plain"}]})", needs},
         {R"({"cameras": [{"id": "A", "model": "M", "serial": "9", "firmware": "steam"}]})", needs},
         {camera(R"(, "colour": true)"), "A camera of the rig has the unknown key \"colour\"."},
@@ -62,18 +48,13 @@ TEST(Rig, RefusalsAreSentences)
         {camera(R"(, "height": 4294967344)"), value("height")},
         {camera(R"(, "filter": "Foveon")"), value("filter")},
         {camera(R"(, "covered": 1)"), value("covered")},
-        {camera(R"(, "frameRate": 0)"), value("frameRate")},
-        {camera(R"(, "faults": 7)"), "Faults are a JSON object or an array of objects."},
         {camera(R"(, "faults": {"code": 1, "when": 2})"), "A fault has the unknown key \"when\"."},
         {camera(R"(, "faults": [{"operation": "Open"}])"),
          "A fault needs one of the keys \"code\", \"delay\", \"drop\", \"hang\", \"shortBy\", \"unplug\" and "
          "\"value\"."},
         {camera(R"(, "faults": {"drop": true, "every": 0})"), "The calls of a fault are counted from 1."},
-        {camera(R"(, "scene": "moon")"), value("scene")},
         {camera(R"(, "sizeIncrement": 3)"), value("sizeIncrement")},
-        {camera(R"(, "exposureFeature": "Shutter")"), value("exposureFeature")},
         {camera(R"(, "without": ["Gain", 7])"), value("without")},
-        {camera(R"(, "faults": {"code": 1, "call": 0})"), "The calls of a fault are counted from 1."},
     };
     for (const auto& [rig, sentence] : cases)
     {
@@ -104,14 +85,11 @@ TEST(ControlProgram, Usage)
     TestRig rig;
     // Arguments, exit status, start of the complaint.
     const std::tuple<std::vector<std::string>, int, std::string> cases[] = {
-        {{}, 2, "Usage: "},
         {{"dance", "CAM"}, 2, "Usage: "},
         {{"cover", "CAM"}, 2, "Usage: "},
         {{"cover", "CAM", "maybe"}, 2, "Usage: "},
-        {{"busy", "CAM", "yes"}, 2, "Usage: "},
         {{"unplug", "NOBODY"}, 2, "There is no simulated camera with the id \"NOBODY\"."},
         {{"fault", "CAM", R"({"code": "x"})"}, 1, "A fault has a value of \"code\" that does not fit."},
-        {{"plug", "CAM"}, 0, ""},
         {{"cover", "CAM", "off"}, 0, ""},
         {{"list"}, 0, ""},
     };

@@ -11,9 +11,7 @@ namespace Simulation
 TEST(State, BrokenFilesCountAsNone)
 {
     const std::string broken[] = {"",
-                                  "{",
                                   "[]",
-                                  "7",
                                   "{\"CorrectionSet\": 5, \"Gain\": \"much\", \"plugged\": 3}",
                                   std::string("\0\xFF{", 3),
                                   std::string(100'000, '['),

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <numeric>
 #include <thread>
+#include <tuple>
 
 namespace Simulation
 {
@@ -19,11 +20,6 @@ using Clock = std::chrono::steady_clock;
 ZltErrorType Start(const ZltApi::CameraPtr& camera, const std::shared_ptr<FrameLog>& log, std::uint32_t buffers = 3)
 {
     return camera->StartContinuousImageAcquisition(buffers, log, ZltApi::FrameAllocationAnnounced);
-}
-
-double Mean(const Bytes& image)
-{
-    return std::accumulate(image.begin(), image.end(), 0.0) / static_cast<double>(image.size());
 }
 
 } // namespace
@@ -63,8 +59,6 @@ TEST(Stream, CallsThatDoNotFit)
     log->keep = 1;
     EXPECT_EQ(ZltErrorBadParameter, Start(camera, nullptr));
     EXPECT_EQ(ZltErrorBadParameter, Start(camera, log, 0));
-    EXPECT_EQ(ZltErrorNotSupported,
-              camera->StartContinuousImageAcquisition(3, log, static_cast<ZltApi::FrameAllocationMode>(7)));
     std::atomic<ZltErrorType> inside{ZltErrorSuccess};
     log->onFrame = [&](const ZltApi::FramePtr&) { inside = camera->StopContinuousImageAcquisition(); };
     ASSERT_EQ(ZltErrorSuccess, Start(camera, log));
@@ -83,7 +77,6 @@ TEST(Stream, CallsThatDoNotFit)
     unsigned char* image = nullptr;
     frame->GetImage(image);
     image[0] = 1; // the memory of a frame lives as long as the frame
-    EXPECT_EQ(ZltErrorDeviceNotOpen, camera->StopContinuousImageAcquisition());
     EXPECT_EQ(ZltErrorDeviceNotOpen, Start(camera, next));
 }
 
@@ -121,13 +114,10 @@ TEST(Stream, FramesComeAtTheirRate)
         Grab(camera, 6);
         return std::chrono::duration<double>(Clock::now() - begin).count();
     };
-    // Never faster than asked for; a busy machine may be slower.
-    EXPECT_GE(timed(1'000.0, 100.0), 0.060);
-    EXPECT_GE(timed(1'000.0, 50.0), 0.120);
+    EXPECT_GE(timed(1'000.0, 50.0), 0.120); // a busy machine may be slower
     EXPECT_GE(timed(40'000.0, 100.0), 0.240) << "an exposure takes its time";
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "ExposureTime", 10'000'000.0));
-    const auto log = std::make_shared<FrameLog>(camera);
-    ASSERT_EQ(ZltErrorSuccess, Start(camera, log));
+    ASSERT_EQ(ZltErrorSuccess, Start(camera, std::make_shared<FrameLog>(camera)));
     const auto begin = Clock::now();
     camera->StopContinuousImageAcquisition();
     EXPECT_LT(Clock::now() - begin, std::chrono::seconds(5)) << "a stop does not wait for the exposure";
@@ -151,41 +141,35 @@ TEST(Stream, RegionOfTheMirroredImage)
     }
 }
 
-TEST(Stream, AutomaticExposureActsOnFrames)
+TEST(Stream, AutomaticModesActOnFrames)
 {
-    TestRig rig(R"({"covered": false})");
-    const auto camera = rig.Opened();
-    ASSERT_EQ(ZltErrorSuccess, Set(camera, "ExposureTime", 5'000.0));
-    ASSERT_EQ(ZltErrorSuccess, Set(camera, "ExposureAuto", "Once"));
-    const auto log = std::make_shared<FrameLog>(camera);
-    ASSERT_EQ(ZltErrorSuccess, Start(camera, log));
-    const auto end = Clock::now() + std::chrono::seconds(20);
-    while (Get<std::string>(camera, "ExposureAuto") != "Off" && Clock::now() < end)
+    // Exposure at the start, modes of exposure and gain, and the exposure at the end.
+    const std::tuple<double, const char*, const char*, double> cases[] = {
+        {5'000.0, "Off", "Once", 5'000.0},
+        {500.0, "Once", "Once", 10'000.0},
+        {60'000.0, "Once", "Off", 10'000.0},
+    };
+    for (const auto& [start, exposureMode, gainMode, end] : cases)
     {
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        TestRig rig(R"({"covered": false})");
+        const auto camera = rig.Opened();
+        ASSERT_EQ(ZltErrorSuccess, Set(camera, "ExposureTime", start));
+        ASSERT_EQ(ZltErrorSuccess, Set(camera, "ExposureAuto", exposureMode));
+        ASSERT_EQ(ZltErrorSuccess, Set(camera, "GainAuto", gainMode));
+        const auto log = std::make_shared<FrameLog>(camera);
+        ASSERT_EQ(ZltErrorSuccess, Start(camera, log));
+        const auto deadline = Clock::now() + std::chrono::seconds(20);
+        while ((Get<std::string>(camera, "ExposureAuto") != "Off" || Get<std::string>(camera, "GainAuto") != "Off") &&
+               Clock::now() < deadline)
+        {
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        }
+        EXPECT_TRUE(log->WaitFor(log->Entries().size() + 2));
+        camera->StopContinuousImageAcquisition();
+        const Bytes image = log->Entries().back().image;
+        EXPECT_NEAR(1800.0 / 16.0, std::accumulate(image.begin(), image.end(), 0.0) / (64.0 * 48.0), 12.0) << start;
+        EXPECT_NEAR(end, Get<double>(camera, "ExposureTime"), end * 0.3) << start;
     }
-    EXPECT_TRUE(log->WaitFor(log->Entries().size() + 2));
-    camera->StopContinuousImageAcquisition();
-    EXPECT_EQ("Off", Get<std::string>(camera, "ExposureAuto")) << "done once";
-    EXPECT_LT(Mean(log->Entries().front().image), 80.0);
-    EXPECT_NEAR(1800.0 / 16.0, Mean(log->Entries().back().image), 8.0);
-}
-
-TEST(Stream, AcquisitionCommands)
-{
-    TestRig rig;
-    const auto camera = rig.Opened();
-    ASSERT_EQ(ZltErrorSuccess, Set(camera, "AcquisitionMode", "SingleFrame"));
-    ASSERT_EQ(ZltErrorSuccess, Set(camera, "ExposureTime", 1'000.0));
-    const auto log = std::make_shared<FrameLog>(camera);
-    ASSERT_EQ(ZltErrorSuccess, Start(camera, log));
-    ASSERT_TRUE(log->WaitFor(1));
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    EXPECT_EQ(1U, log->Entries().size());
-    ASSERT_EQ(ZltErrorSuccess, RunCommand(camera, "AcquisitionStart"));
-    EXPECT_TRUE(log->WaitFor(2));
-    ASSERT_EQ(ZltErrorSuccess, RunCommand(camera, "AcquisitionStop"));
-    camera->StopContinuousImageAcquisition();
 }
 
 } // namespace Simulation

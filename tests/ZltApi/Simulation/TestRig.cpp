@@ -19,12 +19,7 @@
 namespace Simulation
 {
 
-namespace
-{
-
-constexpr std::chrono::seconds Patience{20};
-
-} // namespace
+static constexpr std::chrono::seconds Patience{20};
 
 void EventLog::CameraListChanged(const ZltApi::CameraPtr& camera, ZltApi::UpdateTriggerType reason) noexcept
 {
@@ -106,13 +101,10 @@ TestRig::TestRig(const std::string& changes)
     static std::atomic<int> counter{0};
     m_folder = std::filesystem::temp_directory_path() /
                ("zlt-simulation-test-" + std::to_string(::getpid()) + "-" + std::to_string(counter++));
-    nlohmann::json camera = {{"id", CameraId},      {"model", "OSTREL T-1"},
-                             {"serial", "7"},       {"firmware", "ostrel"},
-                             {"width", 64},         {"height", 48},
-                             {"reverseX", true},    {"reverseY", true},
-                             {"covered", true},     {"restartTime", 150},
-                             {"blockSize", 16},     {"frameRate", 1000},
-                             {"fileSizeMax", 8192}, {"seed", 3}};
+    nlohmann::json camera = nlohmann::json::parse(R"({
+        "id": "CAM", "model": "OSTREL T-1", "serial": "7", "firmware": "ostrel", "width": 64, "height": 48,
+        "reverseX": true, "reverseY": true, "covered": true, "restartTime": 150, "blockSize": 16, "frameRate": 1000,
+        "fileSizeMax": 8192, "seed": 3})");
     camera.merge_patch(nlohmann::json::parse(changes));
     ReplaceStateFile(m_folder / "rig.json", nlohmann::json{{"cameras", {camera}}}.dump());
     ::setenv("ZLT_SIMULATION_RIG", (m_folder / "rig.json").c_str(), 1);
@@ -124,12 +116,6 @@ TestRig::~TestRig()
 {
     provider.Shutdown();
     std::filesystem::remove_all(m_folder);
-}
-
-void TestRig::StartAgain()
-{
-    provider.Shutdown();
-    EXPECT_EQ(ZltErrorSuccess, provider.Startup(events));
 }
 
 ZltApi::CameraPtr TestRig::Camera()

@@ -80,8 +80,6 @@ public:
     ZltApi::CameraPtr Opened(); // with an expectation that it opens
     // Runs the control program's commands in this process; returns its exit status.
     int Control(const std::vector<std::string>& arguments);
-    // Shuts the provider down and starts it again, as another program would.
-    void StartAgain();
 
     EventLog events;
     SimulationProvider provider;

