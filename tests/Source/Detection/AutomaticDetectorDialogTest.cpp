@@ -4,17 +4,15 @@
 #include "DefectInfo.h"
 #include "DetectionRun.h"
 #include "TreeModel.h"
+#include "Widgets.h"
 
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMovie>
-#include <QPushButton>
 #include <QSignalSpy>
 #include <QSlider>
-#include <QTest>
 
 #include <random>
 
@@ -46,17 +44,8 @@ protected:
         }
         return nullptr;
     }
-    void Click(const char* name) const
-    {
-        ASSERT_NE(Find<QPushButton>(name), nullptr) << name;
-        QTest::mouseClick(Find<QPushButton>(name), Qt::LeftButton);
-    }
-    void Type(const char* field, const char* text) const
-    {
-        Find<QLineEdit>(field)->selectAll();
-        QTest::keyClicks(Find<QLineEdit>(field), text);
-        QTest::keyClick(Find<QLineEdit>(field), Qt::Key_Return);
-    }
+    void Click(const char* name) const { QTest::mouseClick(&FindShown<QPushButton>(*dialog, name), Qt::LeftButton); }
+    void Type(const char* field, const char* text) const { ::Type(::Find<QLineEdit>(*dialog, field), text); }
     int Position(const char* slider) const { return dialog->findChild<QSlider*>(slider)->value(); }
     QString FieldText(const char* field) const { return dialog->findChild<QLineEdit*>(field)->text(); }
     // What shows: buttons and pictures by the first letters of their names, then the first label's text.
@@ -243,10 +232,8 @@ TEST_F(DetectorDialog, StopsAtAnyMoment)
     Search(Frame(3));
     Click("continueButton");
     EXPECT_EQ(model.rowCount(), 3);
-}
 
-TEST_F(DetectorDialog, IsClosedByItsReceiverAlone)
-{
+    // Only its receiver closes it.
     QSignalSpy closing(dialog.get(), &AutomaticDetectorDialog::CloseDialog);
     Click("exitButton");
     QTest::keyClick(dialog.get(), Qt::Key_Escape);

@@ -7,10 +7,10 @@
 #include "FrameFile.h"
 #include "ModalAnswers.h"
 #include "Sensor/SensorFaults.h"
+#include "Widgets.h"
 
 #include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
 
@@ -44,17 +44,7 @@ protected:
     }
 
     AutomaticDetectorDialog& Dialog() const { return *Find<AutomaticDetectorDialog>("detectorDialog"); }
-    template <class Widget> Widget& InDialog(const QString& name) const
-    {
-        for (auto* widget : Dialog().findChildren<Widget*>(name))
-        {
-            if (widget->isVisible())
-            {
-                return *widget;
-            }
-        }
-        throw std::runtime_error("not shown: " + name.toStdString());
-    }
+    template <class Widget> Widget& InDialog(const char* name) const { return ::FindShown<Widget>(Dialog(), name); }
     void ClickInDialog(const char* name) const { QTest::mouseClick(&InDialog<QPushButton>(name), Qt::LeftButton); }
     QComboBox& Formats() const { return *Find<QComboBox>("pixelFormatComboBox"); }
     QString Header() const { return InDialog<QLabel>("headerLabel").text(); }
@@ -75,14 +65,9 @@ protected:
     void Detect(const char* exposure, const char* threshold)
     {
         ClickInDialog("configureButton");
-        for (const auto& [field, text] : {std::pair("currentExposureLabel", exposure),
-                                          {"currentTresholdLabel", threshold},
-                                          {"defectLimitLabel", "5000"}})
-        {
-            InDialog<QLineEdit>(field).selectAll();
-            QTest::keyClicks(&InDialog<QLineEdit>(field), text);
-            QTest::keyClick(&InDialog<QLineEdit>(field), Qt::Key_Return);
-        }
+        Type(InDialog<QLineEdit>("currentExposureLabel"), exposure);
+        Type(InDialog<QLineEdit>("currentTresholdLabel"), threshold);
+        Type(InDialog<QLineEdit>("defectLimitLabel"), "5000");
         ClickInDialog("startDetectionButton");
         ASSERT_TRUE(Waits([&] { return !Header().startsWith("Please"); }));
         EXPECT_TRUE(Header().endsWith(" defects found")) << Header().toStdString();
@@ -151,7 +136,7 @@ TEST_F(DetectionTest, MonoCameraTwice)
     }
 }
 
-TEST_F(DetectionTest, ColourCameraIsSearchedInItsMosaic)
+TEST_F(DetectionTest, ColourMosaicAndRecordedDarkFrame)
 {
     Open(Colour, "BayerRG12");
     Click("automaticDetectionButton");
@@ -160,21 +145,18 @@ TEST_F(DetectionTest, ColourCameraIsSearchedInItsMosaic)
     EXPECT_TRUE(Find<QPushButton>("debayeringOnOff")->isChecked());
     ClickInDialog("continueButton");
     CompareList(Seeded(352, 288, 8, 20'000), 30, 4);
-}
+    ClickInDialog("exitButton");
 
-TEST_F(DetectionTest, RecordedDarkFrame)
-{
-    Open(Recorded);
-    Click("automaticDetectionButton");
-    Detect("20000", "20");
-    ClickInDialog("continueButton");
     const QImage frame = LoadFrameFile(LORVANE_TEST_DATA "/darks/dark-3916ms-a.pgm", nullptr);
     Grey greys;
     for (int i = 0; i < frame.width() * frame.height(); ++i)
     {
-        const QPoint place(i % frame.width(), i / frame.width());
-        greys[{place.x(), place.y()}] = qGray(frame.pixel(place)) + 2;
+        greys[{i % frame.width(), i / frame.width()}] = frame.constScanLine(i / frame.width())[i % frame.width()] + 2;
     }
+    Open(Recorded);
+    Click("automaticDetectionButton");
+    Detect("20000", "20");
+    ClickInDialog("continueButton");
     CompareList(greys, 20, 3);
 }
 
