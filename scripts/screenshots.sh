@@ -47,3 +47,26 @@ click 181 57
 shoot settings 2
 wheel 150 640 -15
 shoot settings-temperature 2
+
+# Automatic detection on the first camera, covered.
+"$(dirname "$program")/zlt-simulation-ctl" cover SIM-OSTREL-M1 on
+click 181 57 # the settings close
+click 40 57
+click 150 173
+sleep 4
+click 1103 289 # the set User
+xdotool key Return sleep 2
+dialog() { # X Y, at a place of the dialog
+  xdotool mousemove --window "$detector" "$1" "$2" sleep 0.2 click 1 sleep 0.4
+}
+click 1103 691 # Automatic Detection
+detector=$(window '^Automatic Detection$')
+shoot detection-start 2
+dialog 300 517 # Configure
+shoot detection-configuration 1
+dialog 440 517 # Start detection
+shoot detection-search 0.3
+sleep 3
+shoot detection-result 1
+dialog 440 517 # Continue
+shoot detection-done 1

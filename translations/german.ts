@@ -68,6 +68,121 @@
     </message>
 </context>
 <context>
+    <name>AutomaticDetectorDialog</name>
+    <message>
+        <source>Automatic Detection</source>
+        <translation>Automatische Erkennung</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>AutomaticDetectorLoader</name>
+    <message>
+        <source>Please wait..</source>
+        <translation>Bitte warten..</translation>
+    </message>
+    <message>
+        <source>Please wait...</source>
+        <translation>Bitte warten...</translation>
+    </message>
+    <message>
+        <source>%1 defects found</source>
+        <translation>%1 Defekte gefunden</translation>
+    </message>
+    <message>
+        <source>Detection is done</source>
+        <translation>Erkennung abgeschlossen</translation>
+    </message>
+    <message>
+        <source>Detection is cancelled</source>
+        <translation>Erkennung abgebrochen</translation>
+    </message>
+    <message>
+        <source>Detection is done.
+%1 defects found.</source>
+        <translation>Erkennung abgeschlossen.
+%1 Defekte gefunden.</translation>
+    </message>
+    <message>
+        <source>Searching defective pixels on your camera</source>
+        <translation>Defekte Pixel Ihrer Kamera werden gesucht</translation>
+    </message>
+    <message>
+        <source>Searching defective pixels on your camera...</source>
+        <translation>Defekte Pixel Ihrer Kamera werden gesucht...</translation>
+    </message>
+    <message>
+        <source>Do you wish to continue correction?
+The operation will erase the current pixel list of the user set.</source>
+        <translation>Möchten Sie mit der Korrektur fortfahren?
+Dabei wird die jetzige Pixelliste des Benutzersatzes gelöscht.</translation>
+    </message>
+    <message>
+        <source>Adding...</source>
+        <translation>Hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Defective pixels and the &quot;Upload to camera&quot; button are available in the pixel list.</source>
+        <translation>Die defekten Pixel und die Schaltfläche &quot;In die Kamera übertragen&quot; finden Sie in der Pixelliste.</translation>
+    </message>
+    <message>
+        <source>The maximum number of defects
+supported by the tool (%1) is exceeded.
+
+Please check your configuration:
+
+Threshold too low?
+Exposure or gain too high?
+Camera not properly covered?</source>
+        <translation>Die größte Zahl von Defekten,
+die das Programm annimmt (%1), ist überschritten.
+
+Bitte prüfen Sie Ihre Einstellungen:
+
+Schwelle zu niedrig?
+Belichtung oder Verstärkung zu hoch?
+Kamera nicht richtig abgedeckt?</translation>
+    </message>
+    <message>
+        <source>Stop detection</source>
+        <translation>Erkennung abbrechen</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Fortfahren</translation>
+    </message>
+    <message>
+        <source>Configure</source>
+        <translation>Einstellen</translation>
+    </message>
+</context>
+<context>
+    <name>AutomaticDetectorStarter</name>
+    <message>
+        <source>Cover camera or lens</source>
+        <translation>Kamera oder Objektiv abdecken</translation>
+    </message>
+    <message>
+        <source>To be sure that automatic detection will work fine, please cover your camera or lens.
+
+Switch off all correction sets to enable detection of all defective pixels.</source>
+        <translation>Damit die automatische Erkennung zuverlässig arbeitet, decken Sie bitte Ihre Kamera oder ihr Objektiv ab.
+
+Schalten Sie alle Korrektursätze aus, damit alle defekten Pixel erkannt werden.</translation>
+    </message>
+    <message>
+        <source>Configure</source>
+        <translation>Einstellen</translation>
+    </message>
+    <message>
+        <source>Start detection</source>
+        <translation>Erkennung starten</translation>
+    </message>
+</context>
+<context>
     <name>BottomPanel</name>
     <message>
         <source>&lt;b&gt;Start and Stop (press P)&lt;/b&gt; &lt;br/&gt; &lt;span style=&apos;color:gray;&apos;&gt;Start or stop image acquisition (P)&lt;/span&gt;</source>
@@ -683,15 +798,31 @@ Die aktuelle Pixelliste überschreiben</translation>
         <source>Are you sure? 
 Reset current correction set to default </source>
         <translation>Sind Sie sicher? 
-Den aktuellen Korrektursatz auf den Auslieferungszustand zurücksetzen </translation>
+Jetzigen Korrektursatz auf den Auslieferungszustand zurücksetzen </translation>
     </message>
     <message>
         <source>Getting current row...</source>
-        <translation>Aktuelle Zeile wird ermittelt...</translation>
+        <translation>Jetzige Zeile wird ermittelt...</translation>
     </message>
     <message>
         <source>Restoring correction set...</source>
-        <translation>Korrektursatz wird wiederhergestellt...</translation>
+        <translation>Korrektursatz wird zurückgesetzt...</translation>
+    </message>
+    <message>
+        <source>No valid pixel format</source>
+        <translation>Kein gültiges Pixelformat</translation>
+    </message>
+    <message>
+        <source>Supported pixel formats: BayerGR8, BayerRG8, BayerBG8, BayerGB8, Mono8</source>
+        <translation>Unterstützte Pixelformate: BayerGR8, BayerRG8, BayerBG8, BayerGB8, Mono8</translation>
+    </message>
+    <message>
+        <source>Switch off Correction Set &apos;%1&apos;... 	&lt;img src=&apos;:/icons/resources/Path Copy 4.svg&apos;/&gt;</source>
+        <translation>Korrektursatz &apos;%1&apos; wird ausgeschaltet... 	&lt;img src=&apos;:/icons/resources/Path Copy 4.svg&apos;/&gt;</translation>
+    </message>
+    <message>
+        <source>Change Pixel Format to &apos;%1&apos;... 	&lt;img src=&apos;:/icons/resources/Path Copy 4.svg&apos;/&gt;</source>
+        <translation>Pixelformat wird auf &apos;%1&apos; geändert... 	&lt;img src=&apos;:/icons/resources/Path Copy 4.svg&apos;/&gt;</translation>
     </message>
 </context>
 <context>
@@ -869,6 +1000,47 @@ Den aktuellen Korrektursatz auf den Auslieferungszustand zurücksetzen </transla
     <message>
         <source>Height</source>
         <translation>Höhe</translation>
+    </message>
+</context>
+<context>
+    <name>TresholdExposureWidget</name>
+    <message>
+        <source>Warning, too high exposure! Detection will take ca. %1 seconds</source>
+        <translation>Achtung, zu lange Belichtung! Die Erkennung wird ca. %1 Sekunden dauern</translation>
+    </message>
+    <message>
+        <source>Set Threshold</source>
+        <translation>Schwelle einstellen</translation>
+    </message>
+    <message>
+        <source>Threshold</source>
+        <translation>Schwelle</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Verstärkung</translation>
+    </message>
+    <message>
+        <source>Exposure</source>
+        <translation>Belichtung</translation>
+    </message>
+    <message>
+        <source>Defect limit</source>
+        <translation>Höchstzahl der Defekte</translation>
+    </message>
+    <message>
+        <source>Changes will only take effect when the detection is started.
+Note that &quot;Start detection&quot; switches off auto gain and auto exposure.</source>
+        <translation>Änderungen wirken erst, wenn die Erkennung gestartet wird.
+&quot;Erkennung starten&quot; schaltet die automatische Verstärkung und Belichtung aus.</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Start detection</source>
+        <translation>Erkennung starten</translation>
     </message>
 </context>
 <context>

@@ -107,6 +107,8 @@ public:
     std::pair<double, double> GetGainRange();
     // Microseconds. The last known value when the camera does not tell.
     double GetCurrentExposure();
+    // An exposure that the panel has sent reaches the camera now and not with the monitor's next round.
+    void WritePendingExposure();
     // 0 and a message when the camera does not tell.
     double GetCurrentGain();
     // Degrees Celsius; -999 without temperature control.

@@ -368,6 +368,18 @@ void AsynchronousCameraController::UpdateComboboxFeatures(const QString& text, i
     }
 }
 
+void AsynchronousCameraController::WritePendingExposure()
+{
+    const CameraPtr camera = ListedCamera();
+    if (camera && m_exposurePending.exchange(false))
+    {
+        if (const FeaturePtr exposure = CameraFeatures::FindExposure(camera))
+        {
+            CameraFeatures::WriteClamped(*exposure, m_exposureValue);
+        }
+    }
+}
+
 void AsynchronousCameraController::MonitorExposureTimeAndTemperature()
 {
     const CameraPtr camera = ListedCamera();
@@ -375,13 +387,7 @@ void AsynchronousCameraController::MonitorExposureTimeAndTemperature()
     {
         return;
     }
-    if (m_exposurePending.exchange(false))
-    {
-        if (const FeaturePtr exposure = CameraFeatures::FindExposure(camera))
-        {
-            CameraFeatures::WriteClamped(*exposure, m_exposureValue);
-        }
-    }
+    WritePendingExposure();
     if (m_temperatureControlAvailable)
     {
         MonitorControlState(camera);

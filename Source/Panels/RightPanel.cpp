@@ -14,6 +14,7 @@
 #include <QTreeView>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -200,7 +201,8 @@ bool RightPanel::DeactivateCurrentDPC()
     }
     m_shownActiveSet.clear();
     ShowNames();
-    Q_EMIT ChangeDpcStateSignal(m_activeSet);
+    // The answer toggles the set: it is named once, so that a second call does not switch it on again.
+    Q_EMIT ChangeDpcStateSignal(std::exchange(m_activeSet, QLatin1String(Lorvane::ACTIVE_SET_NONE_TEXT)));
     return true;
 }
 

@@ -70,6 +70,11 @@ void ValueControl::AddBelow(QWidget* widget)
     rows->addWidget(widget);
 }
 
+void ValueControl::AddBeside(QWidget* widget)
+{
+    layout()->itemAt(0)->layout()->addWidget(widget);
+}
+
 void ValueControl::ShowRange(double minimum, double maximum)
 {
     m_minimum->setText(QString::number(minimum, 'f', m_decimals));

@@ -30,6 +30,8 @@ public:
     void SetCaption(const QString& caption);
     // Lets the panel put further widgets below.
     void AddBelow(QWidget* widget);
+    // At the right of the text field.
+    void AddBeside(QWidget* widget);
 
     // Writes the labels and the text; the slider stays.
     void ShowRange(double minimum, double maximum);

@@ -129,6 +129,7 @@ void MainWindow::CreateMembers()
     m_bottomPanel = new BottomPanel(this);
     m_loaderDialog = new LoaderDialog(this, tr("Loading"));
     m_onboardDialog = new OnboardDialog(this);
+    MakeDetectorDialog(m_controller->GetCurrentPixelFormat(), 0, 0, {});
     m_apiVersion = m_controller->GetVersion();
 
     m_windowOverlay.setObjectName(QStringLiteral("windowOverlay"));

@@ -18,6 +18,7 @@
 #include <vector>
 
 class AsynchronousCameraController;
+class AutomaticDetectorDialog;
 class BottomPanel;
 class CameraOptionPanel;
 class CustomLabelView;
@@ -160,6 +161,15 @@ public Q_SLOTS:
     // The panel shows the default set of before when the camera refuses.
     void SetDefaultCorrectionSetSlot(const std::string& name);
 
+    // Automatic detection.
+    // Brings the camera into an 8-bit format with one image pixel for each sensor pixel, and opens the dialog.
+    void OnAutomaticDetectionButtonClick();
+    // Applies the exposure, in microseconds, and the gain, and waits for frames that were taken with them.
+    void PassAutoDetectorSettingsSlot(double exposure, double gain);
+    // Hands the dialog a settled frame.
+    void CheckIfExposureWasSet();
+    void CloseAutomaticDetectionDialog();
+
     // Pixel list entry.
     void ShowDialog();
     void DeleteAllPixelsSlot();
@@ -224,6 +234,15 @@ private:
     void RestartCamera();
     static void ShowCaptionActive(QLabel* caption, bool active);
 
+    // In place of the one before. Sizes in sensor pixels.
+    void MakeDetectorDialog(const QString& pixelFormat, int width, int height, const std::vector<int>& defects);
+    void ConnectDetectorDialog();
+    void EnableButtonsOffDuringDetection(bool enabled);
+    // The position in the box of formats that the detection is to choose, -1 when no format will do.
+    int FormatIndexForDetection(const QString& format) const;
+    QString DetectionWarning(const QString& formatBefore, const QString& format) const;
+    void EndDetectionOfSession();
+
     // Starts a stream again that was stopped for a step.
     void ResumeStream(bool wasStreaming);
     // What the busy state takes out of use.
@@ -247,6 +266,7 @@ private:
     int m_cameraIndex = -1;
     int m_sensorWidth = 0;
     int m_sensorHeight = 0;
+    bool m_detectionOpen = false; // from the click on its button until its dialog is closed
     unsigned m_shownFrameCount = 0;
     QPointer<QWidget> m_focusBeforeLoader;
     std::array<QPixmap, 2> m_framePixmaps; // shown in turn
@@ -258,6 +278,7 @@ private:
     QTimer m_streamCheckTimer;
     QTimer m_playPauseShortcutTimer;
     QTimer m_rightPanelOpenTimer;
+    QTimer m_exposureWaitTimer;
     LeftPanel* m_cameraListPanel = nullptr;
     CameraOptionPanel* m_optionPanel = nullptr;
     OverviewPanel* m_overviewPanel = nullptr;
@@ -267,6 +288,7 @@ private:
     BottomPanel* m_bottomPanel = nullptr;
     LoaderDialog* m_loaderDialog = nullptr;
     OnboardDialog* m_onboardDialog = nullptr;
+    AutomaticDetectorDialog* m_detectorDialog = nullptr; // null after a refused detection
     QTreeView* m_pixelListView = nullptr;
     TreeModel* m_treeModel = nullptr;
     std::unique_ptr<QSizeGrip> m_sizeGrip;

@@ -67,6 +67,9 @@ void MainWindow::MakeConnections()
     connect(&m_rightPanelOpenTimer, &QTimer::timeout, this, &MainWindow::CheckIfRightPanelCanBeOpened);
     connect(&m_streamCheckTimer, &QTimer::timeout, this, &MainWindow::CheckIfStreaming);
     connect(&m_playPauseShortcutTimer, &QTimer::timeout, this, &MainWindow::PlayPauseShortcutController);
+    connect(&m_exposureWaitTimer, &QTimer::timeout, this, &MainWindow::CheckIfExposureWasSet);
+    connect(m_rightPanel->AutomaticDetectionButton(), &QAbstractButton::clicked, this,
+            &MainWindow::OnAutomaticDetectionButtonClick);
     connect(m_onboardDialog, &OnboardDialog::CloseDialog, m_ui->supportButton, &QCheckBox::setChecked);
 }
 

@@ -29,6 +29,7 @@ constexpr int RightPanelPollMs = 500;
 
 void MainWindow::SetCameraIndex(int index, const QString& serial)
 {
+    EndDetectionOfSession();
     m_loaderDialog->PushBackToList(tr("Setting new camera index..."));
     m_loaderDialog->PushBackToList(tr("Getting current settings of selected camera..."));
     m_loaderDialog->PushBackToList(tr("Adjusting overview panel..."));

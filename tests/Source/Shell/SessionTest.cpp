@@ -1,7 +1,6 @@
 // A camera session in the real window on simulated cameras: choice, live image, tools, settings, loss.
 #include "WindowSession.h"
 
-#include "AsynchronousCameraController.h"
 #include "CameraOptionPanel.h"
 #include "ModalAnswers.h"
 #include "OverviewPanel.h"

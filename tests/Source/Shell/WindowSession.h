@@ -3,6 +3,7 @@
 
 #include "MainWindow.h"
 
+#include "AsynchronousCameraController.h"
 #include "Control/ControlProgram.h"
 #include "CustomGraphicsView.h"
 #include "CustomListView.h"
