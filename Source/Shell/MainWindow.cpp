@@ -79,11 +79,7 @@ MainWindow::MainWindow(QWidget* parent)
     m_streamCheckTimer.start(StreamCheckPeriodMs);
 
     SetStrings();
-    for (QWidget* widget : {static_cast<QWidget*>(m_ui->cameraOptionsButton),
-                            static_cast<QWidget*>(m_ui->pixelListButton), static_cast<QWidget*>(m_ui->importButton)})
-    {
-        widget->setEnabled(false); // usable with a camera only
-    }
+    DisableCameraButtons();
     PlaceBottomPanel();
     m_ui->cameraListButton->setChecked(true);
     m_cameraListView->setFocus();

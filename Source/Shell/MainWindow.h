@@ -216,7 +216,7 @@ private:
     void ResetSession();
     void ShowFrame(const QImage& image);
     void StartControllerThread();
-    void EnableCameraButtons(bool enabled);
+    void DisableCameraButtons();
     void EnableDefectCommands(bool dpcSupported);
     void EditDefect(int x, int y, int width, int height, int type);
     // The buttons of the modes, by mode number.

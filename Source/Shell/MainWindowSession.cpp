@@ -57,15 +57,16 @@ void MainWindow::UpdateOptionList()
     m_ui->pixelListButton->setChecked(false);
     m_correctionSetsLoaded = false;
     m_rightPanel->ResetCorrectionSetList();
-    EnableCameraButtons(false);
+    DisableCameraButtons();
     m_cameraChosen = false;
 }
 
-void MainWindow::EnableCameraButtons(bool enabled)
+// Usable with a camera only; a loader that closes gives them back.
+void MainWindow::DisableCameraButtons()
 {
-    m_ui->cameraOptionsButton->setEnabled(enabled);
-    m_ui->pixelListButton->setEnabled(enabled);
-    m_ui->importButton->setEnabled(enabled);
+    m_ui->cameraOptionsButton->setEnabled(false);
+    m_ui->pixelListButton->setEnabled(false);
+    m_ui->importButton->setEnabled(false);
 }
 
 void MainWindow::StartThreadImage()
@@ -376,7 +377,7 @@ void MainWindow::CloseLoaderDialogIfCameraBusy()
     {
         ApplicationLoaderClose();
     }
-    EnableCameraButtons(false);
+    DisableCameraButtons();
     m_ui->cameraNameLabel->clear();
 }
 
