@@ -17,19 +17,43 @@ ToolTest::ToolTest()
 
 void ToolTest::WriteRig(const QString& faults)
 {
-    QFile file(Path("rig.json"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(QStringLiteral(R"({"cameras": [
-        {"id": "MONO", "model": "OSTREL S-1m", "serial": "1", "firmware": "ostrel", "width": 320, "height": 240, "seed": 3,
-         "reverseX": true, "reverseY": true, "restartTime": 100, "blockSize": 128, "faults": %1},
-        {"id": "COLOUR", "model": "OSTREL S-2c", "serial": "2", "firmware": "ostrel", "width": 352, "height": 288,
-         "filter": "BayerRG", "seed": 5, "reverseX": true, "restartTime": 100, "userReadFailsWhenEmpty": true,
-         "frameRate": 60},
-        {"id": "PLAIN", "model": "Vesk P", "serial": "3", "firmware": "plain", "width": 64, "height": 48},
-        {"id": "TAMORIN", "model": "Tamorin Pro T", "serial": "4", "firmware": "tamorin-pro", "width": 320, "height": 240,
-         "seed": 3, "restartTime": 100}]})")
-                   .arg(faults)
-                   .toUtf8());
+    const std::tuple<const char*, const char*, const char*, QString> cameras[] = {
+        {"MONO", "OSTREL S-1m", "ostrel",
+         R"("reverseX": true, "reverseY": true, "blockSize": 128, "seed": 3, "faults": )" + faults},
+        {"COLOUR", "OSTREL S-2c", "ostrel",
+         R"("width": 352, "height": 288, "filter": "BayerRG", "reverseX": true, "seed": 5, "userReadFailsWhenEmpty": true)"},
+        {"PLAIN", "Vesk P", "plain", R"("width": 64, "height": 48)"},
+        {"TAMORIN", "Tamorin Pro T", "tamorin-pro", R"("seed": 3)"},
+        {"SELECTOR", "Rivo U-1", "rivo-u", R"("reverseX": true, "reverseY": true, "blockSize": 128, "seed": 3)"},
+        {"SELECTOR-C", "Rivo U-2", "rivo-u", R"("filter": "BayerGB", "seed": 3)"},
+        {"BOOLEAN", "Rivo G-011", "rectangle-mask", R"("seed": 3)"},
+        {"MODE", "Rivo G-011", "rectangle-mask-mode", R"("seed": 3)"},
+        {"COLUMNS", "Dreli G-1310", "column-mask", R"("seed": 3)"},
+        {"FLASH", "Quorsalin P", "flash", R"("seed": 5, "longestRun": 8, "flashTime": 20)"},
+        {"FLASH-C", "Quorsalin P", "flash", R"("seed": 5, "longestRun": 8, "flashTime": 20, "filter": "BayerGB")"}};
+    QStringList rig;
+    for (const auto& [id, model, firmware, more] : cameras)
+    {
+        rig << QStringLiteral(R"({"id": "%1", "model": "%2", "serial": "7", "firmware": "%3", "width": 320,
+                                  "height": 240, "frameRate": 60, "restartTime": 100, )")
+                       .arg(id, model, firmware) +
+                   more + "}";
+    }
+    Write("rig.json", "{\"cameras\": [" + rig.join(',').toUtf8() + "]}");
+}
+
+QString ToolTest::Write(const QString& name, const QByteArray& bytes) const
+{
+    QFile file(Path(name));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()) << name.toStdString();
+    return Path(name);
+}
+
+QByteArray ToolTest::Bytes(const QString& path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return file.readAll();
 }
 
 QProcessEnvironment ToolTest::Environment() const
@@ -77,17 +101,26 @@ Outcome ToolTest::Control(const QStringList& arguments) const
 
 QString ToolTest::PixelList(const QString& name, const QStringList& lines) const
 {
-    QFile file(Path(name));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("<Camera>\n");
+    QByteArray xml = "<Camera>\n";
     for (const QString& line : lines)
     {
         const QStringList numbers = line.split(' ');
-        file.write(QStringLiteral("<Pixel LP:=\"1\"><Type Type:=\"%1\"/><Data><Coordinates x:=\"%2\" y:=\"%3\"/>"
-                                  "<Width width:=\"%4\"/><Height height:=\"%5\"/></Data></Pixel>\n")
-                       .arg(numbers[0], numbers[1], numbers[2], numbers[3], numbers[4])
-                       .toUtf8());
+        xml += QStringLiteral("<Pixel LP:=\"1\"><Type Type:=\"%1\"/><Data><Coordinates x:=\"%2\" y:=\"%3\"/>"
+                              "<Width width:=\"%4\"/><Height height:=\"%5\"/></Data></Pixel>\n")
+                   .arg(numbers[0], numbers[1], numbers[2], numbers[3], numbers[4])
+                   .toUtf8();
     }
-    file.write("</Camera>\n");
-    return Path(name);
+    return Write(name, xml + "</Camera>\n");
+}
+
+void ToolTest::ExpectRefusals(const std::vector<Refusal>& refusals) const
+{
+    for (const Refusal& row : refusals)
+    {
+        const Outcome outcome = Cli(row.arguments);
+        EXPECT_EQ(outcome.status, row.status) << row.arguments.join(' ').toStdString();
+        EXPECT_TRUE(!outcome.err.isEmpty() && outcome.err.contains(row.text))
+            << row.arguments.join(' ').toStdString() << '\n'
+            << outcome.err.toStdString();
+    }
 }

@@ -1,14 +1,8 @@
 // The contract of all adapters, as checks that name what an adapter breaks.
 #include "AdapterConformance.h"
 
-#include "ClusterDefect.h"
-#include "ColumnDefect.h"
+#include "DefectText.h"
 #include "Failure.h"
-#include "PixelColumnDefect.h"
-#include "PixelRowDefect.h"
-#include "RowDefect.h"
-
-#include <boost/make_shared.hpp>
 
 #include <algorithm>
 
@@ -86,13 +80,7 @@ void checkSets(Bench& bench)
 void checkKinds(Bench& bench)
 {
     const auto types = bench.adapter->GetAvailableDefectTypes();
-    const SensorDefectList kinds = {boost::make_shared<RowDefect>(1),
-                                    boost::make_shared<ColumnDefect>(1),
-                                    boost::make_shared<PixelDefect>(1, 1),
-                                    boost::make_shared<PixelRowDefect>(1, 1, 2),
-                                    boost::make_shared<ClusterDefect>(1, 1, 1, 1),
-                                    boost::make_shared<PixelColumnDefect>(1, 1, 2)};
-    for (const auto& defect : kinds)
+    for (const auto& defect : defectsOf("R1 V1 P1,1 L1,1,2 K1,1,1 C1,1,2"))
     {
         const bool storable = std::count(types.begin(), types.end(), defect->GetSensorDefectType()) == 1;
         bench.expect(bench.adapter->IsCorrectionSetValid(bench.set, {bench.samples.front(), defect}) == storable,

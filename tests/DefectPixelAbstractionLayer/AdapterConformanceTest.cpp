@@ -1,6 +1,6 @@
 // All adapters under the common contract, and broken ones that it must reject.
 #include "AdapterConformance.h"
-#include "ColumnDefect.h"
+#include "DefectText.h"
 #include "DpcAdapterEstablishedGigE.h"
 #include "DpcAdapterLoadDefects.h"
 #include "DpcAdapterOstrel.h"
@@ -10,10 +10,6 @@
 #include "FlashCamera.h"
 #include "MaskCamera.h"
 #include "OstrelCamera.h"
-#include "PixelColumnDefect.h"
-#include "PixelDefect.h"
-#include "PixelRowDefect.h"
-#include "RowDefect.h"
 #include "TamorinProCamera.h"
 
 #include <gmock/gmock.h>
@@ -25,11 +21,8 @@ namespace
 
 template <typename Adapter> AdapterCase ostrelCase()
 {
-    return {"Ostrel",
-            [] { return makeOstrelCamera(); },
-            [](const auto& camera) { return boost::make_shared<Adapter>(camera); },
-            "User",
-            {boost::make_shared<RowDefect>(3), boost::make_shared<PixelRowDefect>(10, 3, 11)}};
+    return {"Ostrel", [] { return makeOstrelCamera(); },
+            [](const auto& camera) { return boost::make_shared<Adapter>(camera); }, "User", defectsOf("R3 L10,3,11")};
 }
 
 AdapterCase rivoUCase()
@@ -56,11 +49,9 @@ AdapterCase maskCase(std::uint64_t table, const char* feature, const MemoryCamer
 
 AdapterCase tamorinProCase()
 {
-    return {"Tamorin Pro",
-            [] { return makeTamorinProCamera(); },
-            [](const auto& camera) { return boost::make_shared<DpcAdapterTamorinPro>(camera); },
-            "DPC_User_1",
-            {boost::make_shared<PixelDefect>(3, 7), boost::make_shared<PixelDefect>(10, 3)}};
+    return {"Tamorin Pro", [] { return makeTamorinProCamera(); },
+            [](const auto& camera) { return boost::make_shared<DpcAdapterTamorinPro>(camera); }, "DPC_User_1",
+            defectsOf("P3,7 P10,3")};
 }
 
 AdapterCase flashCase()
@@ -71,7 +62,7 @@ AdapterCase flashCase()
     flash.makeAdapter = [](const auto& camera)
     { return boost::make_shared<DpcAdapterQuorsalinWithPython>(camera, std::chrono::milliseconds(0)); };
     flash.writableSet = "Defect Pixel List";
-    for (std::uint32_t x = 0; x < 300; x += 2) // more than a packet
+    for (unsigned x = 0; x < 300; x += 2) // more than a packet
     {
         flash.samples.push_back(boost::make_shared<PixelDefect>(x, 3));
     }
@@ -122,20 +113,13 @@ struct LeavesOpen final : DpcAdapterOstrel
 
 TEST(AdapterConformance, IsKeptByAllAdapters)
 {
-    const SensorDefectList columns = {boost::make_shared<ColumnDefect>(9),
-                                      boost::make_shared<PixelColumnDefect>(7, 3, 2)};
-    SensorDefectList pixels; // more than one packet
-    while (pixels.size() < 40)
-    {
-        pixels.push_back(boost::make_shared<PixelDefect>(static_cast<std::uint32_t>(pixels.size()), 300));
-    }
     const std::vector<SensorDefectType> types = {SensorDefectType::Pixel};
     const auto rectangleCase = [&](const MemoryCamera::Names& entries)
-    { return maskCase<DpcAdapterEstablishedGigE>(0x19300, "DefectMaskEnable", entries, pixels, true, types); };
+    { return maskCase<DpcAdapterEstablishedGigE>(0x19300, "DefectMaskEnable", entries, pixels(40), true, types); };
     for (const auto& adapterCase :
          {ostrelCase<DpcAdapterOstrel>(), rivoUCase(), tamorinProCase(), flashCase(), rectangleCase({}),
           rectangleCase({"Off", "On"}),
-          maskCase<DpcAdapterLoadDefects>(0x19108, "DefectMaskColumnEnable", {}, columns, false)})
+          maskCase<DpcAdapterLoadDefects>(0x19108, "DefectMaskColumnEnable", {}, defectsOf("V9 C7,3,2"), false)})
     {
         EXPECT_THAT(adapterViolations(adapterCase), testing::IsEmpty()) << adapterCase.name;
     }

@@ -21,16 +21,6 @@ const std::vector<SensorDefectType> AllTypes = {SensorDefectType::Row,         S
                                                 SensorDefectType::Pixel,       SensorDefectType::PixelRow,
                                                 SensorDefectType::PixelColumn, SensorDefectType::Cluster};
 
-SensorDefectList pixels(std::size_t count)
-{
-    SensorDefectList list;
-    while (list.size() < count)
-    {
-        list.push_back(boost::make_shared<PixelDefect>(static_cast<std::uint32_t>(list.size()), 300));
-    }
-    return list;
-}
-
 struct DefectMaskAdapters : testing::Test
 {
     boost::shared_ptr<MaskCamera> camera = boost::make_shared<MaskCamera>(MaskCamera::Rectangles, "DefectMaskEnable");
@@ -46,7 +36,7 @@ TEST_F(DefectMaskAdapters, MoveTheirTablesInPieces)
 {
     const struct
     {
-        std::size_t count;
+        std::uint32_t count;
         std::vector<std::string> writes, reads;
     } cases[] = {
         {0, {"Write 19300 8"}, {"Read 19104 4"}},

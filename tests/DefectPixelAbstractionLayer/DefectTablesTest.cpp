@@ -15,7 +15,7 @@ const std::string End = "FFFFFFFF 00000000";
 
 std::string decode(const std::string& hex)
 {
-    return text(decodeDefectTable(fromHex(hex), 640, 480));
+    return text(decodeDefectTable(bytesFrom(hex), 640, 480));
 }
 
 TEST(DefectRectangleTable, WritesAndReadsTheBytesOfTheFormat)
@@ -33,7 +33,7 @@ TEST(DefectRectangleTable, WritesAndReadsTheBytesOfTheFormat)
     };
     for (const auto& [defects, hex, read] : cases)
     {
-        EXPECT_EQ(encodeDefectTable(defectsOf(defects), 640, 480), fromHex(hex + End)) << defects;
+        EXPECT_EQ(encodeDefectTable(defectsOf(defects), 640, 480), bytesFrom(hex + End)) << defects;
         EXPECT_EQ(decode(hex + End + "1234"), read) << "whatever stands behind the end";
     }
     EXPECT_EQ(text({toSensorDefect(1, 2, 0, 1, 0, 9), toSensorDefect(1, 2, 1, 0, 9, 0)}), "R2 V1 ");
@@ -58,13 +58,13 @@ TEST(DefectRectangleTable, RefusesWhatIsNoTable)
     {
         EXPECT_EQ(FailureOf([&, &hex = hex] { decode(hex); }), words) << hex;
     }
-    EXPECT_EQ(FailureOf([&] { decodeDefectRectangles(fromHex("0001 0002 0001 0001 0001"), 640, 480); }),
+    EXPECT_EQ(FailureOf([&] { decodeDefectRectangles(bytesFrom("0001 0002 0001 0001 0001"), 640, 480); }),
               "Syntax of read data is not correct!");
 }
 
 TEST(ColumnMaskTable, WritesAndReadsTheBytesOfTheFormat)
 {
-    const auto read = [](const std::string& hex) { return text(decodeColumnMask(fromHex(hex), 480)); };
+    const auto read = [](const std::string& hex) { return text(decodeColumnMask(bytesFrom(hex), 480)); };
     const std::tuple<std::string, std::string, std::string> cases[] = {
         {"", "", ""},
         {"P10,4660 C8,9,3", "000A 1234 1234 0008 0009 000B", "P10,4660 C8,9,3 "},
@@ -73,7 +73,7 @@ TEST(ColumnMaskTable, WritesAndReadsTheBytesOfTheFormat)
     };
     for (const auto& [defects, hex, expected] : cases)
     {
-        EXPECT_EQ(encodeColumnMask(defectsOf(defects), 480), fromHex(hex)) << defects;
+        EXPECT_EQ(encodeColumnMask(defectsOf(defects), 480), bytesFrom(hex)) << defects;
         EXPECT_EQ(read(hex), expected);
         EXPECT_EQ(read(hex + "0001 0002 00"), expected) << "less than an entry";
     }

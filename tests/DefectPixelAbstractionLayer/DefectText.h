@@ -3,30 +3,20 @@
 
 #include "ClusterDefect.h"
 #include "ColumnDefect.h"
-#include "DpcAdapterOstrel.h"
+#include "DataHelper.h"
+#include "Hex.h"
 #include "PixelColumnDefect.h"
 #include "PixelDefect.h"
 #include "PixelRowDefect.h"
 #include "RowDefect.h"
 
-#include <boost/algorithm/hex.hpp>
-#include <boost/format.hpp>
 #include <boost/make_shared.hpp>
 
 #include <algorithm>
-#include <random>
 #include <sstream>
 
 using Bytes = std::vector<std::uint8_t>;
 using Words = std::vector<std::uint16_t>;
-
-inline Bytes fromHex(std::string hex)
-{
-    hex.erase(std::remove(hex.begin(), hex.end(), ' '), hex.end());
-    Bytes bytes;
-    boost::algorithm::unhex(hex, std::back_inserter(bytes));
-    return bytes;
-}
 
 inline Bytes fromWords(const Words& words)
 {
@@ -80,21 +70,13 @@ inline KTR::DPC::SensorDefectList defectsOf(const std::string& text)
     return defects;
 }
 
-// Adds random defects of a sensor of 640 x 480; gives their text in the file's order.
-inline std::string addRandom(KTR::DPC::DpcFileOstrel& file, std::mt19937& random)
+// Single pixels beside each other, in row 300.
+inline KTR::DPC::SensorDefectList pixels(std::uint32_t count)
 {
-    std::map<std::pair<std::uint_fast32_t, std::uint_fast32_t>, std::string> defects; // by y, then x
-    for (auto i = random() % 3000; i > 0; --i)
+    KTR::DPC::SensorDefectList list;
+    for (std::uint32_t x = 0; x < count; ++x)
     {
-        const auto x = i % 3 == 0 ? 0 : random() % 640, y = random() % 480, width = random() % 639 + 1;
-        boost::format word(i % 3 == 0 ? "R%2% " : i % 3 == 1 ? "P%1%,%2% " : "L%1%,%2%,%3% ");
-        word.exceptions(boost::io::no_error_bits);
-        const auto defect = (word % x % y % width).str();
-        defects[{y, x}] += defect;
-        KTR::DPC::DpcAdapterOstrel::addDefects(file, defectsOf(defect));
-        i % 700 == 0 ? file.getRawData() : Bytes(); // building in between changes nothing
+        list.push_back(boost::make_shared<KTR::DPC::PixelDefect>(x, 300));
     }
-    std::string expected;
-    std::for_each(defects.begin(), defects.end(), [&](auto& place) { expected += place.second; });
-    return expected;
+    return list;
 }

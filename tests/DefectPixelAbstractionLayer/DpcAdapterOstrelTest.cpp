@@ -1,9 +1,8 @@
 // The Ostrel adapter: what it says when a camera fails, and which calls it makes.
 #include "DpcAdapterOstrel.h"
-#include "ColumnDefect.h"
+#include "DefectText.h"
 #include "Failure.h"
 #include "OstrelCamera.h"
-#include "PixelDefect.h"
 #include "ScopedOpenFile.h"
 
 #include <gmock/gmock.h>
@@ -12,7 +11,6 @@
 
 using namespace KTR::DPC;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace
 {
@@ -101,18 +99,15 @@ TEST_F(DpcAdapterOstrelTest, MovesOnlyTheSelectorsThatItNeeds)
     camera->features["CorrectionSet"].unavailable = "User";
     EXPECT_FALSE(adapter.IsCorrectionSetAvailable(user));
     camera->log = {};
-    EXPECT_THAT(adapter.ReadCorrectionSet(user), IsEmpty());
+    EXPECT_TRUE(adapter.ReadCorrectionSet(user).empty());
     const std::string name = " DefectPixelCorrectionUser";
     EXPECT_THAT(camera->log.calls, ElementsAre("GetFiles", "OpenRead" + name, "GetSize" + name, "Close" + name));
 }
 
 TEST_F(DpcAdapterOstrelTest, StoresWhatTheFamilyCanStore)
 {
-    const auto pixel = boost::make_shared<PixelDefect>(0x10007, 0x10005); // cut to 16 bits
-    adapter.WriteCorrectionSet(user, {boost::make_shared<ColumnDefect>(3), pixel});
-    const auto stored = adapter.ReadCorrectionSet(user);
-    ASSERT_EQ(stored.size(), 1U);
-    EXPECT_TRUE(*stored.front() == PixelDefect(7, 5));
+    adapter.WriteCorrectionSet(user, defectsOf("V3 P65543,65541")); // cut to 16 bits
+    EXPECT_EQ(text(adapter.ReadCorrectionSet(user)), "P7,5 ");
     EXPECT_THAT(adapter.GetAvailableDefectTypes(),
                 ElementsAre(SensorDefectType::Pixel, SensorDefectType::Row, SensorDefectType::PixelRow));
 

@@ -1,14 +1,13 @@
 // The Tamorin Pro adapter: bytes, what it says when a camera fails, and which calls it makes.
 #include "DpcAdapterTamorinPro.h"
+#include "DefectText.h"
 #include "Failure.h"
-#include "PixelDefect.h"
 #include "TamorinProCamera.h"
 
 #include <gmock/gmock.h>
 
 #include <fstream>
 #include <functional>
-#include <random>
 
 using namespace KTR::DPC;
 using testing::ElementsAre;
@@ -18,27 +17,6 @@ namespace
 
 using Metadata = std::map<std::string, double>;
 using Set = DpcAdapter::CorrectionSetPtr;
-
-SensorDefectList pixels(const std::vector<std::pair<unsigned, unsigned>>& rowsAndColumns)
-{
-    SensorDefectList list;
-    for (const auto& [y, x] : rowsAndColumns)
-    {
-        list.push_back(boost::make_shared<PixelDefect>(x, y));
-    }
-    return list;
-}
-
-std::string text(const SensorDefectList& defects)
-{
-    std::string text;
-    for (const auto& defect : defects)
-    {
-        const auto& pixel = dynamic_cast<const PixelDefect&>(*defect);
-        text += std::to_string(pixel.getX()) + "," + std::to_string(pixel.getY()) + " ";
-    }
-    return text;
-}
 
 struct DpcAdapterTamorinProTest : testing::Test
 {
@@ -55,7 +33,7 @@ TEST_F(DpcAdapterTamorinProTest, SaysWhatFailed)
     const std::string listing = "Could not get enum values of CorrectionSetSelect : ";
     const std::string mode = "Could not set value of Correction mode for Correction Set DPC_User_1.\n";
     const auto on = [&](const Set& set) { adapter.SetCorrectionSetEnabled(set, true); };
-    const auto write = [&](const Set& set) { adapter.WriteCorrectionSet(set, pixels({{1, 1}})); };
+    const auto write = [&](const Set& set) { adapter.WriteCorrectionSet(set, defectsOf("P1,1")); };
     struct
     {
         std::string refused; // the camera's call that fails, whose words follow the text
@@ -129,18 +107,17 @@ TEST_F(DpcAdapterTamorinProTest, ReadsPixels)
         {"", ""},
         {"'PTY1 04000000 'DPC0 'PDB1 00000000", "Invalid file format"},
         {"'PDA1 00000000 0340 0500", ""},
-        {"'PDA1 08000000 0340 0500 00C000", "5,3 "}, // the last byte is not looked at
+        {"'PDA1 08000000 0340 0500 00C000", "P5,3 "}, // the last byte is not looked at
         {"'PDA1 09000000 0340 0500 00C000", "The file has 15 bytes, but its defect pixel data reaches to byte 16."},
         {"'PDA1 05000000 0340 0500 00", ""}, // without an end mark the last pixel is lost
-        {"00 'PDA1 10000000 0340 0500 00C0 FF3F FF7F 0180 00C000C0 'PDA1", "5,3 16383,0 1,16383 "},
+        {"00 'PDA1 10000000 0340 0500 00C0 FF3F FF7F 0180 00C000C0 'PDA1", "P5,3 P16383,0 P1,16383 "},
         {"'PDA1 0C000000 00C000C0 0340 0500 00C000C0", ""},
     };
     for (const auto& [hex, expected] : cases)
     {
-        std::string actual;
-        const auto failure =
-            FailureOf([&, hex = hex] { actual = text(adapter.getSensorDefectsListFromRawData(bytesFrom(hex))); });
-        EXPECT_EQ(actual + failure, expected) << hex;
+        std::string read;
+        read += FailureOf([&, hex = hex] { read = text(adapter.getSensorDefectsListFromRawData(bytesFrom(hex))); });
+        EXPECT_EQ(read, expected) << hex;
     }
     EXPECT_DEATH(adapter.getSensorDefectsListFromRawData(bytesFrom("'PDA1 080000")), "pos \\+ 3 < data.size\\(\\)");
 }
@@ -151,7 +128,7 @@ TEST_F(DpcAdapterTamorinProTest, WritesTheFileThatTheDocumentationShows)
     std::string example((std::istreambuf_iterator<char>(page)), {});
     example.erase(0, example.find("```hex\n", example.find("## Tamorin Pro\n")) + 7);
     user->setMetadata("Gain", 1.5);
-    adapter.WriteCorrectionSet(user, pixels({{9, 2}, {1, 5}, {9, 1}}));
+    adapter.WriteCorrectionSet(user, defectsOf("P2,9 P5,1 P1,9"));
     EXPECT_EQ(userFile, bytesFrom(example.substr(0, example.find("```"))));
     const std::string file = " DPC_User_1";
     const std::string description = "Set FileDescriptionBuffer=Gain 1.5, 20.0 \xC2\xB0\x43, 10000 \xC2\xB5S";
@@ -159,31 +136,15 @@ TEST_F(DpcAdapterTamorinProTest, WritesTheFileThatTheDocumentationShows)
                 ElementsAre("GetFile" + file, "OpenWrite" + file, "Write" + file, "Close" + file,
                             "Set FileSelector=DPC_User_1", description, "Set FileOperationSelector=WriteDescription",
                             "Run FileOperationExecute"));
-    EXPECT_EQ(text(adapter.ReadCorrectionSet(user)), "5,1 1,9 2,9 ");
+    EXPECT_EQ(text(adapter.ReadCorrectionSet(user)), "P5,1 P1,9 P2,9 ");
     camera->log = {};
     adapter.WriteCorrectionSet(user, {});
     EXPECT_THAT(camera->log.calls, ElementsAre("GetFile" + file, "GetFile" + file, "Delete" + file));
     EXPECT_FALSE(adapter.IsCorrectionSetReadable(user));
 
     // 152 bytes and 4 for each pixel must stay below the largest size.
-    EXPECT_FALSE(DpcAdapterTamorinPro(makeTamorinProCamera(156)).IsSpaceSufficient(user, pixels({{1, 1}})));
-    EXPECT_TRUE(DpcAdapterTamorinPro(makeTamorinProCamera(157)).IsSpaceSufficient(user, pixels({{1, 1}})));
-}
-
-TEST(DpcAdapterTamorinPro, ReadsBackRandomLists)
-{
-    std::mt19937 random(1);
-    for (const std::size_t count : {0U, 1U, 5000U})
-    {
-        std::vector<std::pair<unsigned, unsigned>> places(count);
-        std::generate(places.begin(), places.end(), [&] { return std::pair(random() % 64, random() % 16384); });
-        const auto bytes =
-            DpcAdapterTamorinPro::ConvertDefectsListToBinary(CorrectionSet("A"), pixels(places), 16384, 64);
-        std::sort(places.begin(), places.end());
-        EXPECT_EQ(text(DpcAdapterTamorinPro::getSensorDefectsListFromRawData(bytes)), text(pixels(places)));
-        EXPECT_EQ(DpcAdapterTamorinPro::GetCorrectionSetMetadata(bytes),
-                  (Metadata{{"Gain", 0}, {"ExposureTime", 10000}, {"Temperature", 20}}));
-    }
+    EXPECT_FALSE(DpcAdapterTamorinPro(makeTamorinProCamera(156)).IsSpaceSufficient(user, defectsOf("P1,1")));
+    EXPECT_TRUE(DpcAdapterTamorinPro(makeTamorinProCamera(157)).IsSpaceSufficient(user, defectsOf("P1,1")));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // The defect pixel file of the Ostrel family, against bytes written out by hand.
 #include "DpcFileOstrel.h"
 #include "DefectText.h"
+#include "DpcAdapterOstrel.h"
 #include "Failure.h"
 
 #include <gmock/gmock.h>
@@ -57,9 +58,9 @@ TEST(DpcFileOstrel, WritesAndReadsTheBytesOfTheFormat)
     {
         DpcFileOstrel file(capability, 0x10000 + 640, 480); // the size is cut to 16 bits
         DpcAdapterOstrel::addDefects(file, defectsOf(added));
-        EXPECT_EQ(file.getSizeInBytes(), fromHex(hex).size());
-        EXPECT_EQ(file.getRawData(), fromHex(hex));
-        EXPECT_EQ(read(fromHex(hex)), expected);
+        EXPECT_EQ(file.getSizeInBytes(), bytesFrom(hex).size());
+        EXPECT_EQ(file.getRawData(), bytesFrom(hex));
+        EXPECT_EQ(read(bytesFrom(hex)), expected);
     }
 }
 
@@ -115,23 +116,23 @@ TEST(DpcFileOstrel, DecodesWhateverWordsThereAre)
 TEST(DpcFileOstrel, RefusesWhatIsNoWholeFileAndNoSensor)
 {
     const std::string noTag = "The given tag could not be found. The file might be incompatible";
-    const Bytes valid = fromHex(OneSet);
+    const Bytes valid = bytesFrom(OneSet);
     const auto patched = [&](std::size_t position, const std::string& hex)
     {
         Bytes bytes = valid;
-        const Bytes patch = fromHex(hex);
+        const Bytes patch = bytesFrom(hex);
         std::copy(patch.begin(), patch.end(), bytes.begin() + static_cast<std::ptrdiff_t>(position));
         return bytes;
     };
     const std::pair<Bytes, std::string> cases[] = {
         {{}, noTag},
         {Bytes(300, 0xFF), noTag},
-        {Bytes(valid.begin(), valid.begin() + 136), noTag},    // a tag without a length is none
-        {fromHex("44534554 00000000"), "outside of the data"}, // the first tag alone
-        {patched(72, "00"), noTag},                            // no DSET
-        {patched(132, "00"), noTag},                           // no PDA1
-        {patched(80, "F0FFFFFF"), "reaches to byte"},          // the offset wraps around in 32 bits
-        {patched(84, "31000000"), "reaches to byte"},          // one byte too many
+        {Bytes(valid.begin(), valid.begin() + 136), noTag},      // a tag without a length is none
+        {bytesFrom("44534554 00000000"), "outside of the data"}, // the first tag alone
+        {patched(72, "00"), noTag},                              // no DSET
+        {patched(132, "00"), noTag},                             // no PDA1
+        {patched(80, "F0FFFFFF"), "reaches to byte"},            // the offset wraps around in 32 bits
+        {patched(84, "31000000"), "reaches to byte"},            // one byte too many
         {patched(84, "1F000000"), "its index table alone takes 32"},
     };
     for (const auto& [bytes, text] : cases)

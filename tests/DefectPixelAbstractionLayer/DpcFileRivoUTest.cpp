@@ -1,6 +1,7 @@
 // The defect pixel file of the Rivo U family, against bytes written out by hand.
 #include "DpcFileRivoU.h"
 #include "DefectText.h"
+#include "DpcAdapterOstrel.h"
 #include "Failure.h"
 
 #include <gmock/gmock.h>
@@ -13,6 +14,7 @@ namespace
 DpcFileRivoU fileOf(const std::string& defects, ReverseCapability capability, std::uint32_t width, std::uint32_t height)
 {
     DpcFileRivoU file(capability, width, height);
+    file.getRawData(); // building in between changes nothing
     DpcAdapterOstrel::addDefects(file, defectsOf(defects));
     return file;
 }
@@ -48,7 +50,7 @@ TEST(DpcFileRivoU, WritesAndReadsTheBytesOfTheFormat)
     };
     for (const auto& [capability, added, hex, expected] : cases)
     {
-        const Bytes whole = fromHex(hex);
+        const Bytes whole = bytesFrom(hex);
         auto file = fileOf(added, capability, 0x10000 + 640, 480); // the size is cut to 16 bits
         EXPECT_EQ(file.getRawData(), whole);
         EXPECT_EQ(file.getSizeInBytes(), whole.size());
@@ -79,13 +81,6 @@ TEST(DpcFileRivoU, MirrorsCoordinatesAndKeepsTheOrder)
 
 TEST(DpcFileRivoU, ReadsBackWhatItsSizeFieldTells)
 {
-    std::mt19937 random(2);
-    for (const auto capability : {ReverseCapability::Non, ReverseCapability::X, ReverseCapability::XY})
-    {
-        DpcFileRivoU file(capability, 640, 480);
-        const auto expected = addRandom(file, random);
-        EXPECT_EQ(read(file.getRawData()), expected);
-    }
     DpcFileRivoU large(ReverseCapability::Non, 640, 480);
     std::string pixels;
     for (std::uint16_t i = 0; i < 52 * 640; ++i)
@@ -94,7 +89,7 @@ TEST(DpcFileRivoU, ReadsBackWhatItsSizeFieldTells)
         pixels += i < 0x234 ? "P" + std::to_string(i) + ",0 " : "";
     }
     const Bytes bytes = large.getRawData(); // 0x8235 words, of which the field tells the lower 15 bits
-    EXPECT_EQ(Bytes(bytes.begin() + 4, bytes.begin() + 10), fromHex("96040100 6A04"));
+    EXPECT_EQ(Bytes(bytes.begin() + 4, bytes.begin() + 10), bytesFrom("96040100 6A04"));
     EXPECT_EQ(bytes.size(), 0x10496U);
     EXPECT_EQ(read(bytes), pixels);
 }

@@ -79,9 +79,9 @@ TEST(NeighborByteEncoding, TakesAwayWhatCannotBeCorrected)
 TEST(FlashDefectFile, WrittenAndReadByteForByte)
 {
     const auto list = "P3,7 P639,479 P5,7 ";
-    Bytes file = fromHex("FFFFFFFF 01000000 00100000 03000000 08000000 80020000 E0010000");
+    Bytes file = bytesFrom("FFFFFFFF 01000000 00100000 03000000 08000000 80020000 E0010000");
     file.resize(4096, 0xFF);
-    const auto records = fromHex("0300 0700 EBF00000  7F02 DF01 E0F10000  0500 0700 AFF10000");
+    const auto records = bytesFrom("0300 0700 EBF00000  7F02 DF01 E0F10000  0500 0700 AFF10000");
     file.insert(file.end(), records.begin(), records.end());
     EXPECT_EQ(Adapter::CreateBinaryDefectFile(defectsOf(std::string(list) + "R1"), sensor("Mono")), file);
     const auto read = [&](std::size_t at, std::uint8_t value)

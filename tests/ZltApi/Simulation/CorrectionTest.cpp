@@ -15,6 +15,7 @@ namespace
 constexpr std::uint32_t Width = 64;
 constexpr std::uint32_t Height = 48;
 constexpr SensorSize Size{Width, Height};
+constexpr Mirroring AllMirrorings[] = {{false, false}, {true, false}, {false, true}, {true, true}};
 
 using Positions = std::vector<PixelPosition>;
 
@@ -50,15 +51,6 @@ std::size_t Visible(const Bytes& image, const Positions& pixels, Mirroring mirro
     return count;
 }
 
-// Resets the camera and opens it again when it has returned.
-ZltApi::CameraPtr Restarted(TestRig& rig, const ZltApi::CameraPtr& camera)
-{
-    EXPECT_EQ(ZltErrorSuccess, RunCommand(camera, "DeviceReset"));
-    EXPECT_TRUE(rig.events.Next(ZltApi::UpdateTriggerUnplugged));
-    EXPECT_TRUE(rig.events.Next(ZltApi::UpdateTriggerPluggedIn));
-    return rig.Opened();
-}
-
 } // namespace
 
 TEST(Correction, WrittenSetWorksAfterRestartOnly)
@@ -81,7 +73,7 @@ TEST(Correction, WrittenSetWorksAfterRestartOnly)
     ASSERT_EQ("Success", WriteFile(camera, EncodeOstrelFile(hot, Size, true, true)));
     EXPECT_EQ(raw, GrabDark(camera)) << "written, but not loaded";
 
-    camera = Restarted(rig, camera);
+    camera = rig.Restarted(camera);
     EXPECT_EQ("Preset", Get<std::string>(camera, "CorrectionSet")) << "the set to start with";
     EXPECT_EQ(factory, GrabDark(camera));
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSet", "User"));
@@ -89,27 +81,19 @@ TEST(Correction, WrittenSetWorksAfterRestartOnly)
     EXPECT_EQ(0U, Visible(clean, hot));
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSetDefault", "User"));
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "CorrectionMode", "Off"));
-    camera = Restarted(rig, camera);
+    camera = rig.Restarted(camera);
     EXPECT_EQ("User", Get<std::string>(camera, "CorrectionSet"));
     EXPECT_EQ(clean, GrabDark(camera)) << "a restart switches the correction on";
-}
-
-TEST(Correction, FollowsTheMirroringInSensorCoordinates)
-{
-    TestRig rig;
-    auto camera = rig.Opened();
-    const Positions hot = Hot();
-    ASSERT_EQ("Success", WriteFile(camera, EncodeOstrelFile(hot, Size, true, true)));
-    ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSetDefault", "User"));
-    camera = Restarted(rig, camera);
-    for (const Mirroring mirroring : {Mirroring{false, false}, {true, false}, {false, true}, {true, true}})
+    for (const Mirroring mirroring : AllMirrorings)
     {
         EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseX", mirroring.x));
         EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseY", mirroring.y));
-        EXPECT_EQ(ZltErrorSuccess, Set(camera, "CorrectionMode", "Off"));
-        EXPECT_EQ(hot.size(), Visible(GrabDark(camera), hot, mirroring)) << mirroring.x << mirroring.y;
-        EXPECT_EQ(ZltErrorSuccess, Set(camera, "CorrectionMode", "On"));
-        EXPECT_EQ(0U, Visible(GrabDark(camera), hot, mirroring)) << mirroring.x << mirroring.y;
+        for (const char* const mode : {"Off", "On"})
+        {
+            EXPECT_EQ(ZltErrorSuccess, Set(camera, "CorrectionMode", mode));
+            EXPECT_EQ(std::string(mode) == "On" ? 0 : hot.size(), Visible(GrabDark(camera), hot, mirroring))
+                << mode << mirroring.x << mirroring.y;
+        }
     }
 }
 
@@ -130,7 +114,7 @@ TEST(Correction, ARivoUTakesItsSetsAtOnce)
     ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionMode", "On"));
     EXPECT_EQ(hot.size(), Visible(GrabDark(camera), hot));
     ASSERT_EQ("Success", WriteFile(camera, EncodeRivoUFile(hot, Size, {true, true}), file));
-    for (const Mirroring mirroring : {Mirroring{false, false}, {true, false}, {false, true}, {true, true}})
+    for (const Mirroring mirroring : AllMirrorings)
     {
         EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseX", mirroring.x));
         EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseY", mirroring.y));
@@ -144,7 +128,7 @@ TEST(Correction, ARivoUTakesItsSetsAtOnce)
     ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSetSelector", "Factory"));
     EXPECT_EQ("Success", Execute(camera, file, "Close"));
     EXPECT_EQ(hot.size(), Visible(GrabDark(camera), hot, {true, true})) << "emptied: the set of the opening";
-    EXPECT_EQ(factory, GrabDark(Restarted(rig, camera)));
+    EXPECT_EQ(factory, GrabDark(rig.Restarted(camera)));
 }
 
 TEST(Correction, ATableInMemoryWorksAtOnceAndLasts)
@@ -156,7 +140,7 @@ TEST(Correction, ATableInMemoryWorksAtOnceAndLasts)
     ASSERT_EQ(1U, Visible(GrabDark(camera), one));
     ASSERT_EQ(ZltErrorSuccess, camera->WriteMemory(0x19108, {0, x, 0, y, 0, y}));
     EXPECT_EQ(0U, Visible(GrabDark(camera), one));
-    camera = Restarted(rig, camera);
+    camera = rig.Restarted(camera);
     EXPECT_EQ(0U, Visible(GrabDark(camera), one));
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "DefectMaskColumnEnable", false));
     EXPECT_EQ(1U, Visible(GrabDark(camera), one));
@@ -167,15 +151,14 @@ TEST(Correction, PowerLastsBetweenPrograms)
     TestRig rig;
     auto camera = rig.Opened();
     ASSERT_EQ("Success", WriteFile(camera, EncodeOstrelFile(Hot(), Size, true, true)));
-    camera = Restarted(rig, camera);
+    camera = rig.Restarted(camera);
     // Loaded, and then replaced by an empty file that is not loaded yet.
     ASSERT_EQ("Success", Execute(camera, UserFile, "Delete"));
     ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSet", "User"));
     ASSERT_EQ(ZltErrorSuccess, Set(camera, "PixelFormat", "Mono12"));
     ASSERT_EQ(ZltErrorSuccess, Set(camera, "ReverseY", true));
     const Bytes before = GrabDark(camera);
-    rig.provider.Shutdown(); // closes the camera
-    ASSERT_EQ(ZltErrorSuccess, rig.provider.Startup(rig.events));
+    rig.StartAgain(); // closes the camera
     camera = rig.Opened();
     EXPECT_EQ(before, GrabDark(camera));
 

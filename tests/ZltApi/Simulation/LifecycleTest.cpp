@@ -3,10 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <csignal>
 #include <numeric>
 #include <thread>
 
@@ -23,55 +19,9 @@ std::uint32_t Permitted(const ZltApi::CameraPtr& camera)
     return access;
 }
 
-// Another process that has the test rig's camera open, until it is killed.
-class Holder
-{
-public:
-    Holder()
-    {
-        int pipe[2] = {};
-        EXPECT_EQ(0, ::pipe(pipe));
-        m_process = ::fork();
-        if (m_process == 0)
-        {
-            EventLog events;
-            SimulationProvider provider;
-            std::vector<ZltApi::CameraPtr> cameras;
-            provider.Startup(events);
-            provider.GetCameras(cameras);
-            const char result = cameras.at(0)->Open(ZltApi::AccessModeFull) == ZltErrorSuccess ? 'y' : 'n';
-            static_cast<void>(::write(pipe[1], &result, 1) == 1);
-            for (;;)
-            {
-                ::pause();
-            }
-        }
-        char result = 'n';
-        EXPECT_EQ(1, ::read(pipe[0], &result, 1));
-        EXPECT_EQ('y', result);
-        ::close(pipe[0]);
-        ::close(pipe[1]);
-    }
-
-    ~Holder() { Kill(); }
-
-    void Kill()
-    {
-        if (m_process > 0)
-        {
-            ::kill(m_process, SIGKILL);
-            ::waitpid(m_process, nullptr, 0);
-            m_process = -1;
-        }
-    }
-
-private:
-    pid_t m_process = -1;
-};
-
 } // namespace
 
-TEST(Lifecycle, OneOpenerInAProcess)
+TEST(Lifecycle, OneOpener)
 {
     TestRig rig;
     SimulationProvider second; // as another program's
@@ -86,6 +36,7 @@ TEST(Lifecycle, OneOpenerInAProcess)
     EXPECT_EQ(ZltErrorInvalidCall, camera->Open(ZltApi::AccessModeFull));
     EXPECT_EQ(ZltErrorInvalidAccess, other->Open(ZltApi::AccessModeFull));
     EXPECT_EQ(0U, Permitted(other));
+    EXPECT_EQ(1, rig.Control({"erase", CameraId}));
     EXPECT_EQ(other, secondEvents.Next(ZltApi::UpdateTriggerStateChanged));
     ZltApi::FeaturePtr feature;
     EXPECT_EQ(ZltErrorDeviceNotOpen, other->GetFeatureByName("Gain", feature));
@@ -96,20 +47,6 @@ TEST(Lifecycle, OneOpenerInAProcess)
     EXPECT_EQ(0U, secondEvents.Count()) << "a program is not told of what it does itself";
     second.Shutdown();
     EXPECT_EQ(camera, rig.events.Next(ZltApi::UpdateTriggerStateChanged)) << "a shutdown lets go";
-    EXPECT_EQ(ZltErrorSuccess, camera->Open(ZltApi::AccessModeFull));
-}
-
-TEST(Lifecycle, OneOpenerAmongProcesses)
-{
-    TestRig rig;
-    rig.provider.Shutdown(); // no threads when the process forks
-    Holder holder;
-    ASSERT_EQ(ZltErrorSuccess, rig.provider.Startup(rig.events));
-    const auto camera = rig.Camera();
-    EXPECT_EQ(ZltErrorInvalidAccess, camera->Open(ZltApi::AccessModeFull));
-    EXPECT_EQ(1, rig.Control({"erase", CameraId}));
-    holder.Kill();
-    EXPECT_EQ(camera, rig.events.Next(ZltApi::UpdateTriggerStateChanged)) << "a process that dies lets go";
     EXPECT_EQ(ZltErrorSuccess, camera->Open(ZltApi::AccessModeFull));
 }
 

@@ -33,60 +33,54 @@ struct Set
     std::vector<std::uint32_t> body;
 };
 
-void Append(FileBytes& bytes, std::uint32_t number, int size)
+// One data set: pixel 5 of row 0 and pixel 6 of row 7.
+// clang-format off
+const FileBytes Whole = {
+    'P','T','Y','1', 4,0,0,0, 'D','P','C','0',
+    'F','C','O','1', 8,0,0,0, 0,0,0,0,0,0,0,2,
+    'D','C','T','1', 4,0,0,0, 2,0,0,0,
+    'D','F','M','T', 4,0,0,0, 16,0,0,0,
+    'I','F','0','1', 72,0,0,0,
+    'I','N','D','X', 4,0,0,0, 0,0,0,0,
+    'D','S','E','T', 28,0,0,0, 0,0,0,0, 42,0,0,0, 0,0,0,0, 32,0,0,0, 40,0,0,0, 0,0,0,0, 0,0,0,0,
+    'T','M','P','1', 4,0,0,0, 0,0,0xA0,0x41,
+    'E','X','P','1', 4,0,0,0, 0,0,0x7A,0x44,
+    'P','D','A','1', 42,0,0,0,
+    0,0, 0,0, 0,0, 2,0, 2,0, 2,0, 2,0, 2,0, 2,0, 2,0, 2,0, 2,0, 2,0, 2,0, 2,0, 2,0,
+    0x00,0x80, 0x05,0x00, 0x07,0x80, 0x06,0x00, 0x00,0xC0};
+// clang-format on
+
+void Put(FileBytes& bytes, std::size_t position, std::size_t number)
 {
-    for (int i = 0; i < size; ++i)
+    for (std::size_t i = 0; i < 4; ++i)
     {
-        bytes.push_back(static_cast<unsigned char>(number >> (8 * i)));
+        bytes[position + i] = static_cast<unsigned char>(number >> (8 * i));
     }
 }
 
-void AppendText(FileBytes& bytes, const std::string& text, std::uint32_t length)
-{
-    bytes.insert(bytes.end(), text.begin(), text.end());
-    Append(bytes, length, 4);
-}
-
-FileBytes File(const std::vector<Set>& sets, SensorSize sensor = Small)
+// The file above with other data sets.
+FileBytes File(const std::vector<Set>& sets)
 {
     FileBytes payload;
-    FileBytes infos;
-    for (std::uint32_t i = 0; i < sets.size(); ++i)
+    FileBytes file(Whole.begin(), Whole.begin() + 52);
+    for (std::size_t i = 0; i < sets.size(); ++i)
     {
-        const auto start = static_cast<std::uint32_t>(payload.size());
-        for (std::size_t entry = 0; entry < 16; ++entry)
+        std::vector<std::uint32_t> words = sets[i].table;
+        words.resize(16, sets[i].table.back());
+        words.insert(words.end(), sets[i].body.begin(), sets[i].body.end());
+        const std::size_t info = file.size();
+        file.insert(file.end(), Whole.begin() + 52, Whole.begin() + 132);
+        Put(file, info + 16, i);
+        Put(file, info + 28, payload.size());
+        Put(file, info + 32, 2 * words.size());
+        Put(file, info + 36, sets[i].reverse << 30);
+        for (const std::uint32_t word : words)
         {
-            Append(payload, sets[i].table[std::min(entry, sets[i].table.size() - 1)], 2);
+            payload.insert(payload.end(), {static_cast<unsigned char>(word), static_cast<unsigned char>(word >> 8)});
         }
-        for (const std::uint32_t word : sets[i].body)
-        {
-            Append(payload, word, 2);
-        }
-        AppendText(infos, "IF01", 72);
-        AppendText(infos, "INDX", 4);
-        Append(infos, i, 4);
-        AppendText(infos, "DSET", 28);
-        for (const std::uint32_t number : {start, static_cast<std::uint32_t>(payload.size()) - start,
-                                           sets[i].reverse << 30, sensor.height, sensor.width, 0U, 0U})
-        {
-            Append(infos, number, 4);
-        }
-        AppendText(infos, "TMP1", 4);
-        Append(infos, 0x41A00000, 4);
-        AppendText(infos, "EXP1", 4);
-        Append(infos, 0x447A0000, 4);
     }
-    FileBytes file;
-    AppendText(file, "PTY1", 4);
-    AppendText(file, "DPC0FCO1", 8);
-    Append(file, 0, 4);
-    Append(file, 0x02000000, 4);
-    AppendText(file, "DCT1", 4);
-    Append(file, 2, 4);
-    AppendText(file, "DFMT", 4);
-    Append(file, 16, 4);
-    file.insert(file.end(), infos.begin(), infos.end());
-    AppendText(file, "PDA1", static_cast<std::uint32_t>(payload.size()));
+    file.insert(file.end(), Whole.begin() + 132, Whole.begin() + 140);
+    Put(file, file.size() - 4, payload.size());
     file.insert(file.end(), payload.begin(), payload.end());
     return file;
 }
@@ -117,24 +111,9 @@ const Positions UprightPixels = {{0, 5}, {7, 5}, {7, 7}, {7, 8}, {7, 9}};
 
 TEST(OstrelFile, WholeFileByteForByte)
 {
-    // clang-format off
-    const FileBytes bytes = {
-        'P','T','Y','1', 4,0,0,0, 'D','P','C','0',
-        'F','C','O','1', 8,0,0,0, 0,0,0,0,0,0,0,2,
-        'D','C','T','1', 4,0,0,0, 2,0,0,0,
-        'D','F','M','T', 4,0,0,0, 16,0,0,0,
-        'I','F','0','1', 72,0,0,0,
-        'I','N','D','X', 4,0,0,0, 0,0,0,0,
-        'D','S','E','T', 28,0,0,0, 0,0,0,0, 42,0,0,0, 0,0,0,0, 32,0,0,0, 40,0,0,0, 0,0,0,0, 0,0,0,0,
-        'T','M','P','1', 4,0,0,0, 0,0,0xA0,0x41,
-        'E','X','P','1', 4,0,0,0, 0,0,0x7A,0x44,
-        'P','D','A','1', 42,0,0,0,
-        0,0, 0,0, 0,0, 2,0, 2,0, 2,0, 2,0, 2,0, 2,0, 2,0, 2,0, 2,0, 2,0, 2,0, 2,0, 2,0,
-        0x00,0x80, 0x05,0x00, 0x07,0x80, 0x06,0x00, 0x00,0xC0};
-    // clang-format on
     const std::vector<PixelPosition> pixels = {{6, 7}, {5, 0}};
-    EXPECT_EQ(bytes, EncodeOstrelFile(pixels, Small, false, false));
-    EXPECT_EQ(Sorted(pixels), Decoded(bytes));
+    EXPECT_EQ(Whole, EncodeOstrelFile(pixels, Small, false, false));
+    EXPECT_EQ(Sorted(pixels), Decoded(Whole));
 }
 
 TEST(OstrelFile, DataSets)

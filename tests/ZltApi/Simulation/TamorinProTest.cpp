@@ -83,8 +83,7 @@ TEST(TamorinProCamera, AppliesTheDatasetThatIsChosen)
     const auto brightWith = [&](const char* feature, const auto& value)
     {
         EXPECT_EQ(ZltErrorSuccess, Set(camera, feature, value));
-        const Bytes image = Grab(camera).front().image;
-        return std::count_if(image.begin(), image.end(), [](unsigned char pixel) { return pixel > 40; });
+        return BrightPixels(Grab(camera).front().image).size();
     };
     // The camera's own choice, as delivered.
     for (const auto& [exposure, dataset] : {std::pair(1e3, 0x2001), {8e3, 0x2000}, {2e5, 0x2002}, {4e5, 0x2003}})
@@ -98,26 +97,16 @@ TEST(TamorinProCamera, AppliesTheDatasetThatIsChosen)
     EXPECT_GT(factory, raw / 4);
     EXPECT_LT(factory, raw * 3 / 4);
 
-    const Bytes dark = Grab(camera).front().image;
-    TamorinProDataset dataset{{}, 40.0F, 0, 20'000.0F};
-    for (std::uint32_t i = 0; i < dark.size(); ++i)
-    {
-        dark[i] > 40 ? dataset.pixels.push_back({i % Width, i / Width}) : void();
-    }
-    EXPECT_EQ("Success", OpenFile(camera, "DPC_User_8", "Write"));
-    EXPECT_EQ("Success", WriteBlocks(camera, "DPC_User_8", EncodeTamorinProFile(dataset, Width, Height)));
-    EXPECT_EQ("Success", Execute(camera, "DPC_User_8", "Close"));
+    const TamorinProDataset dataset{BrightPixels(Grab(camera).front().image), 40.0F, 0, 20'000.0F};
+    EXPECT_EQ("Success", WriteFile(camera, EncodeTamorinProFile(dataset, Width, Height), "DPC_User_8"));
     EXPECT_EQ(ZltErrorInvalidValue, Set(camera, "DPCDatasetFileId", std::int64_t{0x2004}));
     brightWith("DPCDatasetFileId", std::int64_t{0x2808});
     EXPECT_EQ(raw, brightWith("DPCMode", "On")) << "written, but not loaded";
 
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "FileDescriptionBuffer", "from 40 degrees"));
     EXPECT_EQ("Success", Execute(camera, "DPC_User_8", "WriteDescription"));
-    EXPECT_EQ(ZltErrorSuccess, RunCommand(camera, "DeviceReset"));
-    EXPECT_TRUE(rig.events.Next(ZltApi::UpdateTriggerUnplugged));
-    EXPECT_TRUE(rig.events.Next(ZltApi::UpdateTriggerPluggedIn));
-    camera = rig.Opened();
-    EXPECT_EQ(0, brightWith("ExposureTime", 15'000.0)) << "the user's dataset is the next one";
+    camera = rig.Restarted(camera);
+    EXPECT_EQ(0U, brightWith("ExposureTime", 15'000.0)) << "the user's dataset is the next one";
     for (const char* text : {"from 40 degrees", ""})
     {
         EXPECT_EQ(ZltErrorSuccess, Set(camera, "FileSelector", "DPC_User_8"));

@@ -61,6 +61,14 @@ ZltApi::CameraPtr TestRig::Opened()
     return camera;
 }
 
+ZltApi::CameraPtr TestRig::Restarted(const ZltApi::CameraPtr& camera)
+{
+    EXPECT_EQ(ZltErrorSuccess, RunCommand(camera, "DeviceReset"));
+    EXPECT_TRUE(events.Next(ZltApi::UpdateTriggerUnplugged));
+    EXPECT_TRUE(events.Next(ZltApi::UpdateTriggerPluggedIn));
+    return Opened();
+}
+
 int TestRig::Control(const std::vector<std::string>& arguments)
 {
     std::ostringstream out;
@@ -163,6 +171,16 @@ Bytes GrabDark(const ZltApi::CameraPtr& camera)
 {
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "ExposureTime", 10'000.0));
     return Grab(camera).front().image;
+}
+
+std::vector<PixelPosition> BrightPixels(const Bytes& image)
+{
+    std::vector<PixelPosition> pixels;
+    for (std::uint32_t i = 0; i < image.size(); ++i)
+    {
+        image[i] > 40 ? pixels.push_back({i % 64, i / 64}) : void();
+    }
+    return pixels;
 }
 
 } // namespace Simulation

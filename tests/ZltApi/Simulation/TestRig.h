@@ -41,6 +41,8 @@ public:
     std::filesystem::path StateFolder() const { return m_folder / "state" / CameraId; }
     ZltApi::CameraPtr Camera(); // null when it is not in the list
     ZltApi::CameraPtr Opened(); // with an expectation that it opens
+    // Resets the camera and opens it again when it has returned.
+    ZltApi::CameraPtr Restarted(const ZltApi::CameraPtr& camera);
     // Runs the control program's commands in this process; returns its exit status.
     int Control(const std::vector<std::string>& arguments);
     // Shuts the provider down and starts it again, as another program would.
@@ -80,5 +82,7 @@ Bytes ReadFile(const ZltApi::CameraPtr& camera, const std::string& file);
 std::vector<FrameLog::Entry> Grab(const ZltApi::CameraPtr& camera, std::size_t count = 1);
 // A dark frame on which hot pixels stand out: long exposure, 8 bits, covered by the rig.
 Bytes GrabDark(const ZltApi::CameraPtr& camera);
+// What stands out from a dark frame of the test rig's width.
+std::vector<PixelPosition> BrightPixels(const Bytes& image);
 
 } // namespace Simulation

@@ -63,6 +63,19 @@ std::vector<std::size_t> FindHot(const Counts& raw, std::uint32_t width)
 
 } // namespace
 
+TEST(SensorTest, SeededFaultsStayOnSmallSensors)
+{
+    for (std::uint32_t variant = 0; variant < 2000; ++variant)
+    {
+        const std::uint32_t width = 1 + variant % 20;
+        const std::uint32_t height = 1 + variant / 20 % 20;
+        for (const PixelFault& fault : SeedFaults(width, height, variant))
+        {
+            EXPECT_TRUE(fault.x < width && fault.y < height) << width << " x " << height << ", seed " << variant;
+        }
+    }
+}
+
 TEST(SensorTest, RepeatsItself)
 {
     Sensor one(Config(ColorFilter::Mono, 5));
