@@ -169,10 +169,14 @@ TEST_F(ControllerTest, EventsOfForeignCamerasAndUnknownReasons)
 TEST_F(ControllerTest, UnpluggedWhileStreaming)
 {
     const auto other = Add("OTHER");
+    const auto first = Add("FIRST");
     const auto camera = Add("A");
-    Start().SetNewIndex(1, "A");
+    Start().SetNewIndex(2, "A");
     controller->StartStopAcquisition();
-    ASSERT_TRUE(controller->GetIfStreaming());
+    provider->Unplug(first);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(controller->GetIfStreaming()) << "another camera's cable";
+    EXPECT_THAT(Signals(), IsEmpty());
     EXPECT_EQ(images.Front()->size(), QSize(64, 64));
     provider->Unplug(camera);
     QCoreApplication::processEvents();

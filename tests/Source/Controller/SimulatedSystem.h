@@ -4,20 +4,14 @@
 #include "AsynchronousCameraController.h"
 
 #include "CamerasList.h"
-#include "Control/ControlProgram.h"
 #include "CustomListView.h"
 #include "ImageDoubleBuffer.h"
-#include "Rig/Rig.h"
+#include "SimulatedFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
-
-#include <sstream>
 
 using Controller = AsynchronousCameraController;
 constexpr int Patience = 20'000; // milliseconds
@@ -57,43 +51,24 @@ struct Window
     std::unique_ptr<Controller> controller;
 };
 
-// Five small simulated cameras, in a working directory of their own.
-class SimulatedSystem : public testing::Test
+// Five small simulated cameras, or a test's own ones.
+class SimulatedSystem : public testing::Test, protected SimulatedFolder
 {
 protected:
-    SimulatedSystem()
+    SimulatedSystem() : SimulatedFolder({})
     {
-        QDir::setCurrent(m_folder.path());
-        qputenv("ZLT_SIMULATION_STATE", m_folder.filePath("state").toUtf8());
-        qputenv("ZLT_PROVIDER_PATH", SIMULATION_FOLDER);
-        QByteArray cameras;
+        QByteArrayList cameras;
         for (const std::string& id : m_all)
         {
-            cameras +=
-                (cameras.isEmpty() ? "" : ",") +
-                QByteArray(R"({"id": "%", "model": "OSTREL T-1", "serial": "7", "firmware": "ostrel", "width": 64,
+            cameras << QByteArray(
+                           R"({"id": "%", "model": "OSTREL T-1", "serial": "7", "firmware": "ostrel", "width": 64,
                                       "height": 48, "frameRate": 500, "fileSizeMax": 200, "blockSize": 128})")
-                    .replace("%", id.c_str());
+                           .replace("%", id.c_str());
         }
-        WriteRig(cameras);
+        WriteRig(cameras.join(','));
     }
-    ~SimulatedSystem() override { QDir::setCurrent(m_before); }
-
-    // Other cameras, for the next start of the camera API.
-    void WriteRig(const QByteArray& cameras) const
-    {
-        QFile rig("rig.json");
-        EXPECT_TRUE(rig.open(QIODevice::WriteOnly));
-        rig.write(R"({"cameras": [)" + cameras + "]}");
-        qputenv("ZLT_SIMULATION_RIG", m_folder.filePath("rig.json").toUtf8());
-    }
-    void Control(const std::vector<std::string>& arguments) const
-    {
-        std::ostringstream out;
-        std::ostringstream err;
-        Simulation::ControlProgram program(Simulation::LoadRig(), m_folder.filePath("state").toStdString(), out, err);
-        ASSERT_EQ(program.Run(arguments), 0) << err.str();
-    }
+    // For the next start of the camera API.
+    static void WriteRig(const QByteArray& cameras) { WriteFile("rig.json", R"({"cameras": [)" + cameras + "]}"); }
 
     // What camera A does from its next start or plugging on: operation, feature, call and effect. None is no fault.
     void Fail(const QStringList& fault, const char* effect) const
@@ -105,8 +80,4 @@ protected:
     }
 
     const std::vector<std::string> m_all = {"A", "B", "C", "D", "E"};
-
-private:
-    const QString m_before = QDir::currentPath();
-    const QTemporaryDir m_folder;
 };
