@@ -6,7 +6,9 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 
 inline void SendMouse(QWidget& widget, QEvent::Type type, QPointF position, Qt::MouseButton button,
                       Qt::MouseButtons buttons)
@@ -14,6 +16,22 @@ inline void SendMouse(QWidget& widget, QEvent::Type type, QPointF position, Qt::
     const QPointF global = position + widget.mapToGlobal(QPoint(0, 0));
     QMouseEvent event(type, position, position, global, button, buttons, Qt::NoModifier);
     QApplication::sendEvent(&widget, &event);
+}
+
+inline void DragMouse(QWidget& widget, QPointF from, QPointF to)
+{
+    SendMouse(widget, QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton);
+    SendMouse(widget, QEvent::MouseMove, to, Qt::NoButton, Qt::LeftButton);
+    SendMouse(widget, QEvent::MouseButtonRelease, to, Qt::LeftButton, Qt::NoButton);
+}
+
+// Goes on to the parents when the widget does not take it.
+inline void SendWheel(QWidget& widget, QPoint position, int delta)
+{
+    QWheelEvent event(position, widget.mapToGlobal(position), {}, {0, delta}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(&widget, &event);
 }
 
 // Opens the menu and chooses the action with this object name.

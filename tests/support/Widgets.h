@@ -1,6 +1,11 @@
 // A window's widgets by their object names.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -37,4 +42,33 @@ inline void Type(QLineEdit& field, const char* text)
     field.selectAll();
     QTest::keyClicks(&field, text);
     QTest::keyClick(&field, Qt::Key_Return);
+}
+
+// As a user does who opens the box and takes one of its lines.
+inline void PickLine(QComboBox& box, int index)
+{
+    box.showPopup();
+    const QPoint line = box.view()->visualRect(box.model()->index(index, 0)).center();
+    QTest::mouseMove(box.view()->viewport(), line);
+    QTest::mouseClick(box.view()->viewport(), Qt::LeftButton, {}, line);
+    EXPECT_EQ(box.currentIndex(), index);
+}
+
+// Each visible child has the room that it asks for; boxes and buttons show their whole texts.
+inline void ExpectNothingClipped(const QWidget& parent)
+{
+    for (const QWidget* widget : parent.findChildren<QWidget*>())
+    {
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        const auto* button = qobject_cast<const QAbstractButton*>(widget);
+        const bool isWhole = qobject_cast<const QComboBox*>(widget) || qobject_cast<const QPushButton*>(widget);
+        if (widget->isVisible() && (button == nullptr || !button->text().isEmpty()))
+        {
+            EXPECT_GE(widget->width(), (isWhole ? widget->sizeHint() : widget->minimumSizeHint()).width())
+                << widget->objectName().toStdString();
+            EXPECT_TRUE(label == nullptr || label->text().isEmpty() ||
+                        label->height() >= label->heightForWidth(label->width()))
+                << label->text().toStdString();
+        }
+    }
 }

@@ -12,14 +12,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QLocale>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <array>
 #include <map>
@@ -90,10 +84,7 @@ TEST(AddDialogTest, EachKindFixesItsFieldsAndSendsThem)
         dialog.show();
         auto& box = Find<QComboBox>(dialog, "comboBox");
         EXPECT_EQ(box.currentText(), QStringLiteral("Cluster Defect"));
-        box.showPopup();
-        const QPoint line = box.view()->visualRect(box.model()->index(box.findText(QLatin1String(c.text)), 0)).center();
-        QTest::mouseMove(box.view()->viewport(), line);
-        QTest::mouseClick(box.view()->viewport(), Qt::LeftButton, {}, line);
+        PickLine(box, box.findText(QLatin1String(c.text)));
         EXPECT_EQ(State(dialog), c.state) << c.text;
         const std::array<const char*, 4> typed{"5a", "-7", "3", "4,"}; // digits are all that a field takes
         for (std::size_t i = 0; i < typed.size(); ++i)
@@ -200,9 +191,7 @@ TEST(EntryDialogTest, IsDraggedByItsHeaderOnly)
     const QPoint start = dialog.pos();
     for (const auto& [from, by] : {std::pair(QPoint(40, dialog.height() - 4), QPoint(0, 0)), {{40, 10}, {7, 9}}})
     {
-        SendMouse(dialog, QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton);
-        SendMouse(dialog, QEvent::MouseMove, from + QPoint(7, 9), Qt::NoButton, Qt::LeftButton);
-        SendMouse(dialog, QEvent::MouseButtonRelease, from, Qt::LeftButton, Qt::NoButton);
+        DragMouse(dialog, from, from + QPoint(7, 9));
         EXPECT_EQ(dialog.pos(), start + by);
     }
 }

@@ -13,13 +13,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QCheckBox>
-#include <QLabel>
-#include <QPushButton>
 #include <QScreen>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <functional>
 #include <tuple>
@@ -49,21 +45,6 @@ protected:
     QWidget m_window;
     ModalAnswers m_answers;
 };
-
-void ExpectNothingClipped(const QWidget& widget)
-{
-    for (const QLabel* label : widget.findChildren<QLabel*>())
-    {
-        if (label->isVisible() && !label->text().isEmpty())
-        {
-            EXPECT_GE(label->height(), label->heightForWidth(label->width())) << label->text().toStdString();
-        }
-    }
-    for (const QPushButton* button : widget.findChildren<QPushButton*>())
-    {
-        EXPECT_GE(button->width(), button->sizeHint().width()) << button->text().toStdString();
-    }
-}
 
 } // namespace
 

@@ -9,9 +9,7 @@
 #include <QGraphicsScene>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QTest>
 #include <QToolTip>
-#include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -64,12 +62,7 @@ protected:
     void Press(QPointF position) { Send(QEvent::MouseButtonPress, position, Qt::LeftButton, Qt::LeftButton); }
     void Move(QPointF position) { Send(QEvent::MouseMove, position, Qt::NoButton, Qt::LeftButton); }
     void Release(QPointF position) { Send(QEvent::MouseButtonRelease, position, Qt::LeftButton, Qt::NoButton); }
-    void Wheel(QPoint position, int delta)
-    {
-        QWheelEvent event(position, view.viewport()->mapToGlobal(position), {}, {0, delta}, Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(view.viewport(), &event);
-    }
+    void Wheel(QPoint position, int delta) { SendWheel(*view.viewport(), position, delta); }
     // The first place of the widget that shows the pixel.
     QPoint PlaceOf(QPoint pixel)
     {

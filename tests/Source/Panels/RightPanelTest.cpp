@@ -3,21 +3,14 @@
 #include "CorrectionListWidget.h"
 #include "CorrectionSetData.h"
 #include "OtherLanguage.h"
+#include "SentEvents.h"
+#include "Widgets.h"
 
 #include <boost/make_shared.hpp>
 
-#include <gtest/gtest.h>
-
-#include <QAbstractItemView>
-#include <QComboBox>
-#include <QCoreApplication>
-#include <QLabel>
 #include <QPointer>
-#include <QPushButton>
 #include <QStandardItemModel>
-#include <QTest>
 #include <QTreeView>
-#include <QWheelEvent>
 
 #include <map>
 
@@ -103,16 +96,7 @@ protected:
     static void Click(QPushButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
     static void ClickDpc(const CorrectionListWidget& list) { Click(list.GetDpcEnableButton()); }
     static void ClickDefault(const CorrectionListWidget& list) { Click(list.GetDefaultSetButton()); }
-    static void Pick(const CorrectionListWidget& list, int index)
-    {
-        QComboBox* box = list.GetComboBox();
-        box->showPopup();
-        QAbstractItemView* lines = box->view();
-        const QPoint line = lines->visualRect(box->model()->index(index, 0)).center();
-        QTest::mouseMove(lines->viewport(), line);
-        QTest::mouseClick(lines->viewport(), Qt::LeftButton, {}, line);
-        ASSERT_EQ(box->currentIndex(), index);
-    }
+    static void Pick(const CorrectionListWidget& list, int index) { PickLine(*list.GetComboBox(), index); }
 
     // "preset user" as "on" or "off".
     QString Switches() const
@@ -235,8 +219,7 @@ TEST_F(RightPanelTest, SelectingASetAllowsWhatItAllows)
     Click(m_panel->AddPixelButton());
     EXPECT_EQ(m_log, QStringList({"add"}));
     m_log.clear();
-    QWheelEvent wheel({5, 5}, QPointF(5, 5), {}, {0, 120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(User().GetComboBox(), &wheel);
+    SendWheel(*User().GetComboBox(), {5, 5}, 120);
     EXPECT_TRUE(m_log.isEmpty()) << "the wheel reads sets";
 }
 

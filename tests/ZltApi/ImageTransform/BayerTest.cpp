@@ -1,8 +1,6 @@
 // Bayer mosaics: colours come out right for every mosaic and depth, up to the border.
 #include "Images.h"
 
-#include <gmock/gmock.h>
-
 #include <algorithm>
 #include <iterator>
 #include <random>
@@ -101,28 +99,6 @@ std::uint32_t InterpolatedAt(std::size_t x, std::size_t y, const char* tile, con
 }
 
 } // namespace
-
-TEST(Bayer, KeepsColorsOfPatches)
-{
-    const Size size{35, 6};
-    std::mt19937 random(3);
-    for (const char* const tile : Tiles)
-    {
-        for (const Depth& depth : Depths)
-        {
-            for (const std::uint32_t patch : {0xC82814U, 0x14C828U, 0x2814C8U, 0xFFFFFFU, 0x000000U, 0x1EAAC8U})
-            {
-                Bytes mosaic;
-                for (std::size_t i = 0; i < size.Pixels(); ++i)
-                {
-                    mosaic.push_back(static_cast<std::uint8_t>(patch >> ShiftAt(tile, i % size.Width, i / size.Width)));
-                }
-                EXPECT_THAT(Convert(FormatOf(tile, depth), size, Pack(depth, mosaic, random)), testing::Each(patch))
-                    << FormatOf(tile, depth);
-            }
-        }
-    }
-}
 
 TEST(Bayer, InterpolatesAsThePlainFormDoes)
 {
