@@ -1,13 +1,11 @@
 // The Ostrel adapter: what it says when a camera fails, and which calls it makes.
 #include "DpcAdapterOstrel.h"
+#include "AdapterCalls.h"
 #include "DefectText.h"
-#include "Failure.h"
 #include "OstrelCamera.h"
 #include "ScopedOpenFile.h"
 
 #include <gmock/gmock.h>
-
-#include <functional>
 
 using namespace KTR::DPC;
 using testing::ElementsAre;
@@ -30,6 +28,7 @@ struct DpcAdapterOstrelTest : testing::Test
 {
     boost::shared_ptr<MemoryCamera> camera = makeOstrelCamera();
     TestAdapter adapter{camera};
+    AdapterCalls calls{adapter, *camera};
     DpcAdapter::CorrectionSetPtr user = boost::make_shared<CorrectionSet>("User");
 
     void SetUp() override { camera->log = {}; }
@@ -37,52 +36,30 @@ struct DpcAdapterOstrelTest : testing::Test
 
 TEST_F(DpcAdapterOstrelTest, SaysWhatFailed)
 {
-    using Set = DpcAdapter::CorrectionSetPtr;
-    const auto sets = [&](const Set&) { adapter.GetAvailableCorrectionSets(); };
-    const auto getDefault = [&](const Set&) { adapter.GetDefaultCorrectionSet(); };
-    const auto setDefault = [&](const Set& set) { adapter.SetDefaultCorrectionSet(set); };
-    const auto on = [&](const Set& set) { adapter.SetCorrectionSetEnabled(set, true); };
-    const auto off = [&](const Set& set) { adapter.SetCorrectionSetEnabled(set, false); };
-    const auto read = [&](const Set& set) { adapter.ReadCorrectionSet(set); };
-    const auto writable = [&](const Set& set) { adapter.IsCorrectionSetWritable(set); };
-    const auto write = [&](const Set& set) { adapter.WriteCorrectionSet(set, {}); };
-    const auto space = [&](const Set& set) { adapter.IsSpaceSufficient(set, {}); };
-    const auto erase = [&](Set set) { adapter.EraseCorrectionSet(set); };
-    const auto restore = [&](const Set& set) { adapter.RestoreFactorySettings(set); };
     const std::string selector = "Set CorrectionSelector=DefectPixelCorrection";
-    const struct
-    {
-        std::string refused; // the camera's call that fails, whose words follow the text
-        std::function<void(const Set&)> call;
-        std::string set, text;
-    } cases[] = {
-        {selector, sets, "User", "Could not set CorrectionSelector: "},
-        {selector, getDefault, "User", "Could not set CorrectionSelector: "},
-        {selector, on, "User", "Could not set CorrectionSelector: "},
-        {"Set CorrectionSet=User", on, "User", "Could not set CorrectionSetSelector for CorrectionSetUser.\n"},
-        {"List CorrectionSet", sets, "User", "Could not get enum values of CorrectionSetSelect : "},
-        {"Get CorrectionSetDefault", getDefault, "User", "Could not get enum value of CorrectionSetDefault: "},
-        {"List CorrectionSetDefault", setDefault, "User", "Could not get enum values of CorrectionSetDefault: "},
-        {"", setDefault, "Lost", "The given CorrectionSet Lost is not valid for CorrectionSetDefault"},
-        {"Set CorrectionSetDefault=User", setDefault, "User", "Could not set value of CorrectionSetDefault: "},
-        {"Set CorrectionMode=On", on, "User", "Could not set value of Correction mode for Correction Set User.\n"},
-        {"Set CorrectionMode=Off", off, "User", "Could not set value of Correction mode for Correction Set User.\n"},
-        {"", read, "Secret", "CorrectionSet Secret is not readable!"},
-        {"", read, "Lost", "Could not get file DefectPixelCorrection"},
-        {"", writable, "Gone", "Could not get file DefectPixelCorrection"},
-        {"", write, "Preset", "The given correction set cannot be overwritten"},
-        {"", erase, "Preset", "The given correction set cannot be overwritten"},
-        {"", write, "Lost", "Could not get file for correction set Lost"},
-        {"", space, "Lost", "Could not get file for correction set Lost"},
-        {"", restore, "User", "RestoreFactorySettings is not available for Ostrel Cameras"},
-    };
-    for (const auto& [refused, call, set, text] : cases)
-    {
-        camera->log.refused = refused;
-        const auto cause = refused.empty() ? "" : "Refused: " + refused;
-        EXPECT_EQ(FailureOf([&, &call = call, &set = set] { call(boost::make_shared<CorrectionSet>(set)); }),
-                  text + cause);
-    }
+    calls.ExpectRefusals({
+        {selector, calls.sets, "User", "Could not set CorrectionSelector: "},
+        {selector, calls.getDefault, "User", "Could not set CorrectionSelector: "},
+        {selector, calls.on, "User", "Could not set CorrectionSelector: "},
+        {"Set CorrectionSet=User", calls.on, "User", "Could not set CorrectionSetSelector for CorrectionSetUser.\n"},
+        {"List CorrectionSet", calls.sets, "User", "Could not get enum values of CorrectionSetSelect : "},
+        {"Get CorrectionSetDefault", calls.getDefault, "User", "Could not get enum value of CorrectionSetDefault: "},
+        {"List CorrectionSetDefault", calls.setDefault, "User", "Could not get enum values of CorrectionSetDefault: "},
+        {"", calls.setDefault, "Lost", "The given CorrectionSet Lost is not valid for CorrectionSetDefault"},
+        {"Set CorrectionSetDefault=User", calls.setDefault, "User", "Could not set value of CorrectionSetDefault: "},
+        {"Set CorrectionMode=On", calls.on, "User",
+         "Could not set value of Correction mode for Correction Set User.\n"},
+        {"Set CorrectionMode=Off", calls.off, "User",
+         "Could not set value of Correction mode for Correction Set User.\n"},
+        {"", calls.read, "Secret", "CorrectionSet Secret is not readable!"},
+        {"", calls.read, "Lost", "Could not get file DefectPixelCorrection"},
+        {"", calls.writable, "Gone", "Could not get file DefectPixelCorrection"},
+        {"", calls.write, "Preset", "The given correction set cannot be overwritten"},
+        {"", calls.erase, "Preset", "The given correction set cannot be overwritten"},
+        {"", calls.write, "Lost", "Could not get file for correction set Lost"},
+        {"", calls.space, "Lost", "Could not get file for correction set Lost"},
+        {"", calls.restore, "User", "RestoreFactorySettings is not available for Ostrel Cameras"},
+    });
 }
 
 TEST_F(DpcAdapterOstrelTest, MovesOnlyTheSelectorsThatItNeeds)

@@ -1,13 +1,12 @@
 // The Tamorin Pro adapter: bytes, what it says when a camera fails, and which calls it makes.
 #include "DpcAdapterTamorinPro.h"
+#include "AdapterCalls.h"
 #include "DefectText.h"
-#include "Failure.h"
 #include "TamorinProCamera.h"
 
 #include <gmock/gmock.h>
 
 #include <fstream>
-#include <functional>
 
 using namespace KTR::DPC;
 using testing::ElementsAre;
@@ -16,13 +15,13 @@ namespace
 {
 
 using Metadata = std::map<std::string, double>;
-using Set = DpcAdapter::CorrectionSetPtr;
 
 struct DpcAdapterTamorinProTest : testing::Test
 {
     boost::shared_ptr<MemoryCamera> camera = makeTamorinProCamera();
     DpcAdapterTamorinPro adapter{camera};
-    Set user = boost::make_shared<CorrectionSet>("DPC_User_1");
+    AdapterCalls calls{adapter, *camera};
+    DpcAdapter::CorrectionSetPtr user = boost::make_shared<CorrectionSet>("DPC_User_1");
     std::vector<std::uint8_t>& userFile = camera->files.back()->content;
 
     void SetUp() override { camera->log = {}; }
@@ -32,38 +31,27 @@ TEST_F(DpcAdapterTamorinProTest, SaysWhatFailed)
 {
     const std::string listing = "Could not get enum values of CorrectionSetSelect : ";
     const std::string mode = "Could not set value of Correction mode for Correction Set DPC_User_1.\n";
-    const auto on = [&](const Set& set) { adapter.SetCorrectionSetEnabled(set, true); };
-    const auto write = [&](const Set& set) { adapter.WriteCorrectionSet(set, defectsOf("P1,1")); };
-    struct
-    {
-        std::string refused; // the camera's call that fails, whose words follow the text
-        std::function<void(Set)> call;
-        std::string set, text;
-    } cases[] = {
-        {"List FileSelector", [&](Set) { adapter.GetAvailableCorrectionSets(); }, "DPC_User_1", listing},
-        {"OpenRead DPC_User_1", [&](Set) { adapter.GetAvailableCorrectionSetsWithMetadata(); }, "DPC_User_1", listing},
-        {"", [&](Set set) { adapter.SetDefaultCorrectionSet(set); }, "DPC_User_1",
-         "SetDefaultCorrectionSet not available on Tamorin Pro"},
-        {"Set DPCMode=On", on, "DPC_User_1", mode},
-        {"Set DPCDatasetFileId", on, "DPC_User_1", mode},
-        {"Set DPCMode=Off", [&](Set set) { adapter.SetCorrectionSetEnabled(set, false); }, "DPC_User_1", ""},
-        {"", on, "DPC_99999999999999999999",
+    const auto metadata = [&](const auto&) { adapter.GetAvailableCorrectionSetsWithMetadata(); };
+    const auto write = [&](const auto& set) { adapter.WriteCorrectionSet(set, defectsOf("P1,1")); };
+    calls.ExpectRefusals({
+        {"List FileSelector", calls.sets, "DPC_User_1", listing},
+        {"OpenRead DPC_User_1", metadata, "DPC_User_1", listing},
+        {"", calls.setDefault, "DPC_User_1", "SetDefaultCorrectionSet not available on Tamorin Pro"},
+        {"Set DPCMode=On", calls.on, "DPC_User_1", mode},
+        {"Set DPCDatasetFileId", calls.on, "DPC_User_1", mode},
+        {"", calls.on, "DPC_99999999999999999999",
          "The name of correction set DPC_99999999999999999999 does not end in the number of a dataset."},
-        {"", [&](Set set) { adapter.IsCorrectionSetReadable(set); }, "DPC_7", "Could not get file DPC_7"},
-        {"", [&](Set set) { adapter.ReadCorrectionSet(set); }, "DPC_7", "Could not get file DPC_7"},
+        {"", calls.readable, "DPC_7", "Could not get file DPC_7"},
+        {"", calls.read, "DPC_7", "Could not get file DPC_7"},
         {"", write, "User_1", "The given correction set cannot be overwritten"},
         {"", write, "DPC_User_9", "Could not get file for correction set DPC_User_9"},
-        {"", [&](Set set) { adapter.IsSpaceSufficient(set, {}); }, "7", "Could not get file for correction set 7"},
-        {"", [&](Set set) { adapter.EraseCorrectionSet(set); }, "7", "Could not get file for correction set 7"},
-        {"", [&](Set set) { adapter.RestoreFactorySettings(set); }, "DPC_User_1",
-         "RestoreFactorySettings is not available for Tamorin Pro Cameras"},
-    };
-    for (auto& [refused, call, set, text] : cases)
-    {
-        camera->log.refused = refused;
-        EXPECT_EQ(FailureOf([&, &call = call, &set = set] { call(boost::make_shared<CorrectionSet>(set)); }),
-                  text.append(refused.empty() ? "" : "Refused: " + refused));
-    }
+        {"", calls.space, "7", "Could not get file for correction set 7"},
+        {"", calls.erase, "7", "Could not get file for correction set 7"},
+        {"", calls.restore, "DPC_User_1", "RestoreFactorySettings is not available for Tamorin Pro Cameras"},
+    });
+    camera->log.refused = "Set DPCMode=Off";
+    EXPECT_EQ(FailureOf([&] { calls.off(user); }), "Refused: Set DPCMode=Off");
+    camera->log = {};
     EXPECT_THROW(adapter.GetDatasetFileId(boost::make_shared<CorrectionSet>("DPC_")), std::invalid_argument);
 }
 

@@ -17,8 +17,6 @@ constexpr int Threshold = 40;
 // What a reader of an image sees beyond its edges.
 constexpr double OutsideBrightness = 34.7;
 
-const double Background = SceneLuminance(SceneBackground) / 255.0 * SceneWhiteCounts;
-
 SensorConfig Config(ColorFilter filter, std::uint64_t seed)
 {
     const bool mono = filter == ColorFilter::Mono;
@@ -147,38 +145,6 @@ TEST(SensorTest, LightBlackLevelAndGammaReachAllButDeadPixels)
     {
         ASSERT_TRUE(plain[i] == 0 || plain[i] > 3500 || std::abs(lifted[i] - plain[i] - 200) <= 1) << i;
         ASSERT_NEAR(bent[i], 4095.0 * std::sqrt(plain[i] / 4095.0), 0.51) << i;
-    }
-}
-
-TEST(SensorTest, CorrectionHidesTheFaultsAndNothingElse)
-{
-    for (const auto& config : {Config(ColorFilter::Mono, 1), Config(ColorFilter::Mono, 2),
-                               Config(ColorFilter::BayerRG, 1), Config(ColorFilter::BayerRG, 2)})
-    {
-        Sensor sensor(config);
-        std::vector<PixelPosition> positions;
-        for (const PixelFault& fault : sensor.Faults())
-        {
-            positions.push_back({fault.x, fault.y});
-        }
-        const CorrectionMap correction(config.width, config.height, config.filter, positions);
-        Counts dark = Expose(sensor, Dark());
-        correction.Apply(dark);
-        EXPECT_TRUE(FindHot(dark, config.width).empty());
-
-        const Counts before = Expose(sensor, {});
-        Counts after = before;
-        correction.Apply(after);
-        Counts restored = after;
-        for (const PixelFault& fault : sensor.Faults())
-        {
-            const std::size_t pixel = static_cast<std::size_t>(fault.y) * config.width + fault.x;
-            restored[pixel] = before[pixel];
-            // Above the chart all is background: what was replaced looks like the rest of it.
-            EXPECT_TRUE(fault.y >= 80 || std::abs(after[pixel] - Background - PedestalCounts) < 90.0)
-                << fault.x << ", " << fault.y;
-        }
-        EXPECT_TRUE(restored == before) << "a pixel that is not listed changed";
     }
 }
 
