@@ -30,22 +30,22 @@ class ControllerSettingsTest : public ListedSystem
 protected:
     ControllerSettingsTest() : camera(Add("A"))
     {
+        using Number = ScriptedFeature::Value;
+        const auto whole = [](std::int64_t number) { return Number(number); };
         for (const auto& [name, value, minimum, maximum] :
-             {std::tuple("Gamma", 1.0, 0.5, 2.0), std::tuple("Gain", 3.0, 0.0, 24.0),
-              std::tuple("ExposureTime", 5e3, 10.0, 1e5), std::tuple("ExposureTimeAbs", 100.0, 20.0, 200.0),
-              std::tuple("BlackLevel", 16.0, 0.0, 255.0)})
+             std::initializer_list<std::tuple<std::string, Number, Number, Number>>{
+                 {"Gamma", 1.0, 0.5, 2.0},
+                 {"Gain", 3.0, 0.0, 24.0},
+                 {"ExposureTime", 5e3, 10.0, 1e5},
+                 {"ExposureTimeAbs", 100.0, 20.0, 200.0},
+                 {"BlackLevel", 16.0, 0.0, 255.0},
+                 {Sensor + "SetpointValue", whole(15), whole(-20), whole(45)},
+                 {Sensor + "SetpointSelector", whole(2), whole(1), whole(3)},
+                 {Sensor + "SetpointActive", whole(3), whole(1), whole(3)}})
         {
-            ScriptedFeature& feature = camera->Add(name, ZltFeatureDataFloat, value);
-            feature.minimum = minimum;
-            feature.maximum = maximum;
-        }
-        for (const auto& [name, value, minimum, maximum] :
-             {std::tuple("SetpointValue", 15, -20, 45), std::tuple("SetpointSelector", 2, 1, 3),
-              std::tuple("SetpointActive", 3, 1, 3)})
-        {
-            auto& feature = camera->Add(Sensor + name, ZltFeatureDataInteger, std::int64_t{value});
-            feature.minimum = std::int64_t{minimum};
-            feature.maximum = std::int64_t{maximum};
+            const bool isFloat = std::holds_alternative<double>(value);
+            ScriptedFeature& feature = camera->Add(name, isFloat ? ZltFeatureDataFloat : ZltFeatureDataInteger, value);
+            std::tie(feature.minimum, feature.maximum) = std::tie(minimum, maximum);
         }
         // An entry with a '!' cannot be chosen.
         for (const auto& [name, value, entries] : std::initializer_list<std::tuple<std::string, const char*, Lines>>{

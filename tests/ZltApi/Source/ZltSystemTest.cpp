@@ -92,6 +92,7 @@ TEST_F(ZltSystemTest, SkipsProvidersThatItCannotUse)
 
     const std::string good = FolderOf("Good");
     const Names goodNames = {"Good1", "Good2"};
+    std::vector<CameraPtr> cameras;
     std::vector<std::pair<std::string, Names>> cases = {
         {"", {}},
         {folder / "nowhere", {}},
@@ -107,27 +108,18 @@ TEST_F(ZltSystemTest, SkipsProvidersThatItCannotUse)
     for (const auto& [path, names] : cases)
     {
         SCOPED_TRACE(path);
-        EXPECT_EQ(StartWith(path), names.empty() ? ZltErrorNoTransportLayer : ZltErrorSuccess);
-        EXPECT_EQ(m_system.RegisterCameraListObserver(m_observer),
-                  names.empty() ? ZltErrorNotStarted : ZltErrorSuccess);
+        const auto result = names.empty() ? ZltErrorNotStarted : ZltErrorSuccess;
+        EXPECT_EQ(m_system.UnregisterInterfaceListObserver(m_observer), ZltErrorNotStarted);
+        for (int round = 0; round < 2; ++round)
+        {
+            EXPECT_EQ(StartWith(path), names.empty() ? ZltErrorNoTransportLayer : ZltErrorSuccess);
+        }
+        EXPECT_EQ(m_system.RegisterCameraListObserver(m_observer), result);
+        EXPECT_EQ(m_system.GetCameras(cameras), result); // the providers throw here
         EXPECT_EQ(LayerNames(), names);
-        EXPECT_EQ(m_system.Shutdown(), names.empty() ? ZltErrorNotStarted : ZltErrorSuccess);
+        EXPECT_EQ(m_system.Shutdown(), result);
     }
     fs::remove_all(folder);
-}
-
-TEST_F(ZltSystemTest, RefusesCallsWhileStopped)
-{
-    std::vector<CameraPtr> cameras;
-    for (int round = 0; round < 2; ++round)
-    {
-        EXPECT_EQ(m_system.GetCameras(cameras), ZltErrorNotStarted);
-        EXPECT_EQ(m_system.UnregisterInterfaceListObserver(m_observer), ZltErrorNotStarted);
-        ASSERT_EQ(StartWith(FolderOf("Good")), ZltErrorSuccess);
-        EXPECT_EQ(m_system.Startup(), ZltErrorSuccess);
-        EXPECT_EQ(m_system.GetCameras(cameras), ZltErrorSuccess); // the provider throws here
-        EXPECT_EQ(m_system.Shutdown(), ZltErrorSuccess);
-    }
 }
 
 TEST_F(ZltSystemTest, RestartsWithoutLeakWhileOthersCall)
