@@ -15,6 +15,7 @@
 class SimulatedFolder
 {
 public:
+    // The rig is a JSON object.
     explicit SimulatedFolder(const QByteArray& rig)
     {
         QDir::setCurrent(m_folder.path());

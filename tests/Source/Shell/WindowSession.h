@@ -4,11 +4,10 @@
 #include "MainWindow.h"
 
 #include "AsynchronousCameraController.h"
-#include "Control/ControlProgram.h"
 #include "CustomGraphicsView.h"
 #include "CustomListView.h"
 #include "LoaderDialog.h"
-#include "Rig/Rig.h"
+#include "SimulatedFolder.h"
 #include "TreeModel.h"
 #include "Widgets.h"
 
@@ -16,50 +15,22 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDir>
-#include <QFile>
 #include <QGraphicsPixmapItem>
-#include <QTemporaryDir>
 #include <QTest>
-
-#include <sstream>
 
 constexpr int Patience = 20'000; // milliseconds
 
-class WindowSession : public testing::Test
+class WindowSession : public testing::Test, protected SimulatedFolder
 {
 protected:
-    explicit WindowSession(const QByteArray& rig)
+    explicit WindowSession(const QByteArray& rig) : SimulatedFolder(rig)
     {
-        QDir::setCurrent(m_folder.path());
-        WriteFile("rig.json", rig);
         WriteFile("Lorvane.ini", "[info]\nTutorialFinished=true\n");
-        qputenv("ZLT_SIMULATION_RIG", m_folder.filePath("rig.json").toUtf8());
-        qputenv("ZLT_SIMULATION_STATE", m_folder.filePath("state").toUtf8());
-        qputenv("ZLT_PROVIDER_PATH", SIMULATION_FOLDER);
         window = std::make_unique<MainWindow>();
         window->show();
         window->SetProperSizes();
     }
-    ~WindowSession() override
-    {
-        window.reset();
-        QDir::setCurrent(QDir::rootPath());
-    }
 
-    static void WriteFile(const char* name, const QByteArray& text)
-    {
-        QFile file(name);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-    }
-    void Control(const std::vector<std::string>& arguments) const
-    {
-        std::ostringstream out;
-        std::ostringstream err;
-        Simulation::ControlProgram program(Simulation::LoadRig(), m_folder.filePath("state").toStdString(), out, err);
-        ASSERT_EQ(program.Run(arguments), 0) << err.str();
-    }
     template <class Widget> Widget* Find(const char* name) const { return &::Find<Widget>(*window, name); }
     void Click(const char* name) const { ::Click(*window, name); }
     CustomGraphicsView& View() const { return *Find<CustomGraphicsView>("graphicsView"); }
@@ -113,6 +84,5 @@ protected:
         QTest::mouseRelease(View().viewport(), Qt::LeftButton, {}, place(to));
     }
 
-    QTemporaryDir m_folder;
     std::unique_ptr<MainWindow> window;
 };

@@ -5,6 +5,7 @@
 
 #include "CameraAbstraction.h"
 
+#include <algorithm>
 #include <map>
 
 // Registers, memory and commands do nothing here: a family that has them derives from it.
@@ -23,7 +24,13 @@ public:
     };
 
     bool IsOpen() override { return true; }
-    Names GetAvailableFeatures() override;
+    Names GetAvailableFeatures() override
+    {
+        Names names;
+        std::transform(features.begin(), features.end(), std::back_inserter(names),
+                       [](auto& row) { return row.first; });
+        return names;
+    }
     FeatureType GetFeatureType(const std::string&) override { return FeatureType::Unknown; }
     void SetFeatureBooleanValue(const std::string& name, bool value) override { set(name).value = value; }
     bool GetFeatureBooleanValue(const std::string& name) override { return get(name).value != 0; }
@@ -38,11 +45,26 @@ public:
     double GetFeatureDoubleMax(const std::string&) override { return 1e9; }
     double GetFeatureDoubleIncrement(const std::string&) override { return 0; }
     std::string GetFeatureStringValue(const std::string& name) override { return get(name).text; }
-    void SetFeatureStringValue(const std::string& name, const std::string& value) override;
-    void SetFeatureEnumValue(const std::string& name, const std::string& entry) override;
+    void SetFeatureStringValue(const std::string& name, const std::string& value) override
+    {
+        at("Set " + name + "=" + value, name).text = value;
+    }
+    void SetFeatureEnumValue(const std::string& name, const std::string& entry) override
+    {
+        Feature& feature = at("Set " + name + "=" + entry, name);
+        const bool known = std::count(feature.entries.begin(), feature.entries.end(), entry) != 0;
+        CallLog::require(known && entry != feature.unavailable,
+                         "The feature " + name + " has no entry " + entry + " now.");
+        feature.text = entry;
+    }
     std::string GetFeatureEnumValue(const std::string& name) override { return get(name).text; }
     Names GetFeatureEnumValues(const std::string& name) override { return at("List " + name, name).entries; }
-    bool IsEnumEntryAvailable(const std::string& name, const std::string& entry) override;
+    bool IsEnumEntryAvailable(const std::string& name, const std::string& entry) override
+    {
+        const Feature& feature = at("Ask " + name, name);
+        const bool known = std::count(feature.entries.begin(), feature.entries.end(), entry) != 0;
+        return known && entry != feature.unavailable;
+    }
     void RunFeatureCommand(const std::string& name) override { log.note("Run " + name); }
     bool IsFeatureReadable(const std::string& name) override { return features.count(name) != 0; }
     bool IsFeatureWritable(const std::string& name) override { return features.count(name) != 0; }
@@ -51,15 +73,31 @@ public:
     void ReadMemory(const std::uint64_t&, std::vector<std::uint8_t>&) override {}
     void WriteMemory(const std::uint64_t&, const std::vector<std::uint8_t>&) override {}
     bool IsFileAccessSupported() override { return !files.empty(); }
-    std::vector<boost::shared_ptr<KTR::DPC::FileInterface>> GetFiles() override;
-    boost::shared_ptr<KTR::DPC::FileInterface> GetFile(const std::string& name) override; // null when there is none
+    std::vector<boost::shared_ptr<KTR::DPC::FileInterface>> GetFiles() override
+    {
+        log.note("GetFiles");
+        return {files.begin(), files.end()};
+    }
+    // Null when there is none.
+    boost::shared_ptr<KTR::DPC::FileInterface> GetFile(const std::string& name) override
+    {
+        log.note("GetFile " + name);
+        const auto found =
+            std::find_if(files.begin(), files.end(), [&](auto& file) { return file->GetName() == name; });
+        return found == files.end() ? nullptr : *found;
+    }
 
     std::map<std::string, Feature> features;
     std::vector<boost::shared_ptr<MemoryFile>> files;
     CallLog log;
 
 private:
-    Feature& at(const std::string& call, const std::string& name);
+    Feature& at(const std::string& call, const std::string& name)
+    {
+        log.note(call);
+        CallLog::require(features.count(name) != 0, "The camera has no feature " + name + ".");
+        return features[name];
+    }
     Feature& get(const std::string& name) { return at("Get " + name, name); }
     Feature& set(const std::string& name) { return at("Set " + name, name); }
 };
