@@ -35,7 +35,10 @@ TEST_F(Families, CommissioningHidesEveryDefect)
     {
         SCOPED_TRACE(camera);
         const auto line = [&, &id = camera, &name = set] {
-            return Cli(QStringList{"sets", id} + (set == FlashSet ? Flash : QStringList())).Lines().filter(name).last();
+            return Cli(QStringList{"sets", id} + (name == FlashSet ? Flash : QStringList()))
+                .Lines()
+                .filter(name)
+                .last();
         };
         ASSERT_EQ(Control({"cover", camera, "on"}).status, 0);
         ASSERT_EQ(Cli({"set", camera, "ExposureTime", "12000"}).status, 0);

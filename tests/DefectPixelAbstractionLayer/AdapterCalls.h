@@ -42,8 +42,9 @@ struct AdapterCalls
         for (const auto& [refused, call, set, text] : cases)
         {
             camera.log.refused = refused;
+            const std::string cause = refused.empty() ? "" : "Refused: " + refused;
             EXPECT_EQ(FailureOf([&, &c = call, &name = set] { c(boost::make_shared<KTR::DPC::CorrectionSet>(name)); }),
-                      text + (refused.empty() || text.empty() ? "" : "Refused: " + refused));
+                      text + cause);
         }
         camera.log = {};
     }
