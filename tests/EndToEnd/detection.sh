@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The road of one automatic detection in the real program, by mouse and keyboard on a virtual display: lens covered, a longer
-# exposure configured, detection, list taken over, upload, restart, correction on. What was found is held against what the
+# The road of one automatic detection in the real program, by mouse and keyboard on a virtual display: lens covered, 12-bit
+# format, a longer exposure configured, detection, list taken over, upload, restart, correction on. What was found is held against what the
 # sensor is made of, and then the batch tool looks whether the camera hides it.
 # Usage: detection.sh FOLDER_OF_THE_PROGRAMS FOLDER_FOR_PICTURES CAMERA ROW_IN_THE_LIST
 set -euo pipefail
@@ -33,6 +33,12 @@ step "cover on, camera picked, set User"
 start
 pick_camera
 choose_user_set
+
+step "a 12-bit format in the settings"
+click 181 57
+click 142 195
+xdotool key Down Down Return sleep 1
+picture "$pictures/settings.png"
 
 step "detection with $exposure microseconds"
 click 1103 691 # Automatic Detection

@@ -56,9 +56,10 @@ pick_camera() {
   sleep 1.5
   loaded
 }
-choose_user_set() {
+choose_user_set() { # some cameras cannot read an empty set, and say so
   click 1103 289
-  xdotool key Return
+  xdotool key Return sleep 1
+  if xdotool search --onlyvisible --name '^Camera info$' >/dev/null 2>&1; then answer '^Camera info$' unreadable; fi
   loaded
 }
 # Until the camera has restarted and is picked again, with the set as it has it.
