@@ -128,6 +128,16 @@ TEST_F(DetectorDialog, WalksThroughItsPages)
     Search(Frame(5));
     EXPECT_EQ(Shown(), "close done | Detection is done.\n5 defects found. | " + TooMany.arg(0));
     EXPECT_EQ(model.rowCount(), 100);
+
+    // A search that ends while the configuration shows leaves nothing of its result to the next one.
+    Click("closeButton");
+    Click("backButton");
+    Click("startButton");
+    Click("closeButton");
+    Search(Frame(7));
+    EXPECT_EQ(Shown(), "back startDetection ");
+    Click("startDetectionButton");
+    EXPECT_EQ(Shown(), "stopDetection spinner | " + Waiting);
 }
 
 TEST_F(DetectorDialog, ConfigurationFields)
@@ -233,14 +243,13 @@ TEST_F(DetectorDialog, StopsAtAnyMoment)
     Click("continueButton");
     EXPECT_EQ(model.rowCount(), 3);
 
-    // Only its receiver closes it.
+    // Its receiver closes it; the window manager does, too.
     QSignalSpy closing(dialog.get(), &AutomaticDetectorDialog::CloseDialog);
     Click("exitButton");
     QTest::keyClick(dialog.get(), Qt::Key_Escape);
+    EXPECT_TRUE(dialog->isVisible());
     dialog->windowHandle()->close();
     EXPECT_EQ(closing.size(), 3);
-    EXPECT_TRUE(dialog->isVisible());
-    dialog->close();
     EXPECT_FALSE(dialog->isVisible());
 }
 

@@ -120,6 +120,11 @@ TEST_F(DetectionTest, MonoCameraTwice)
             EXPECT_FALSE(Find<QWidget>(name)->isEnabled()) << name;
         }
         EXPECT_EQ(Find<QLabel>("activeSetValueLabel")->text(), "None");
+        auto* const language = Find<QComboBox>("languageBox");
+        language->setCurrentText("Deutsch");
+        EXPECT_TRUE(Waits([&] { return InDialog<QLabel>("warningLabel").text().startsWith("Korrektursatz 'User'"); }));
+        language->setCurrentText("English");
+        ASSERT_TRUE(Waits([&] { return InDialog<QLabel>("contentLabel").text().startsWith("Cover"); }));
         const QString warning = InDialog<QLabel>("warningLabel").text();
         EXPECT_TRUE(warning.contains("Switch off Correction Set 'User'...")) << warning.toStdString();
         EXPECT_EQ(warning.contains("<br><br>Change Pixel Format to 'Mono8'..."), QByteArray(exposure) == "10000");
@@ -239,6 +244,12 @@ TEST_F(DetectionTest, LeftWhileItWaitsItDoesNotReachTheNext)
     ClickInDialog("stopDetectionButton");
     QTest::qWait(1500);
     EXPECT_EQ(Header(), "Detection is cancelled");
+    ClickInDialog("closeButton");
+    ClickInDialog("startDetectionButton");
+    Dialog().windowHandle()->close(); // by the window manager
+    EXPECT_FALSE(Dialog().isVisible());
+    EXPECT_TRUE(Find<QWidget>("importButton")->isEnabled());
+    Click("automaticDetectionButton");
     Open(Colour);
     EXPECT_FALSE(Dialog().isVisible()) << "it belonged to the camera before";
 }
