@@ -4,10 +4,11 @@
 programs=$1
 pictures=$2
 mkdir -p "$pictures"
+export ZLT_PROVIDER_PATH=$programs/../lib/zlt-simulation # no real camera may move the rows of the list
 . "$(dirname "$0")/../../scripts/display.sh"
 
 step() {
-  echo "-- $*"
+  echo "-- $SECONDS s: $*"
 }
 fail() {
   picture "$pictures/failed.png" 1600x1000+0+0 || true

@@ -54,8 +54,9 @@ ControlProgram::ExitStatus ControlProgram::Run(const std::vector<std::string>& a
 
 ControlProgram::ExitStatus ControlProgram::Usage()
 {
-    m_errors << "Usage: zlt-simulation-ctl list | defects ID | cover ID on|off | busy ID on|off | unplug ID | plug ID | "
-                "erase ID | fault ID clear|JSON\n";
+    m_errors
+        << "Usage: zlt-simulation-ctl list | defects ID | cover ID on|off | busy ID on|off | unplug ID | plug ID | "
+           "erase ID | fault ID clear|JSON\n";
     return WrongUsage;
 }
 
@@ -68,8 +69,8 @@ ControlProgram::ExitStatus ControlProgram::Dispatch(const std::vector<std::strin
     }
     const bool isSwitch = command == "cover" || command == "busy";
     const bool takesValue = isSwitch || command == "fault";
-    const bool isKnown = takesValue || command == "defects" || command == "unplug" || command == "plug" ||
-                         command == "erase";
+    const bool isKnown =
+        takesValue || command == "defects" || command == "unplug" || command == "plug" || command == "erase";
     if (!isKnown || arguments.size() != (takesValue ? 3U : 2U))
     {
         return Usage();
