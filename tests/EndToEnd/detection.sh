@@ -7,6 +7,7 @@ set -euo pipefail
 
 camera=$3
 row=$4
+set=User
 . "$(dirname "$0")/steps.sh"
 
 exposure=20000
@@ -63,14 +64,14 @@ gone '^Automatic Detection$' || fail "the dialog stays"
 has_blue_rows || fail "no blue rows in the list"
 
 step "upload"
-upload
+upload '^Confirm$'
 step "correction on"
 correction_on
 step "leave the program"
 leave
 
 step "what was found, and what the camera hides"
-"$programs/lorvane-cli" read "$camera" User | pixels >"$work/found.txt"
+"$programs/lorvane-cli" read "$camera" "$set" | pixels >"$work/found.txt"
 planted $((threshold + noise)) >"$work/bright.txt"
 planted $((threshold - noise)) >"$work/shining.txt"
 [ "$(wc -l <"$work/bright.txt")" -gt 100 ] || fail "the sensor has hardly a defect"
@@ -80,7 +81,7 @@ expect "invented" "" "$(comm -23 "$work/found.txt" "$work/shining.txt" | head -n
 dark_frame | pixels >"$work/after.txt"
 expect "visible" "" "$(comm -12 "$work/after.txt" "$work/bright.txt" | head -n 5)"
 expect "visible and not planted" "" "$(comm -23 "$work/after.txt" "$work/shining.txt" | head -n 5)"
-"$programs/lorvane-cli" disable "$camera" User
+"$programs/lorvane-cli" disable "$camera" "$set"
 dark_frame | pixels >"$work/uncorrected.txt"
 expect "hidden without correction" "" "$(comm -13 "$work/uncorrected.txt" "$work/bright.txt" | head -n 5)"
 echo "planted: $(wc -l <"$work/bright.txt") pixels, found: $(wc -l <"$work/found.txt"), visible: 0"

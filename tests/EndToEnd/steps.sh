@@ -1,5 +1,5 @@
 # What the roads through the real program share. To be sourced by a test whose arguments are the folder of the programs and
-# one for pictures, and whose $camera stands in row $row of the list, counted from 0.
+# one for pictures, and whose $camera stands in row $row of the list, counted from 0. The set to be written is $set.
 
 programs=$1
 pictures=$2
@@ -18,13 +18,14 @@ fail() {
 expect() { # WHAT EXPECTED ACTUAL
   [ "$2" = "$3" ] || fail "$1: expected '$2', got '$3'"
 }
-answer() { # TITLE PICTURE: by its default button
+answer() { # TITLE PICTURE [KEYS...]: by its default button, or by these keys
   local dialog
   dialog=$(window "$1") || fail "no dialog '$1'"
   [ -n "$dialog" ] || fail "no dialog '$1'"
   sleep 0.3
   picture "$pictures/$2.png"
-  xdotool key Return
+  local keys=("${@:3}")
+  xdotool key "${keys[@]:-Return}"
   gone "$1" || fail "the dialog '$1' stays"
 }
 loaded() {
@@ -34,8 +35,8 @@ loaded() {
 }
 # How many pixels of the list's place are of this colour.
 coloured() {
-  import -window root "$work/list.png"
-  convert "$work/list.png" -crop 280x200+1140+570 -fuzz 3% -fill white -opaque "$1" -fill black +opaque white \
+  import -window root -crop 280x200+1140+570 "$work/list.png"
+  convert "$work/list.png" -fuzz 3% -fill white -opaque "$1" -fill black +opaque white \
     -format '%[fx:round(mean*w*h)]' info:
 }
 has_blue_rows() {
@@ -64,9 +65,9 @@ choose_user_set() { # some cameras cannot read an empty set, and say so
   loaded
 }
 # Until the camera has restarted and is picked again, with the set as it has it.
-upload() {
+upload() { # TITLE_OF_THE_QUESTION [KEYS...]
   click 1104 733
-  answer '^Confirm$' upload-confirm
+  answer "$1" upload-confirm "${@:2}"
   sleep 0.5
   loaded
   answer '^Upload successful$' upload-successful
@@ -92,5 +93,5 @@ leave() {
   click 1231 16
   for _ in $(seq 100); do kill -0 "$program_process" 2>/dev/null || break; sleep 0.1; done
   wait "$program_process" || fail "the program ended with status $?"
-  expect "enabled" yes "$("$programs/lorvane-cli" sets "$camera" | awk '$1 == "User" { print $5 }')"
+  expect "enabled" yes "$("$programs/lorvane-cli" sets "$camera" | awk -v set="$set" '$1 == set { print $5 }')"
 }

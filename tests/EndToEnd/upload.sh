@@ -6,6 +6,7 @@ set -euo pipefail
 
 camera=SIM-OSTREL-M1
 row=0
+set=User
 . "$(dirname "$0")/steps.sh"
 
 step "defects of the covered sensor"
@@ -45,7 +46,7 @@ sleep 0.5
 has_blue_rows || fail "no blue rows in the list"
 
 step "upload"
-upload
+upload '^Confirm$'
 step "correction on"
 correction_on
 step "leave the program"
@@ -53,7 +54,7 @@ leave
 
 step "what the camera has and hides"
 expect "the set" "$(printf '0 %s %s 1 1\n' "$mouse_x" "$mouse_y" "$dialog_x" "$dialog_y" | sort)" \
-  "$("$programs/lorvane-cli" read "$camera" User | sort)"
+  "$("$programs/lorvane-cli" read "$camera" "$set" | sort)"
 dark_frame >"$work/after.txt"
 expect "visible of the two" 0 "$(grep -c -e "^0 $mouse_x $mouse_y " -e "^0 $dialog_x $dialog_y " "$work/after.txt" || true)"
 expect "others" "$(($(wc -l <"$work/before.txt") - 2))" "$(wc -l <"$work/after.txt")"
