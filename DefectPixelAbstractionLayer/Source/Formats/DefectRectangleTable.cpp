@@ -107,7 +107,7 @@ boost::shared_ptr<SensorDefect> toSensorDefect(int x, int y, int width, int heig
     {
         return boost::make_shared<ColumnDefect>(number(x));
     }
-    if (width < 2 || height < 2 || width > sensorWidth || height > sensorHeight)
+    if (width < 2 || height < 2)
     {
         refuse("Could not identify sensor defect type");
     }

@@ -21,8 +21,7 @@ constexpr std::uint64_t END_OF_PACKET = 0xFFFFFFFFFFFFFFFF; // ends a packet tha
 } // namespace EstablishedGigE
 
 // The defect of a rectangle. The form has no rows and columns of its own: a whole row is a run as long as the sensor is
-// wide, a whole column one as long as it is high. Throws a KTR::System::Exception for a rectangle without area, and for
-// one larger than the sensor, which no list could hold.
+// wide, a whole column one as long as it is high. Throws a KTR::System::Exception for a rectangle without area.
 boost::shared_ptr<SensorDefect> toSensorDefect(int x, int y, int width, int height, int sensorWidth, int sensorHeight);
 
 // The records of the defects, one each in list order. Sizes are those of the sensor. The rectangle of a cluster reaches
