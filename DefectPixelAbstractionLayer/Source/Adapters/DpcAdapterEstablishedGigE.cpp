@@ -144,7 +144,7 @@ void DpcAdapterEstablishedGigE::WriteCorrectionSet(const CorrectionSetPtr& set, 
     {
         fail("Space is not sufficient!");
     }
-    auto table = encodeDefectRectangles(defects, GetSensorWidth(), GetSensorHeight());
+    auto table = convertToBinary(defects, GetSensorWidth(), GetSensorHeight());
     if (table.size() != defects.size() * BytesPerRecord)
     {
         fail("A defect has coordinates that the camera's table cannot hold.");

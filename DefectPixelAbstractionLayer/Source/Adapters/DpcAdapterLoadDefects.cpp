@@ -63,17 +63,24 @@ SensorDefectList DpcAdapterLoadDefects::ReadCorrectionSet(const CorrectionSetPtr
     return decodeColumnMask(table, GetSensorHeight());
 }
 
-void DpcAdapterLoadDefects::WriteCorrectionSet(const CorrectionSetPtr& set, const SensorDefectList& defects)
+void DpcAdapterLoadDefects::WriteCorrectionSet(const CorrectionSetPtr& /*set*/, const SensorDefectList& defects)
 {
-    if (!IsCorrectionSetValid(set, defects))
+    camera()->WriteMemory(DPC_DATA_RW_MEMORY_ADDR,
+                          ConvertDefectsListToBinary(defects, GetSensorWidth(), GetSensorHeight()));
+}
+
+std::vector<std::uint8_t> DpcAdapterLoadDefects::ConvertDefectsListToBinary(const SensorDefectList& defects,
+                                                                            std::uint32_t width, std::uint32_t height)
+{
+    if (!isColumnMask(defects, width, height))
     {
         fail("Cannot Write CorrectionSet: NOT VALID!");
     }
-    if (!IsSpaceSufficient(set, defects))
+    if (defects.size() > MostEntries)
     {
         fail("Cannot Write CorrectionSet: NOT ENOUGH SPACE!");
     }
-    camera()->WriteMemory(DPC_DATA_RW_MEMORY_ADDR, encodeColumnMask(defects, GetSensorHeight()));
+    return encodeColumnMask(defects, height);
 }
 
 bool DpcAdapterLoadDefects::IsSpaceSufficient(const CorrectionSetPtr& /*set*/, const SensorDefectList& defects)

@@ -40,6 +40,10 @@ public:
     // Always throws: writing an empty list empties the table.
     void EraseCorrectionSet(CorrectionSetPtr& set) override;
 
+    // The whole table. Throws for a list that is not valid and for one that is too long; sizes are those of the sensor.
+    static std::vector<std::uint8_t> ConvertDefectsListToBinary(const SensorDefectList& defects, std::uint32_t width,
+                                                                std::uint32_t height);
+
 private:
     static std::string getDpcFeatureName(const boost::shared_ptr<CameraAbstraction>& camera);
 
