@@ -154,9 +154,12 @@ TEST_F(DetectionTest, ColourMosaicAndRecordedDarkFrame)
 
     const QImage frame = LoadFrameFile(LORVANE_TEST_DATA "/darks/dark-3916ms-a.pgm", nullptr);
     Grey greys;
-    for (int i = 0; i < frame.width() * frame.height(); ++i)
+    for (int y = 0; y < frame.height(); ++y)
     {
-        greys[{i % frame.width(), i / frame.width()}] = frame.constScanLine(i / frame.width())[i % frame.width()] + 2;
+        for (int x = 0; x < frame.width(); ++x)
+        {
+            greys[{x, y}] = frame.constScanLine(y)[x] + 2;
+        }
     }
     Open(Recorded);
     Click("automaticDetectionButton");
