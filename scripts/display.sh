@@ -62,6 +62,5 @@ wheel() { # X Y TIMES, negative: toward the user, away from the image
   xdotool mousemove --window "$main" "$1" "$2" click --repeat "$times" --delay 60 "$button" sleep 0.5
 }
 picture() { # FILE [AREA]
-  import -window root "$work/shot.png"
-  convert "$work/shot.png" -crop "${2:-1300x830+150+60}" +repage -strip "$1"
+  import -window root -crop "${2:-1300x830+150+60}" +repage -strip "$1"
 }

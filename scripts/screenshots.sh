@@ -21,8 +21,8 @@ start_program "$program"
 shoot welcome 2
 xdotool key Escape
 shoot main-window 1.5
-click 234 60
-shoot tour 1
+click 251 60
+shoot tour 3
 xdotool key Escape
 click 70 16
 shoot about 1
@@ -58,7 +58,7 @@ shoot zoomed 1
 wheel 450 300 -18
 shoot live 1
 
-# Correction sets: entry and editing by dialog, upload, restart, correction on.
+# Correction sets: entry and editing by dialog, upload.
 add_pixel() { # X Y
   click 993 434
   window '^Add pixel' >/dev/null
@@ -78,15 +78,7 @@ click 1104 733 # Upload to camera
 shoot_dialog upload-confirm '^Confirm$'
 press Return
 shoot_dialog upload-successful '^Upload successful$'
-press Return # Restart
-window '^Connection lost$' >/dev/null
-press Return
-sleep 3
-click 150 173
-sleep 4
-choose_user_set
-click 1187 257 # the switch of the user's sets
-shoot correction-on 3
+press Escape
 # The camera whose sets carry conditions, near the end of the list.
 click 40 57
 wheel 150 400 -15
@@ -130,3 +122,20 @@ sleep 3
 shoot detection-result 1
 dialog 440 517 # Continue
 shoot detection-done 1
+
+# What was found goes into the camera, and the camera hides it.
+press Escape
+click 1104 733 # Upload to camera
+window '^Confirm$' >/dev/null
+press Return
+window '^Upload successful$' >/dev/null
+press Return # Restart
+window '^Connection lost$' >/dev/null
+press Return
+"$(dirname "$program")/zlt-simulation-ctl" cover SIM-OSTREL-M1 off
+sleep 3
+click 150 173
+sleep 4
+choose_user_set
+click 1187 257 # the switch of the user's sets
+shoot correction-on 3

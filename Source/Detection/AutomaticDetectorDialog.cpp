@@ -292,14 +292,14 @@ void AutomaticDetectorDialog::reject()
     OnCloseDetection();
 }
 
-// The window manager asks; only the program closes.
+// The window manager asks, or the program ends. The receiver cannot close what is closing.
 void AutomaticDetectorDialog::closeEvent(QCloseEvent* event)
 {
-    event->setAccepted(!event->spontaneous());
     if (event->spontaneous())
     {
         OnCloseDetection();
     }
+    event->accept();
 }
 
 void AutomaticDetectorDialog::resizeEvent(QResizeEvent* event)

@@ -18,7 +18,8 @@ class TresholdExposureWidget;
 
 // Three pages, of which one shows at a time: what to do before, the configuration, the search with its result. It does
 // not know the camera: it asks for exposure and gain by a signal and is handed a frame in which one image pixel is one
-// sensor pixel. Closing it is up to the receiver of CloseDialog. GUI thread; the search has a thread of its own.
+// sensor pixel. The receiver of CloseDialog closes it and stops the search. GUI thread; the search has a thread of its
+// own.
 class AutomaticDetectorDialog : public FramelessDialog
 {
     Q_OBJECT

@@ -84,6 +84,10 @@ void AutomaticDetectorLoader::ShowSearch()
 {
     m_loadingFinishedLabel->hide();
     m_continueButton->hide(); // of a result that is about to be replaced
+    if (m_texts != Texts::FirstWaiting)
+    {
+        SetWaitingTexts(); // a search that nobody waited for may have ended with the configuration open
+    }
     m_loadingLabel->show();
     m_movie.setScaledSize(PictureSize * devicePixelRatioF());
     m_movie.start();

@@ -118,8 +118,11 @@ void TresholdExposureWidget::BuildLayout()
         control->AddBeside(label);
         control->setStyleSheet(QLatin1String(CameraOptionPanelStyle));
         rows->addWidget(control);
+        if (control == m_exposureControl)
+        {
+            rows->addWidget(m_exposureWarningLabel);
+        }
     }
-    m_exposureControl->AddBelow(m_exposureWarningLabel);
     rows->addWidget(m_noteLabel);
     rows->addStretch();
     auto* buttons = new QHBoxLayout;

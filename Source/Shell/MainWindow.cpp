@@ -266,4 +266,6 @@ void MainWindow::SetStrings()
     m_ui->mouseGrabButton->setAccessibleName(m_ui->labelGrab->text());
     m_ui->mouseRubber->setAccessibleName(m_ui->labelErase->text());
     m_ui->pixelListButton->setAccessibleName(m_ui->labelPixelList->text());
+
+    ShowDetectionWarning();
 }

@@ -240,7 +240,8 @@ private:
     void EnableButtonsOffDuringDetection(bool enabled);
     // The position in the box of formats that the detection is to choose, -1 when no format will do.
     int FormatIndexForDetection(const QString& format) const;
-    QString DetectionWarning(const QString& formatBefore, const QString& format) const;
+    // What the detection that is open has changed in the camera; nothing when none is.
+    void ShowDetectionWarning();
     void EndDetectionOfSession();
 
     // Starts a stream again that was stopped for a step.
@@ -266,6 +267,8 @@ private:
     int m_cameraIndex = -1;
     int m_sensorWidth = 0;
     int m_sensorHeight = 0;
+    QString m_switchedOffSet;     // by the latest detection
+    QString m_changedFormat;      // by the latest detection; empty when it left the format
     bool m_detectionOpen = false; // from the click on its button until its dialog is closed
     unsigned m_shownFrameCount = 0;
     QPointer<QWidget> m_focusBeforeLoader;

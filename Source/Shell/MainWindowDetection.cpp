@@ -53,7 +53,9 @@ void MainWindow::OnAutomaticDetectionButtonClick()
     ConnectDetectorDialog();
     m_rightPanel->DeactivateCurrentDPC();
     EnableButtonsOffDuringDetection(false); // the loader has enabled them at its end
-    m_detectorDialog->SetWarningText(DetectionWarning(formatBefore, format));
+    m_switchedOffSet = m_rightPanel->GetCurrentRow();
+    m_changedFormat = formatBefore != format ? format : QString();
+    ShowDetectionWarning();
     const auto [leastExposure, mostExposure] = m_controller->GetExposureRange();
     m_detectorDialog->SetExposureRange(leastExposure, mostExposure, m_controller->GetCurrentExposure(),
                                        m_optionPanel->GetMaximumAutomaticExposure());
@@ -111,17 +113,21 @@ int MainWindow::FormatIndexForDetection(const QString& format) const
     return 0;
 }
 
-QString MainWindow::DetectionWarning(const QString& formatBefore, const QString& format) const
+void MainWindow::ShowDetectionWarning()
 {
+    if (!m_detectionOpen || m_detectorDialog == nullptr)
+    {
+        return;
+    }
     QString text = tr("Switch off Correction Set '%1'... \t<img src=':/icons/resources/Path Copy 4.svg'/>")
-                       .arg(m_rightPanel->GetCurrentRow().toHtmlEscaped());
-    if (formatBefore != format)
+                       .arg(m_switchedOffSet.toHtmlEscaped());
+    if (!m_changedFormat.isEmpty())
     {
         text += QStringLiteral("<br><br>") +
                 tr("Change Pixel Format to '%1'... \t<img src=':/icons/resources/Path Copy 4.svg'/>")
-                    .arg(format.toHtmlEscaped());
+                    .arg(m_changedFormat.toHtmlEscaped());
     }
-    return text;
+    m_detectorDialog->SetWarningText(text);
 }
 
 void MainWindow::PassAutoDetectorSettingsSlot(double exposure, double gain)

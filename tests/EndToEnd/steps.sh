@@ -4,10 +4,11 @@
 programs=$1
 pictures=$2
 mkdir -p "$pictures"
+export ZLT_PROVIDER_PATH=$programs/../lib/zlt-simulation # no real camera may move the rows of the list
 . "$(dirname "$0")/../../scripts/display.sh"
 
 step() {
-  echo "-- $*"
+  echo "-- $SECONDS s: $*"
 }
 fail() {
   picture "$pictures/failed.png" 1600x1000+0+0 || true
@@ -34,8 +35,8 @@ loaded() {
 }
 # How many pixels of the list's place are of this colour.
 coloured() {
-  import -window root "$work/list.png"
-  convert "$work/list.png" -crop 280x200+1140+570 -fuzz 3% -fill white -opaque "$1" -fill black +opaque white \
+  import -window root -crop 280x200+1140+570 "$work/list.png"
+  convert "$work/list.png" -fuzz 3% -fill white -opaque "$1" -fill black +opaque white \
     -format '%[fx:round(mean*w*h)]' info:
 }
 has_blue_rows() {

@@ -1,6 +1,7 @@
 // Listing, covering, plugging, erasing and disturbing simulated cameras.
 #include "Control/ControlProgram.h"
 
+#include "Sensor/SensorFaults.h"
 #include "State/CameraState.h"
 #include "State/FileLock.h"
 
@@ -53,8 +54,9 @@ ControlProgram::ExitStatus ControlProgram::Run(const std::vector<std::string>& a
 
 ControlProgram::ExitStatus ControlProgram::Usage()
 {
-    m_errors << "Usage: zlt-simulation-ctl list | cover ID on|off | busy ID on|off | unplug ID | plug ID | erase ID | "
-                "fault ID clear|JSON\n";
+    m_errors
+        << "Usage: zlt-simulation-ctl list | defects ID | cover ID on|off | busy ID on|off | unplug ID | plug ID | "
+           "erase ID | fault ID clear|JSON\n";
     return WrongUsage;
 }
 
@@ -67,7 +69,8 @@ ControlProgram::ExitStatus ControlProgram::Dispatch(const std::vector<std::strin
     }
     const bool isSwitch = command == "cover" || command == "busy";
     const bool takesValue = isSwitch || command == "fault";
-    const bool isKnown = takesValue || command == "unplug" || command == "plug" || command == "erase";
+    const bool isKnown =
+        takesValue || command == "defects" || command == "unplug" || command == "plug" || command == "erase";
     if (!isKnown || arguments.size() != (takesValue ? 3U : 2U))
     {
         return Usage();
@@ -78,6 +81,10 @@ ControlProgram::ExitStatus ControlProgram::Dispatch(const std::vector<std::strin
     {
         m_errors << "There is no simulated camera with the id \"" << arguments[1] << "\".\n";
         return WrongUsage;
+    }
+    if (command == "defects")
+    {
+        return Defects(*camera);
     }
     if (command == "erase")
     {
@@ -117,6 +124,22 @@ ControlProgram::ExitStatus ControlProgram::List()
                  << (control.covered.value_or(camera.covered) ? "covered" : "uncovered") << '\t'
                  << (control.busy.value_or(camera.busy) || FileLock::IsTaken(state.LockPath()) ? "in-use" : "free")
                  << '\n';
+    }
+    return Done;
+}
+
+ControlProgram::ExitStatus ControlProgram::Defects(const CameraConfig& camera)
+{
+    const SensorConfig& sensor = camera.sensor;
+    if (!sensor.darkFrameFile.empty())
+    {
+        m_errors << "The sensor of " << camera.id << " shows a recorded dark frame.\n";
+        return Failed;
+    }
+    for (const PixelFault& fault : SeedFaults(sensor.width, sensor.height, sensor.seed, sensor.longestRun))
+    {
+        m_output << fault.x << '\t' << fault.y << '\t' << (fault.kind == FaultKind::Hot ? "hot" : "dead") << '\t'
+                 << fault.signal << '\n';
     }
     return Done;
 }

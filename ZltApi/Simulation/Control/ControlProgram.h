@@ -32,6 +32,7 @@ private:
     ExitStatus Dispatch(const std::vector<std::string>& arguments);
     ExitStatus Usage();
     ExitStatus List();
+    ExitStatus Defects(const CameraConfig& camera);
     void Plug(const CameraConfig& camera, bool plugged);
     void SetFault(const CameraConfig& camera, const std::string& json);
     ExitStatus Erase(const CameraConfig& camera);

@@ -120,6 +120,11 @@ TEST_F(DetectionTest, MonoCameraTwice)
             EXPECT_FALSE(Find<QWidget>(name)->isEnabled()) << name;
         }
         EXPECT_EQ(Find<QLabel>("activeSetValueLabel")->text(), "None");
+        auto* const language = Find<QComboBox>("languageBox");
+        language->setCurrentText("Deutsch");
+        EXPECT_TRUE(Waits([&] { return InDialog<QLabel>("warningLabel").text().startsWith("Korrektursatz 'User'"); }));
+        language->setCurrentText("English");
+        ASSERT_TRUE(Waits([&] { return InDialog<QLabel>("contentLabel").text().startsWith("Cover"); }));
         const QString warning = InDialog<QLabel>("warningLabel").text();
         EXPECT_TRUE(warning.contains("Switch off Correction Set 'User'...")) << warning.toStdString();
         EXPECT_EQ(warning.contains("<br><br>Change Pixel Format to 'Mono8'..."), QByteArray(exposure) == "10000");
@@ -149,9 +154,12 @@ TEST_F(DetectionTest, ColourMosaicAndRecordedDarkFrame)
 
     const QImage frame = LoadFrameFile(LORVANE_TEST_DATA "/darks/dark-3916ms-a.pgm", nullptr);
     Grey greys;
-    for (int i = 0; i < frame.width() * frame.height(); ++i)
+    for (int y = 0; y < frame.height(); ++y)
     {
-        greys[{i % frame.width(), i / frame.width()}] = frame.constScanLine(i / frame.width())[i % frame.width()] + 2;
+        for (int x = 0; x < frame.width(); ++x)
+        {
+            greys[{x, y}] = frame.constScanLine(y)[x] + 2;
+        }
     }
     Open(Recorded);
     Click("automaticDetectionButton");
@@ -239,6 +247,12 @@ TEST_F(DetectionTest, LeftWhileItWaitsItDoesNotReachTheNext)
     ClickInDialog("stopDetectionButton");
     QTest::qWait(1500);
     EXPECT_EQ(Header(), "Detection is cancelled");
+    ClickInDialog("closeButton");
+    ClickInDialog("startDetectionButton");
+    Dialog().windowHandle()->close(); // by the window manager
+    EXPECT_FALSE(Dialog().isVisible());
+    EXPECT_TRUE(Find<QWidget>("importButton")->isEnabled());
+    Click("automaticDetectionButton");
     Open(Colour);
     EXPECT_FALSE(Dialog().isVisible()) << "it belonged to the camera before";
 }
