@@ -7,6 +7,8 @@
 
 #include <gmock/gmock.h>
 
+#include <random>
+
 using namespace KTR::DPC;
 
 namespace
