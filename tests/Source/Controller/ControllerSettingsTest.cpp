@@ -300,7 +300,7 @@ TEST_F(ControllerSettingsTest, SetpointActivation)
     QElapsedTimer timer;
     timer.start();
     controller->OnActivateSetpoint();
-    EXPECT_NEAR(static_cast<double>(timer.elapsed()), 5000.0, 1000.0);
+    EXPECT_GE(timer.elapsed(), 4900);
     EXPECT_THAT(Told(), ElementsAre("rSignal Activating new sensor temperature setpoint has run into a timeout!",
                                     "ActiveSetpointValue 3", "SetpointActivationDone"));
 }

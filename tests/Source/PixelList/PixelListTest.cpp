@@ -4,7 +4,6 @@
 #include "PixelListXml.h"
 #include "SensorDefectConversion.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -106,20 +105,6 @@ TEST_F(PixelListXml, PairsTypesByTheirIndexInTheFile)
     const auto nested = ReadBytes("<r>" + entry(0, 7).replace("<Data>", entry(1, 8) + "<Data>") + "</r>");
     ASSERT_TRUE(nested);
     EXPECT_EQ(*nested, (QVector<DefectInfo>{{8, 0, 1, 1, 0, 0, 0}})) << "the first coordinates below, at any depth";
-}
-
-TEST_F(PixelListXml, HundredThousandEntriesReadBackInTime)
-{
-    QVector<DefectInfo> list;
-    for (int i = 0; i < 100000; ++i)
-    {
-        list.append({i % 1000, i / 1000, 1 + i % 3, 1, i % 6, 0, i});
-    }
-    SaveAsXmlImpl(m_path, list);
-    QElapsedTimer timer;
-    timer.start();
-    EXPECT_EQ(ReadXmlPixelList(m_path, 1000, 100, AllTypes), list);
-    EXPECT_LT(timer.elapsed(), 20000) << "far beyond what a busy machine explains";
 }
 
 TEST(SensorDefectConversion, GroupsByTheCamerasKindsAndReadsBack)
