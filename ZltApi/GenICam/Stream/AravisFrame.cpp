@@ -50,10 +50,10 @@ void AravisFrame::Describe(std::uint64_t id)
     m_image = m_bytes.data();
     m_imageSize = m_bytes.size();
     m_shape = m_expected;
-    // A camera that sends less than it says must not lead anybody behind the end of the image.
+    // A camera that sends more or less than it says must not lead anybody behind the end of the image.
     if (m_status == ZltApi::FrameStatusComplete && (!DescribeImage() || m_imageSize < m_shape.Size()))
     {
-        m_status = ZltApi::FrameStatusIncomplete;
+        m_status = m_shape.Size() > m_bytes.size() ? ZltApi::FrameStatusTooSmall : ZltApi::FrameStatusIncomplete;
     }
 }
 
