@@ -82,7 +82,7 @@ ControlState ReadControlState(const FoundDevice& device)
     {
         return ControlPort(device.address).ReadControlState();
     }
-    return IsUsbDeviceHeld(device.serialNumber) ? ControlState::Held : ControlState::Free;
+    return ReadUsbControlState(device.serialNumber);
 }
 
 ObjectPtr<ArvDevice> OpenDevice(const FoundDevice& found)

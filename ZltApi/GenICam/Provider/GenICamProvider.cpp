@@ -245,17 +245,22 @@ void GenICamProvider::ForgetRestarts(const std::vector<FoundDevice>& found)
 
 void GenICamProvider::UpdateCameras(const std::vector<FoundDevice>& found)
 {
-    const auto find = [&](const CameraPtr& camera)
+    const auto isThere = [&](const GenICamCamera& camera)
     {
-        return std::find_if(found.begin(), found.end(),
-                            [&](const FoundDevice& device)
-                            { return device.id == camera->Found().id && device.address == camera->Found().address; });
+        const FoundDevice& known = camera.Found();
+        if (camera.IsInUse())
+        {
+            // The connection itself knows best, but on USB only for as long as it asks.
+            return known.technology == Technology::GigEVision || ReadControlState(known) != ControlState::Unknown;
+        }
+        return std::any_of(found.begin(), found.end(),
+                           [&](const FoundDevice& device)
+                           { return device.id == known.id && device.address == known.address; });
     };
     std::vector<CameraPtr> gone;
     for (Slot& slot : m_slots)
     {
-        // Of an open camera the connection itself knows best.
-        slot.missed = find(slot.camera) != found.end() || slot.camera->IsInUse() ? 0 : slot.missed + 1;
+        slot.missed = isThere(*slot.camera) ? 0 : slot.missed + 1;
         if (slot.missed >= MostMissed)
         {
             gone.push_back(slot.camera);
