@@ -51,6 +51,7 @@ ZltErrorType Connection::End()
 void Connection::Release()
 {
     m_controlLoss.reset();
+    m_stream.Release();
     ObjectPtr<ArvDevice> device;
     const std::lock_guard lock(m_mutex);
     device = std::move(m_device);
