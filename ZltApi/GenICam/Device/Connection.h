@@ -13,7 +13,6 @@
 #include <functional>
 #include <memory>
 #include <mutex>
-#include <new>
 #include <string>
 
 namespace GenICam
@@ -35,23 +34,12 @@ public:
     // camera is closed or lost.
     template <typename Action> ZltErrorType Run(const Action& action) noexcept
     {
-        try
-        {
-            const std::lock_guard lock(m_mutex);
-            return m_isOpen && !m_isLost ? action() : ZltErrorDeviceNotOpen;
-        }
-        catch (const AravisError& error)
-        {
-            return error.Code();
-        }
-        catch (const std::bad_alloc&)
-        {
-            return ZltErrorResource;
-        }
-        catch (...)
-        {
-            return ZltErrorUnexpectedFault;
-        }
+        return ProviderBase::Guarded(
+            [&]
+            {
+                const std::lock_guard lock(m_mutex);
+                return m_isOpen && !m_isLost ? action() : ZltErrorDeviceNotOpen;
+            });
     }
 
     // Ends the stream and refuses all further calls. ZltErrorInvalidCall within a frame callback. Leaves the camera
