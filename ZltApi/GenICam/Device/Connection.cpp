@@ -65,12 +65,6 @@ void Connection::Lose()
     }
 }
 
-void Connection::LoseToRestart()
-{
-    m_isRestarting = true;
-    Lose();
-}
-
 FeatureNode* Connection::FindFeature(const std::string& name)
 {
     FeatureNode* node = m_features.Find(name);
@@ -88,6 +82,18 @@ FeatureNode* Connection::FindFeature(const std::string& name)
         }
     }
     return node != nullptr && node->IsImplemented() ? node : nullptr;
+}
+
+// A camera that refuses or keeps silent may have been taken by another program while this computer slept: the heartbeat
+// only sees that some program has it.
+void Connection::CheckControl()
+{
+    GError* error = nullptr;
+    if (ARV_IS_GV_DEVICE(m_device.get()) && arv_gv_device_take_control(ARV_GV_DEVICE(m_device.get()), &error) == FALSE)
+    {
+        g_clear_error(&error);
+        Lose();
+    }
 }
 
 // What a host sets up for itself; a USB camera needs nothing of the kind.

@@ -38,7 +38,18 @@ public:
             [&]
             {
                 const std::lock_guard lock(m_mutex);
-                return m_isOpen && !m_isLost ? action() : ZltErrorDeviceNotOpen;
+                try
+                {
+                    return m_isOpen && !m_isLost ? action() : ZltErrorDeviceNotOpen;
+                }
+                catch (const AravisError& error)
+                {
+                    if (error.Code() == ZltErrorInvalidAccess || error.Code() == ZltErrorTimeout)
+                    {
+                        CheckControl();
+                    }
+                    throw;
+                }
             });
     }
 
@@ -51,8 +62,8 @@ public:
     // Declares the camera gone.
     void Lose();
     bool IsLost() const { return m_isLost; }
-    // Declares the camera gone because it starts anew: it may answer for a while yet.
-    void LoseToRestart();
+    // What a loss would mean from now on: that the camera starts anew, and may answer for a while yet.
+    void ExpectRestart(bool isExpected) { m_isRestarting = isExpected; }
     bool IsRestarting() const { return m_isRestarting; }
 
     // What follows, inside Run or with the lock held.
@@ -69,6 +80,7 @@ public:
 
 private:
     void AddStreamFeatures();
+    void CheckControl();
 
     ObjectPtr<ArvDevice> m_device;
     CameraMemory m_memory;

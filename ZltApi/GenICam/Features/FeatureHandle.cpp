@@ -54,15 +54,26 @@ ZltErrorType FeatureHandle::Enter(const char* /*operation*/, const Action& actio
 
 ZltErrorType FeatureHandle::RunCommand()
 {
-    const ZltErrorType result = BasicFeature::RunCommand();
-    if (Node().Type() == ZltFeatureDataCommand && Node().Name() == ResetCommand &&
-        (result == ZltErrorSuccess || result == ZltErrorTimeout))
+    if (Node().Name() == ResetCommand && Node().Type() == ZltFeatureDataCommand)
     {
-        // It may be gone before it could answer.
-        m_connection->LoseToRestart();
+        return Restart();
+    }
+    const ZltErrorType result = BasicFeature::RunCommand();
+    return result == ZltErrorSuccess && Node().Name() == FileCommand ? WaitUntilDone() : result;
+}
+
+// The camera may be gone before it could answer.
+ZltErrorType FeatureHandle::Restart()
+{
+    m_connection->ExpectRestart(true);
+    const ZltErrorType result = BasicFeature::RunCommand();
+    if (result == ZltErrorSuccess || result == ZltErrorTimeout)
+    {
+        m_connection->Lose();
         return ZltErrorSuccess;
     }
-    return result == ZltErrorSuccess && Node().Name() == FileCommand ? WaitUntilDone() : result;
+    m_connection->ExpectRestart(false);
+    return result;
 }
 
 ZltErrorType FeatureHandle::WaitUntilDone() const

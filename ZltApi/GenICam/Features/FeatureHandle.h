@@ -18,7 +18,7 @@ class FeatureHandle final : public ProviderBase::BasicFeature
 public:
     FeatureHandle(std::shared_ptr<Connection> connection, FeatureNode& node);
 
-    // All of a map, of which the connection is asked for as soon as it is known to be open.
+    // All that a map of the connection holds and the camera implements.
     static ZltErrorType List(const std::shared_ptr<Connection>& connection, const FeatureMap& map,
                              std::vector<ZltApi::FeaturePtr>& features);
 
@@ -26,6 +26,7 @@ public:
 
 private:
     ZltErrorType Enter(const char* operation, const Action& action) const override;
+    ZltErrorType Restart();
     ZltErrorType WaitUntilDone() const;
 
     const std::shared_ptr<Connection> m_connection;
