@@ -52,7 +52,7 @@ void Connection::Release()
 {
     m_controlLoss.reset();
     m_stream.Release();
-    ObjectPtr<ArvDevice> device;
+    DevicePtr device;
     const std::lock_guard lock(m_mutex);
     device = std::move(m_device);
 }

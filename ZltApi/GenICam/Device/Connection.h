@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Aravis/Ask.h"
-#include "Aravis/ObjectPtr.h"
+#include "Aravis/DevicePtr.h"
 #include "Device/CameraMemory.h"
 #include "Device/ControlLoss.h"
 #include "Discovery/FoundDevice.h"
@@ -82,7 +82,7 @@ private:
     void AddStreamFeatures();
     void CheckControl();
 
-    ObjectPtr<ArvDevice> m_device;
+    DevicePtr m_device;
     CameraMemory m_memory;
     const std::function<void()> m_lost;
     std::mutex m_mutex;

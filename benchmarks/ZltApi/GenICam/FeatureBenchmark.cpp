@@ -31,7 +31,7 @@ const FoundDevice& TheDevice()
 
 void ReadsOfAravis(benchmark::State& state)
 {
-    const ObjectPtr<ArvDevice> device = OpenDevice(TheDevice());
+    const DevicePtr device = OpenDevice(TheDevice());
     const char* const name = Names[state.range(0)];
     for (auto _ : state)
     {

@@ -2,6 +2,7 @@
 #include "Bench.h"
 
 #include "Aravis/Ask.h"
+#include "Aravis/DevicePtr.h"
 #include "Aravis/ObjectPtr.h"
 #include "Discovery/ControlPort.h"
 
@@ -152,7 +153,7 @@ TEST(GenICamLifecycle, ControlTaken)
     std::this_thread::sleep_for(std::chrono::seconds(5)); // longer than its heartbeat allows
     const ObjectPtr<GInetAddress> other(g_inet_address_new_from_string("127.0.0.2"));
     const ObjectPtr<GInetAddress> address(g_inet_address_new_from_string(FakeAddress));
-    const ObjectPtr<ArvDevice> taker(Ask(arv_gv_device_new, other.get(), address.get()));
+    const DevicePtr taker(Ask(arv_gv_device_new, other.get(), address.get()));
     ASSERT_TRUE(arv_gv_device_is_controller(ARV_GV_DEVICE(taker.get())));
     sleeper.Signal(SIGCONT);
     EXPECT_EQ(1, sleeper.End()) << "the camera is lost to it";
