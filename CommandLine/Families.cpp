@@ -2,6 +2,7 @@
 
 #include "ColumnMaskTable.h"
 #include "DefectRectangleTable.h"
+#include "DpcAdapterLoadDefects.h"
 #include "DpcAdapterOstrel.h"
 #include "DpcAdapterQuorsalinWithPython.h"
 #include "DpcAdapterTamorinPro.h"
@@ -61,15 +62,7 @@ KTR::DPC::SensorDefectList DecodeEstablishedGigE(const std::vector<std::uint8_t>
 std::vector<std::uint8_t> EncodeLoadDefects(const KTR::DPC::SensorDefectList& defects, const SensorDescription& sensor,
                                             const Conditions&)
 {
-    if (!KTR::DPC::isColumnMask(defects, sensor.width, sensor.height))
-    {
-        throw KTR::System::Exception("Cannot Write CorrectionSet: NOT VALID!", true);
-    }
-    if (defects.size() > KTR::DPC::LoadDefects::MostEntries)
-    {
-        throw KTR::System::Exception("Cannot Write CorrectionSet: NOT ENOUGH SPACE!", true);
-    }
-    return KTR::DPC::encodeColumnMask(defects, sensor.height);
+    return KTR::DPC::DpcAdapterLoadDefects::ConvertDefectsListToBinary(defects, sensor.width, sensor.height);
 }
 
 KTR::DPC::SensorDefectList DecodeLoadDefects(const std::vector<std::uint8_t>& bytes, const SensorDescription& sensor)

@@ -17,13 +17,14 @@ QPushButton, QCheckBox {
     background: transparent; border: 2px solid transparent; border-radius: 6px; color: rgb(219,219,219);
     font-size: 12px; padding: 4px; spacing: 0px; min-height: 24px; max-height: 24px;
 }
-QPushButton#zoomInButton, QPushButton#zoomOutButton, QCheckBox { min-width: 24px; max-width: 24px; }
+QPushButton#zoomInButton, QPushButton#zoomOutButton { min-width: 24px; max-width: 24px; }
 QPushButton#scaleButton { min-width: 64px; }
 QPushButton:hover, QCheckBox:hover { background: rgb(128,128,128); color: white; }
 QPushButton:pressed, QCheckBox:pressed { background: rgb(82,82,82); }
 QPushButton:focus, QCheckBox:focus { border-color: rgb(47,128,237); }
 QPushButton:disabled { color: #7d8185; }
-QCheckBox::indicator { width: 24px; height: 24px; }
+QCheckBox { padding: 0px; min-width: 32px; max-width: 32px; min-height: 32px; max-height: 32px; }
+QCheckBox::indicator { width: 24px; height: 24px; margin: 4px; } /* a click anywhere in the box counts */
 QPushButton#zoomInButton { image: url(":/icons/resources/zoom-in.svg"); }
 QPushButton#zoomOutButton { image: url(":/icons/resources/zoom-out.svg"); }
 QCheckBox#playPauseButton::indicator:unchecked { image: url(":/icons/resources/play.svg"); }

@@ -59,13 +59,14 @@ void ApplyDarkLook(QApplication& application)
     application.setPalette(palette);
 }
 
+// The margin is the indicator's: a click anywhere in the box counts.
 QString IconCheckBoxStyle(const QString& icon)
 {
     return QStringLiteral(
-               "QCheckBox{background:transparent;border:1px solid transparent;border-radius:6px;padding-left:7px;}"
+               "QCheckBox{background:transparent;border:1px solid transparent;border-radius:6px;}"
                "QCheckBox:hover{background:rgb(46,47,48);}"
                "QCheckBox:focus{border-color:rgb(47,128,237);}"
-               "QCheckBox::indicator{width:24px;height:24px;image:url(:/icons/resources/%1.svg);}"
+               "QCheckBox::indicator{width:24px;height:24px;margin:4px 7px;image:url(:/icons/resources/%1.svg);}"
                "QCheckBox::indicator:disabled{image:url(:/icons/resources/%1-disabled.svg);}"
                "QCheckBox::indicator:checked,QCheckBox::indicator:checked:disabled"
                "{image:url(:/icons/resources/%1-active.svg);}")

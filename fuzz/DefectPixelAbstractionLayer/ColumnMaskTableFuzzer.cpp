@@ -1,5 +1,6 @@
 // Arbitrary bytes as a column masking table: refused, or a list that reads back when it is written.
 #include "ColumnMaskTable.h"
+#include "DefectLists.h"
 #include "Exception.h"
 
 #include <algorithm>
@@ -41,8 +42,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const auto defects = decodeColumnMask({data, data + size}, Height);
         assert(isColumnMask(defects, Width, Height) == isMaskByComparison(defects));
         const auto again = decodeColumnMask(encodeColumnMask(defects, Height), Height);
-        assert(std::equal(again.begin(), again.end(), defects.begin(), defects.end(),
-                          [](auto& left, auto& right) { return *left == *right; }));
+        assert(areEqual(again, defects));
     }
     catch (const KTR::System::Exception& exception)
     {

@@ -1,5 +1,6 @@
 // Arbitrary bytes as a table of defect rectangles: refused, or a list that reads back when it is written, but for
 // clusters, whose rectangles the form changes.
+#include "DefectLists.h"
 #include "DefectRectangleTable.h"
 #include "Exception.h"
 
@@ -21,8 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const auto memory = encodeDefectTable(defects, Width, Height);
         assert(std::equal(memory.end() - 8, memory.end(), endOfDefinition().begin()));
         const auto again = decodeDefectTable(memory, Width, Height);
-        assert(std::equal(again.begin(), again.end(), defects.begin(), defects.end(),
-                          [](auto& left, auto& right) { return *left == *right; }));
+        assert(areEqual(again, defects));
     }
     catch (const KTR::System::Exception& exception)
     {

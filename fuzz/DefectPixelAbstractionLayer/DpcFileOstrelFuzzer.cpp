@@ -1,11 +1,7 @@
 // Arbitrary bytes as an Ostrel defect pixel file: refused, or a list that reads back when it is written.
-#include "DpcFileOstrel.h"
+#include "DefectLists.h"
 #include "Exception.h"
-#include "PixelDefect.h"
-#include "PixelRowDefect.h"
-#include "RowDefect.h"
 
-#include <algorithm>
 #include <cassert>
 
 using namespace KTR::DPC;
@@ -16,39 +12,11 @@ namespace
 constexpr std::uint16_t Width = 640;
 constexpr std::uint16_t Height = 480;
 
-// Adds the defect to the file; returns its place in the file's order.
-std::pair<std::uint32_t, std::uint32_t> add(DpcFileOstrel& file, const SensorDefect& defect)
-{
-    const auto cut = [](std::uint32_t value) { return static_cast<std::uint16_t>(value); };
-    if (const auto* pixel = dynamic_cast<const PixelDefect*>(&defect))
-    {
-        file.addSinglePixelDefect(cut(pixel->getX()), cut(pixel->getY()));
-        return {pixel->getY(), pixel->getX()};
-    }
-    if (const auto* run = dynamic_cast<const PixelRowDefect*>(&defect))
-    {
-        file.addPixelRowDefect(cut(run->getX()), cut(run->getX() + run->getWidth() - 1), cut(run->getY()));
-        return {run->getY(), run->getX()};
-    }
-    const auto& row = dynamic_cast<const RowDefect&>(defect);
-    file.addRowDefect(cut(row.getY()));
-    return {row.getY(), 0};
-}
-
 void checkReadsBack(const SensorDefectList& defects)
 {
-    using Place = std::pair<std::uint32_t, std::uint32_t>;
     DpcFileOstrel file(ReverseCapability::XY, Width, Height);
-    std::vector<std::pair<Place, const SensorDefect*>> expected;
-    for (const auto& defect : defects)
-    {
-        expected.emplace_back(add(file, *defect), defect.get());
-    }
-    std::stable_sort(expected.begin(), expected.end(),
-                     [](auto& left, auto& right) { return left.first < right.first; });
-    const auto actual = DpcFileOstrel::getSensorDefectsListFromRawData(file.getRawData(), Width);
-    assert(std::equal(actual.begin(), actual.end(), expected.begin(), expected.end(),
-                      [](auto& left, auto& right) { return *left == *right.second; }));
+    DpcAdapterOstrel::addDefects(file, defects);
+    assert(areEqual(DpcFileOstrel::getSensorDefectsListFromRawData(file.getRawData(), Width), inFileOrder(defects)));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // Arbitrary bytes as a defect file of the flash family: refused, or a list that reads back when it is written, if it
 // can be; and arbitrary lists against the plain search for neighbours.
+#include "DefectLists.h"
 #include "DpcAdapterQuorsalinWithPython.h"
 #include "Exception.h"
 
@@ -18,8 +19,7 @@ void decode(const std::vector<unsigned char>& file, const CameraInfo& info)
         const auto defects = DpcAdapterQuorsalinWithPython::DecodeBinaryDefectFile(file);
         const auto again = DpcAdapterQuorsalinWithPython::DecodeBinaryDefectFile(
             DpcAdapterQuorsalinWithPython::CreateBinaryDefectFile(defects, info));
-        assert(std::equal(again.begin(), again.end(), defects.begin(), defects.end(),
-                          [](auto& left, auto& right) { return *left == *right; }));
+        assert(areEqual(again, defects));
     }
     catch (const KTR::System::Exception& exception)
     {

@@ -136,6 +136,7 @@ TEST_F(DefectMaskAdapters, SayWhatFailed)
             adapter.ReadCorrectionSet(set);
         };
     };
+    EXPECT_TRUE(columns.IsSpaceSufficient(set, SensorDefectList(64, pixels(1)[0])));
     const std::string runs = "Unsupported Defect Type (PixelRow or PixelColumn)!";
     const std::string missing = "Camera is not supported. Feature\"DefectMask";
     const std::string noRestoring = "RestoreFactorySettings is not supported!";

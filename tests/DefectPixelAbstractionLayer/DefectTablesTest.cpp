@@ -2,6 +2,7 @@
 #include "ColumnMaskTable.h"
 #include "DefectRectangleTable.h"
 #include "DefectText.h"
+#include "DpcAdapterQuorsalinWithPython.h"
 #include "Failure.h"
 
 #include <gmock/gmock.h>
@@ -27,7 +28,8 @@ TEST(DefectRectangleTable, WritesAndReadsTheBytesOfTheFormat)
         {"C8,9,3", "0008 0009 0001 0003", "C8,9,3 "},
         {"R3", "0000 0003 0280 0001", "L0,3,640 "}, // whole lines come back as runs
         {"V7", "0007 0000 0001 01E0", "C7,0,480 "},
-        {"K3,4,2", "0000 0000 0003 0004", "K12 "}, // a cluster reaches from the origin to its largest coordinates
+        {"K3,4,2", "0000 0000 0003 0004", "K12 "},     // a cluster reaches from the origin to its largest coordinates
+        {"K900,3,2", "0000 0000 0384 0003", "K2700 "}, // beyond the sensor, too
         // What is cut to 16 bits, and what reaches below 0.
         {"P65538,3 P4294967295,3 R2147483648 K4294967295,1,2", "0002 0003 0001 0001", "P2,3 "},
     };
@@ -50,7 +52,6 @@ TEST(DefectRectangleTable, RefusesWhatIsNoTable)
         {"0001" + End + "0000", noEnd}, // not at a record
         {"0001 0002 0000 0005" + End, unknown},
         {"0001 0002 0005 0000" + End, unknown},
-        {"0000 0000 0281 0002" + End, unknown}, // wider than the sensor
         {"FFFF FFFF FFFF FFFF" + End, tooMany}, // the end of a packet
         {"0000 0000 0280 01E0 0000 0000 0002 0002" + End, tooMany},
     };
@@ -82,6 +83,28 @@ TEST(ColumnMaskTable, WritesAndReadsTheBytesOfTheFormat)
               "An entry of the column masking table ends before it starts.");
     EXPECT_EQ(FailureOf([] { decodeColumnMask(Bytes(65 * 6), 480); }),
               "The column masking table has 65 entries, more than its 64.");
+}
+
+TEST(DefectTables, ReadBackRandomLists)
+{
+    std::mt19937 random(4);
+    for (int round = 0; round < 50; ++round)
+    {
+        std::string pixels, rectangles, stretches;
+        for (auto i = random() % 64 + 1; i > 0; --i)
+        {
+            const auto x = std::to_string(random() % 640), place = x + "," + std::to_string(random() % 280) + " ";
+            const auto run = place.substr(0, place.size() - 1) + "," + std::to_string(random() % 199 + 2) + " ";
+            pixels += "P" + place;
+            rectangles += i % 3 == 0 ? "P" + place : (i % 3 == 1 ? "L" : "C") + run;
+            stretches += i % 3 == 0 ? "P" + place : i % 3 == 1 ? "C" + run : "V" + x + " ";
+        }
+        EXPECT_EQ(text(decodeDefectTable(encodeDefectTable(defectsOf(rectangles), 640, 480), 640, 480)), rectangles);
+        EXPECT_EQ(text(decodeColumnMask(encodeColumnMask(defectsOf(stretches), 480), 480)), stretches);
+        using Flash = DpcAdapterQuorsalinWithPython;
+        const CameraInfo info{"", "", "Mono", 640, 480, 0};
+        EXPECT_EQ(text(Flash::DecodeBinaryDefectFile(Flash::CreateBinaryDefectFile(defectsOf(pixels), info))), pixels);
+    }
 }
 
 TEST(ColumnMaskTable, HasNoNeighbouringColumns)

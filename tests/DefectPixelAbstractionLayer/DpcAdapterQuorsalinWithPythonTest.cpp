@@ -130,6 +130,8 @@ TEST_F(FlashAdapter, SaysWhatFailed)
              (size(Factory, 0)(), statuses({Valid, Valid})());
          },
          restore, "Cannot upload empty file!"},
+        {none, [&] { adapter.UploadFlashFile(User, 1532604, FlashCamera::Bytes(6)); },
+         "File size is not multiple of 4."},
         {size(Factory, 5956), restore, "File too big! File size exceeds 5952"},
         {reg(0x1A0A0, 4351),
          [&]
@@ -150,7 +152,7 @@ TEST_F(FlashAdapter, SaysWhatFailed)
         prepare ? prepare() : void();
         EXPECT_EQ(FailureOf(call), words);
         EXPECT_EQ(camera->flash[User].empty(),
-                  words.find("too big") != std::string::npos || words.find("Erase") != std::string::npos)
+                  words.find("too big") + 1 || words.find("Erase") + 1 || words.find("File size") == 0)
             << words;
     }
 }

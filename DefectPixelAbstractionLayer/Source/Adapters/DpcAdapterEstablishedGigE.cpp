@@ -4,7 +4,6 @@
 #include "AdapterFailure.h"
 
 #include <boost/format.hpp>
-#include <boost/make_shared.hpp>
 
 #include <algorithm>
 #include <tuple>
@@ -44,14 +43,10 @@ std::uint64_t measure(const SensorDefect& defect)
 
 DpcAdapterEstablishedGigE::DpcAdapterEstablishedGigE(const boost::shared_ptr<CameraAbstraction>& camera,
                                                      const std::vector<SensorDefectType>& supportedDefectTypes)
-    : m_sensorWidth(static_cast<std::uint32_t>(camera->GetFeatureIntegerValue("SensorWidth"))),
-      m_sensorHeight(static_cast<std::uint32_t>(camera->GetFeatureIntegerValue("SensorHeight"))),
-      m_switchIsEnumeration(camera->GetFeatureType(DPC_FeatureName) == FeatureType::Enumeration),
-      m_set(boost::make_shared<CorrectionSet>("DefectMaskingTable")),
-      m_camera(camera),
-      m_supportedDefectTypes(supportedDefectTypes)
+    : OneSetAdapter(camera, "DefectMaskingTable", supportedDefectTypes),
+      m_switchIsEnumeration(camera->GetFeatureType(DPC_FeatureName) == FeatureType::Enumeration)
 {
-    const auto features = m_camera->GetAvailableFeatures();
+    const auto features = camera->GetAvailableFeatures();
     if (std::find(features.begin(), features.end(), DPC_FeatureName) == features.end())
     {
         fail("Camera is not supported. Feature" + quotedFeature() + " is missing.");
@@ -60,12 +55,12 @@ DpcAdapterEstablishedGigE::DpcAdapterEstablishedGigE(const boost::shared_ptr<Cam
     {
         readSwitchEntries();
     }
-    m_capacity = std::uint64_t{m_camera->ReadRegisterZoltaLegacy(REG_DefectNumMax)} * 4;
+    m_capacity = std::uint64_t{camera->ReadRegisterZoltaLegacy(REG_DefectNumMax)} * 4;
 }
 
 void DpcAdapterEstablishedGigE::readSwitchEntries()
 {
-    const auto entries = m_camera->GetFeatureEnumValues(DPC_FeatureName);
+    const auto entries = camera()->GetFeatureEnumValues(DPC_FeatureName);
     if (entries.size() != 2)
     {
         fail("Invalid enum value count for feature" + quotedFeature() + ".");
@@ -79,77 +74,45 @@ void DpcAdapterEstablishedGigE::readSwitchEntries()
     std::tie(m_offEntry, m_onEntry) = pair;
 }
 
-std::uint32_t DpcAdapterEstablishedGigE::GetSensorWidth()
-{
-    return m_sensorWidth;
-}
-
-std::uint32_t DpcAdapterEstablishedGigE::GetSensorHeight()
-{
-    return m_sensorHeight;
-}
-
-std::vector<DpcAdapter::CorrectionSetPtr> DpcAdapterEstablishedGigE::GetAvailableCorrectionSets()
-{
-    return {m_set};
-}
-
-DpcAdapter::CorrectionSetPtr DpcAdapterEstablishedGigE::GetDefaultCorrectionSet()
-{
-    return m_set;
-}
-
-void DpcAdapterEstablishedGigE::SetDefaultCorrectionSet(const CorrectionSetPtr& /*set*/) {}
-
 bool DpcAdapterEstablishedGigE::IsCorrectionSetEnabled(const CorrectionSetPtr& /*set*/)
 {
     if (!m_switchIsEnumeration)
     {
-        return m_camera->GetFeatureBooleanValue(DPC_FeatureName);
+        return camera()->GetFeatureBooleanValue(DPC_FeatureName);
     }
     if (m_onEntry.empty())
     {
         fail("Unknown enum values for feature" + quotedFeature() + ".");
     }
-    return m_camera->GetFeatureEnumValue(DPC_FeatureName) == m_onEntry;
+    return camera()->GetFeatureEnumValue(DPC_FeatureName) == m_onEntry;
 }
 
 void DpcAdapterEstablishedGigE::SetCorrectionSetEnabled(const CorrectionSetPtr& /*set*/, const bool& enabled)
 {
     if (!m_switchIsEnumeration)
     {
-        m_camera->SetFeatureBooleanValue(DPC_FeatureName, enabled);
+        camera()->SetFeatureBooleanValue(DPC_FeatureName, enabled);
         return;
     }
     if (m_offEntry.empty() || m_onEntry.empty())
     {
         fail("Unknown enum values for feature" + quotedFeature() + ".");
     }
-    m_camera->SetFeatureEnumValue(DPC_FeatureName, enabled ? m_onEntry : m_offEntry);
-}
-
-std::vector<SensorDefectType> DpcAdapterEstablishedGigE::GetAvailableDefectTypes()
-{
-    return m_supportedDefectTypes;
-}
-
-bool DpcAdapterEstablishedGigE::IsCorrectionSetReadable(const CorrectionSetPtr& /*set*/)
-{
-    return true;
+    camera()->SetFeatureEnumValue(DPC_FeatureName, enabled ? m_onEntry : m_offEntry);
 }
 
 SensorDefectList DpcAdapterEstablishedGigE::ReadCorrectionSet(const CorrectionSetPtr& /*set*/)
 {
-    return decodeDefectRectangles(readTable(), m_sensorWidth, m_sensorHeight);
+    return decodeDefectRectangles(readTable(), GetSensorWidth(), GetSensorHeight());
 }
 
 std::vector<std::uint8_t> DpcAdapterEstablishedGigE::readTable()
 {
-    const std::uint64_t count = m_camera->ReadRegisterZoltaLegacy(REG_DefectNumEntries);
-    if (count > std::uint64_t{m_sensorWidth} * m_sensorHeight)
+    const std::uint64_t count = camera()->ReadRegisterZoltaLegacy(REG_DefectNumEntries);
+    if (count > std::uint64_t{GetSensorWidth()} * GetSensorHeight())
     {
         fail((boost::format("The camera claims %1% defects, but its sensor has %2% x %3% pixels.") % count %
-              m_sensorWidth % m_sensorHeight)
+              GetSensorWidth() % GetSensorHeight())
                  .str());
     }
     std::vector<std::uint8_t> table;
@@ -159,7 +122,7 @@ std::vector<std::uint8_t> DpcAdapterEstablishedGigE::readTable()
         const std::uint64_t address = REG_ReadWriteBaseAddress + table.size();
         const std::size_t wanted = std::min(size - table.size(), PvMaxGigEMemoryAccess);
         std::vector<std::uint8_t> part(wanted);
-        m_camera->ReadMemory(address, part);
+        camera()->ReadMemory(address, part);
         if (part.size() != wanted)
         {
             fail((boost::format("The camera gave %1% instead of %2% bytes of its defect table at %3$#x.") %
@@ -169,16 +132,6 @@ std::vector<std::uint8_t> DpcAdapterEstablishedGigE::readTable()
         table.insert(table.end(), part.begin(), part.end());
     }
     return table;
-}
-
-bool DpcAdapterEstablishedGigE::IsCorrectionSetWritable(const CorrectionSetPtr& /*set*/)
-{
-    return true;
-}
-
-bool DpcAdapterEstablishedGigE::IsCorrectionSetAvailable(const CorrectionSetPtr& set)
-{
-    return IsCorrectionSetWritable(set);
 }
 
 void DpcAdapterEstablishedGigE::WriteCorrectionSet(const CorrectionSetPtr& set, const SensorDefectList& defects)
@@ -191,7 +144,7 @@ void DpcAdapterEstablishedGigE::WriteCorrectionSet(const CorrectionSetPtr& set, 
     {
         fail("Space is not sufficient!");
     }
-    auto table = encodeDefectRectangles(defects, m_sensorWidth, m_sensorHeight);
+    auto table = convertToBinary(defects, GetSensorWidth(), GetSensorHeight());
     if (table.size() != defects.size() * BytesPerRecord)
     {
         fail("A defect has coordinates that the camera's table cannot hold.");
@@ -205,14 +158,14 @@ void DpcAdapterEstablishedGigE::WriteCorrectionSet(const CorrectionSetPtr& set, 
     {
         std::vector<std::uint8_t> packet(data, data + DataSize);
         packet.resize(MaxPacketSizeInBytes, 0xFF); // END_OF_PACKET
-        m_camera->WriteMemory(address, packet);
+        camera()->WriteMemory(address, packet);
         data += DataSize;
         address += DataSize;
     }
     std::vector<std::uint8_t> packet(data, table.end());
     const auto mark = endOfDefinition();
     packet.insert(packet.end(), mark.begin(), mark.end());
-    m_camera->WriteMemory(address, packet);
+    camera()->WriteMemory(address, packet);
 }
 
 bool DpcAdapterEstablishedGigE::IsSpaceSufficient(const CorrectionSetPtr& /*set*/, const SensorDefectList& defects)
@@ -223,16 +176,6 @@ bool DpcAdapterEstablishedGigE::IsSpaceSufficient(const CorrectionSetPtr& /*set*
         sum += measure(*defect);
     }
     return sum <= m_capacity;
-}
-
-bool DpcAdapterEstablishedGigE::IsCorrectionSetValid(const CorrectionSetPtr& /*set*/, const SensorDefectList& defects)
-{
-    return std::all_of(defects.begin(), defects.end(),
-                       [&](const auto& defect)
-                       {
-                           const auto& types = m_supportedDefectTypes;
-                           return std::find(types.begin(), types.end(), defect->GetSensorDefectType()) != types.end();
-                       });
 }
 
 void DpcAdapterEstablishedGigE::RestoreFactorySettings(const CorrectionSetPtr& /*set*/)
@@ -247,7 +190,7 @@ bool DpcAdapterEstablishedGigE::IsRestoreFactorySettingsAvailable(const Correcti
 
 void DpcAdapterEstablishedGigE::EraseCorrectionSet(CorrectionSetPtr& /*set*/)
 {
-    m_camera->WriteMemory(REG_ReadWriteBaseAddress, endOfDefinition());
+    camera()->WriteMemory(REG_ReadWriteBaseAddress, endOfDefinition());
 }
 
 } // namespace KTR::DPC

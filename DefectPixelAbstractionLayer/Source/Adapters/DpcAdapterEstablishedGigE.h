@@ -1,9 +1,8 @@
 // The adapter for the established GigE cameras: one table of defect rectangles in camera memory.
 #pragma once
 
-#include "CameraAbstraction.h"
 #include "DefectRectangleTable.h"
-#include "DpcAdapter.h"
+#include "OneSetAdapter.h"
 
 #include <boost/shared_ptr.hpp>
 
@@ -31,30 +30,19 @@ constexpr std::uint64_t ClusterRecordSize = 8;
 } // namespace EstablishedGigE
 
 // The camera counts the entries itself when it meets the end of a written table: nothing here writes the count.
-class DpcAdapterEstablishedGigE final : public DpcAdapter
+class DpcAdapterEstablishedGigE final : public OneSetAdapter
 {
 public:
     // Reads sensor size, switch and capacity from the camera; throws when its switch is none of the known ones.
     DpcAdapterEstablishedGigE(const boost::shared_ptr<CameraAbstraction>& camera,
                               const std::vector<SensorDefectType>& supportedDefectTypes);
 
-    std::uint32_t GetSensorWidth() override;
-    std::uint32_t GetSensorHeight() override;
-    std::vector<CorrectionSetPtr> GetAvailableCorrectionSets() override;
-    CorrectionSetPtr GetDefaultCorrectionSet() override;
-    // Does nothing: there is one set.
-    void SetDefaultCorrectionSet(const CorrectionSetPtr& set) override;
     bool IsCorrectionSetEnabled(const CorrectionSetPtr& set) override;
     void SetCorrectionSetEnabled(const CorrectionSetPtr& set, const bool& enabled) override;
-    std::vector<SensorDefectType> GetAvailableDefectTypes() override;
-    bool IsCorrectionSetReadable(const CorrectionSetPtr& set) override;
     SensorDefectList ReadCorrectionSet(const CorrectionSetPtr& set) override;
-    bool IsCorrectionSetWritable(const CorrectionSetPtr& set) override;
-    bool IsCorrectionSetAvailable(const CorrectionSetPtr& set) override;
     void WriteCorrectionSet(const CorrectionSetPtr& set, const SensorDefectList& defects) override;
     // By the camera's own measure. Throws for runs of pixels, which that measure does not know.
     bool IsSpaceSufficient(const CorrectionSetPtr& set, const SensorDefectList& defects) override;
-    bool IsCorrectionSetValid(const CorrectionSetPtr& set, const SensorDefectList& defects) override;
     // Always throws.
     void RestoreFactorySettings(const CorrectionSetPtr& set) override;
     bool IsRestoreFactorySettingsAvailable(const CorrectionSetPtr& set) override;
@@ -64,15 +52,10 @@ private:
     void readSwitchEntries();
     std::vector<std::uint8_t> readTable();
 
-    std::uint32_t m_sensorWidth;
-    std::uint32_t m_sensorHeight;
     bool m_switchIsEnumeration;
     std::string m_offEntry; // of an enumeration, else empty
     std::string m_onEntry;
     std::uint64_t m_capacity = 0; // bytes
-    CorrectionSetPtr m_set;
-    boost::shared_ptr<CameraAbstraction> m_camera;
-    std::vector<SensorDefectType> m_supportedDefectTypes;
 };
 
 } // namespace KTR::DPC

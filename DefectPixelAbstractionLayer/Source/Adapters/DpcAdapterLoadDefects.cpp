@@ -5,7 +5,6 @@
 #include "ColumnMaskTable.h"
 
 #include <boost/format.hpp>
-#include <boost/make_shared.hpp>
 
 #include <algorithm>
 
@@ -15,12 +14,9 @@ namespace KTR::DPC
 using namespace LoadDefects;
 
 DpcAdapterLoadDefects::DpcAdapterLoadDefects(const boost::shared_ptr<CameraAbstraction>& camera)
-    : m_sensorWidth(static_cast<std::uint32_t>(camera->GetFeatureIntegerValue("SensorWidth"))),
-      m_sensorHeight(static_cast<std::uint32_t>(camera->GetFeatureIntegerValue("SensorHeight"))),
-      m_dpcFeatureName(getDpcFeatureName(camera)),
-      m_set(boost::make_shared<CorrectionSet>("ColumnMaskingTable")),
-      m_camera(camera),
-      m_supportedDefectTypes({SensorDefectType::Pixel, SensorDefectType::PixelColumn, SensorDefectType::Column})
+    : OneSetAdapter(camera, "ColumnMaskingTable",
+                    {SensorDefectType::Pixel, SensorDefectType::PixelColumn, SensorDefectType::Column}),
+      m_dpcFeatureName(getDpcFeatureName(camera))
 {
 }
 
@@ -37,51 +33,19 @@ std::string DpcAdapterLoadDefects::getDpcFeatureName(const boost::shared_ptr<Cam
     fail("Camera is not supported. Feature\"DefectMaskColumnEnable\" or \"DefectMaskEnable\" is missing.");
 }
 
-std::uint32_t DpcAdapterLoadDefects::GetSensorWidth()
-{
-    return m_sensorWidth;
-}
-
-std::uint32_t DpcAdapterLoadDefects::GetSensorHeight()
-{
-    return m_sensorHeight;
-}
-
-std::vector<DpcAdapter::CorrectionSetPtr> DpcAdapterLoadDefects::GetAvailableCorrectionSets()
-{
-    return {m_set};
-}
-
-DpcAdapter::CorrectionSetPtr DpcAdapterLoadDefects::GetDefaultCorrectionSet()
-{
-    return m_set;
-}
-
-void DpcAdapterLoadDefects::SetDefaultCorrectionSet(const CorrectionSetPtr& /*set*/) {}
-
 bool DpcAdapterLoadDefects::IsCorrectionSetEnabled(const CorrectionSetPtr& /*set*/)
 {
-    return m_camera->GetFeatureBooleanValue(m_dpcFeatureName);
+    return camera()->GetFeatureBooleanValue(m_dpcFeatureName);
 }
 
 void DpcAdapterLoadDefects::SetCorrectionSetEnabled(const CorrectionSetPtr& /*set*/, const bool& enabled)
 {
-    m_camera->SetFeatureBooleanValue(m_dpcFeatureName, enabled);
-}
-
-std::vector<SensorDefectType> DpcAdapterLoadDefects::GetAvailableDefectTypes()
-{
-    return m_supportedDefectTypes;
-}
-
-bool DpcAdapterLoadDefects::IsCorrectionSetReadable(const CorrectionSetPtr& /*set*/)
-{
-    return true;
+    camera()->SetFeatureBooleanValue(m_dpcFeatureName, enabled);
 }
 
 SensorDefectList DpcAdapterLoadDefects::ReadCorrectionSet(const CorrectionSetPtr& /*set*/)
 {
-    const std::size_t count = m_camera->ReadRegisterZoltaLegacy(DPC_DATA_SIZE_REG_ADDR);
+    const std::size_t count = camera()->ReadRegisterZoltaLegacy(DPC_DATA_SIZE_REG_ADDR);
     if (count > MostEntries)
     {
         fail((boost::format("The camera claims %1% defects, but its table holds only %2%.") % count % MostEntries)
@@ -90,36 +54,33 @@ SensorDefectList DpcAdapterLoadDefects::ReadCorrectionSet(const CorrectionSetPtr
     // Memory is read in steps of 4 bytes.
     const std::size_t size = (BytesPerEntry * count + 3) / 4 * 4;
     std::vector<std::uint8_t> table(size);
-    m_camera->ReadMemory(DPC_DATA_RW_MEMORY_ADDR, table);
+    camera()->ReadMemory(DPC_DATA_RW_MEMORY_ADDR, table);
     if (table.size() != size)
     {
         fail((boost::format("The camera gave %1% instead of %2% bytes of its defect table.") % table.size() % size)
                  .str());
     }
-    return decodeColumnMask(table, m_sensorHeight);
+    return decodeColumnMask(table, GetSensorHeight());
 }
 
-bool DpcAdapterLoadDefects::IsCorrectionSetWritable(const CorrectionSetPtr& /*set*/)
+void DpcAdapterLoadDefects::WriteCorrectionSet(const CorrectionSetPtr& /*set*/, const SensorDefectList& defects)
 {
-    return true;
+    camera()->WriteMemory(DPC_DATA_RW_MEMORY_ADDR,
+                          ConvertDefectsListToBinary(defects, GetSensorWidth(), GetSensorHeight()));
 }
 
-bool DpcAdapterLoadDefects::IsCorrectionSetAvailable(const CorrectionSetPtr& set)
+std::vector<std::uint8_t> DpcAdapterLoadDefects::ConvertDefectsListToBinary(const SensorDefectList& defects,
+                                                                            std::uint32_t width, std::uint32_t height)
 {
-    return IsCorrectionSetWritable(set);
-}
-
-void DpcAdapterLoadDefects::WriteCorrectionSet(const CorrectionSetPtr& set, const SensorDefectList& defects)
-{
-    if (!IsCorrectionSetValid(set, defects))
+    if (!isColumnMask(defects, width, height))
     {
         fail("Cannot Write CorrectionSet: NOT VALID!");
     }
-    if (!IsSpaceSufficient(set, defects))
+    if (defects.size() > MostEntries)
     {
         fail("Cannot Write CorrectionSet: NOT ENOUGH SPACE!");
     }
-    m_camera->WriteMemory(DPC_DATA_RW_MEMORY_ADDR, encodeColumnMask(defects, m_sensorHeight));
+    return encodeColumnMask(defects, height);
 }
 
 bool DpcAdapterLoadDefects::IsSpaceSufficient(const CorrectionSetPtr& /*set*/, const SensorDefectList& defects)
@@ -129,7 +90,7 @@ bool DpcAdapterLoadDefects::IsSpaceSufficient(const CorrectionSetPtr& /*set*/, c
 
 bool DpcAdapterLoadDefects::IsCorrectionSetValid(const CorrectionSetPtr& /*set*/, const SensorDefectList& defects)
 {
-    return isColumnMask(defects, m_sensorWidth, m_sensorHeight);
+    return isColumnMask(defects, GetSensorWidth(), GetSensorHeight());
 }
 
 void DpcAdapterLoadDefects::RestoreFactorySettings(const CorrectionSetPtr& /*set*/)

@@ -1,8 +1,7 @@
 // The adapter for the established GigE cameras that mask columns: one table in camera memory.
 #pragma once
 
-#include "CameraAbstraction.h"
-#include "DpcAdapter.h"
+#include "OneSetAdapter.h"
 
 #include <boost/shared_ptr.hpp>
 
@@ -22,25 +21,15 @@ constexpr std::uint64_t DPC_DATA_RW_MEMORY_ADDR = 0x19108; // memory: the table
 
 // A read is one access to memory, and so is a write. The camera counts the entries of a write by its length: nothing
 // here writes the count.
-class DpcAdapterLoadDefects final : public DpcAdapter
+class DpcAdapterLoadDefects final : public OneSetAdapter
 {
 public:
     // Reads the sensor size and the name of the switch from the camera; throws when it has none.
     explicit DpcAdapterLoadDefects(const boost::shared_ptr<CameraAbstraction>& camera);
 
-    std::uint32_t GetSensorWidth() override;
-    std::uint32_t GetSensorHeight() override;
-    std::vector<CorrectionSetPtr> GetAvailableCorrectionSets() override;
-    CorrectionSetPtr GetDefaultCorrectionSet() override;
-    // Does nothing: there is one set.
-    void SetDefaultCorrectionSet(const CorrectionSetPtr& set) override;
     bool IsCorrectionSetEnabled(const CorrectionSetPtr& set) override;
     void SetCorrectionSetEnabled(const CorrectionSetPtr& set, const bool& enabled) override;
-    std::vector<SensorDefectType> GetAvailableDefectTypes() override;
-    bool IsCorrectionSetReadable(const CorrectionSetPtr& set) override;
     SensorDefectList ReadCorrectionSet(const CorrectionSetPtr& set) override;
-    bool IsCorrectionSetWritable(const CorrectionSetPtr& set) override;
-    bool IsCorrectionSetAvailable(const CorrectionSetPtr& set) override;
     void WriteCorrectionSet(const CorrectionSetPtr& set, const SensorDefectList& defects) override;
     bool IsSpaceSufficient(const CorrectionSetPtr& set, const SensorDefectList& defects) override;
     // Beside the kinds also the places: inside of the sensor, and no two beside one another.
@@ -51,15 +40,14 @@ public:
     // Always throws: writing an empty list empties the table.
     void EraseCorrectionSet(CorrectionSetPtr& set) override;
 
+    // The whole table. Throws for a list that is not valid and for one that is too long; sizes are those of the sensor.
+    static std::vector<std::uint8_t> ConvertDefectsListToBinary(const SensorDefectList& defects, std::uint32_t width,
+                                                                std::uint32_t height);
+
 private:
     static std::string getDpcFeatureName(const boost::shared_ptr<CameraAbstraction>& camera);
 
-    std::uint32_t m_sensorWidth;
-    std::uint32_t m_sensorHeight;
     std::string m_dpcFeatureName;
-    CorrectionSetPtr m_set;
-    boost::shared_ptr<CameraAbstraction> m_camera;
-    std::vector<SensorDefectType> m_supportedDefectTypes;
 };
 
 } // namespace KTR::DPC

@@ -17,38 +17,42 @@ namespace KTR::DPC
 {
 
 DpcAdapterOstrel::DpcAdapterOstrel(const boost::shared_ptr<CameraAbstraction>& camera)
-    : m_sensorWidth(static_cast<std::uint32_t>(camera->GetFeatureIntegerValue("SensorWidth"))),
-      m_sensorHeight(static_cast<std::uint32_t>(camera->GetFeatureIntegerValue("SensorHeight"))),
-      m_supportedDefectTypes(initializeSupportedSensorDefectTypes()),
-      m_camera(camera)
+    : CameraAdapter(camera, {SensorDefectType::Pixel, SensorDefectType::Row, SensorDefectType::PixelRow})
 {
-}
-
-std::vector<SensorDefectType> DpcAdapterOstrel::initializeSupportedSensorDefectTypes()
-{
-    return {SensorDefectType::Pixel, SensorDefectType::Row, SensorDefectType::PixelRow};
 }
 
 void DpcAdapterOstrel::SetCorrectionSelectorToDPC()
 {
     explained("Could not set CorrectionSelector: ", [&]
-              { m_camera->SetFeatureEnumValue(Ostrel::CORRECTION_SELECTOR_FEATURE, Ostrel::CORRECTION_SELECTOR_DPC); });
+              { camera()->SetFeatureEnumValue(Ostrel::CORRECTION_SELECTOR_FEATURE, Ostrel::CORRECTION_SELECTOR_DPC); });
 }
 
 void DpcAdapterOstrel::SetCorrectionSetSelector(const CorrectionSetPtr& set)
 {
     SetCorrectionSelectorToDPC();
     explained("Could not set CorrectionSetSelector for CorrectionSet" + set->getName() + ".\n",
-              [&] { m_camera->SetFeatureEnumValue(Ostrel::CORRECTION_SET_SELECTOR_FEATURE, set->getName()); });
+              [&] { camera()->SetFeatureEnumValue(Ostrel::CORRECTION_SET_SELECTOR_FEATURE, set->getName()); });
 }
 
 boost::shared_ptr<FileInterface> DpcAdapterOstrel::getFileForCorrectionSet(const CorrectionSetPtr& set)
 {
-    const auto name = Ostrel::CORRECTION_SET_FILENAME + set->getName();
-    const auto files = m_camera->GetFiles();
+    return fileNamed(Ostrel::CORRECTION_SET_FILENAME + set->getName());
+}
+
+boost::shared_ptr<FileInterface> DpcAdapterOstrel::fileNamed(const std::string& name)
+{
+    const auto files = camera()->GetFiles();
     const auto found =
         std::find_if(files.begin(), files.end(), [&](const auto& file) { return file->GetName() == name; });
     return found == files.end() ? nullptr : *found;
+}
+
+std::vector<DpcAdapter::CorrectionSetPtr> DpcAdapterOstrel::setsNamed(const std::vector<std::string>& names)
+{
+    std::vector<CorrectionSetPtr> sets;
+    std::transform(names.begin(), names.end(), std::back_inserter(sets),
+                   [](const std::string& name) { return boost::make_shared<CorrectionSet>(name); });
+    return sets;
 }
 
 void DpcAdapterOstrel::addDefects(DpcFileOstrel& file, const SensorDefectList& defects)
@@ -81,37 +85,23 @@ void DpcAdapterOstrel::addDefects(DpcFileOstrel& file, const SensorDefectList& d
 
 std::vector<std::uint8_t> DpcAdapterOstrel::ConvertDefectsListToBinary(const SensorDefectList& defects)
 {
-    DpcFileOstrel file(getReverseCapability(m_camera), m_sensorWidth, m_sensorHeight);
+    DpcFileOstrel file(getReverseCapability(camera()), GetSensorWidth(), GetSensorHeight());
     addDefects(file, defects);
     return file.getRawData();
-}
-
-std::uint32_t DpcAdapterOstrel::GetSensorWidth()
-{
-    return m_sensorWidth;
-}
-
-std::uint32_t DpcAdapterOstrel::GetSensorHeight()
-{
-    return m_sensorHeight;
 }
 
 std::vector<DpcAdapter::CorrectionSetPtr> DpcAdapterOstrel::GetAvailableCorrectionSets()
 {
     SetCorrectionSelectorToDPC();
-    const auto names = explained("Could not get enum values of CorrectionSetSelect : ", [&]
-                                 { return m_camera->GetFeatureEnumValues(Ostrel::CORRECTION_SET_SELECTOR_FEATURE); });
-    std::vector<CorrectionSetPtr> sets;
-    std::transform(names.begin(), names.end(), std::back_inserter(sets),
-                   [](const std::string& name) { return boost::make_shared<CorrectionSet>(name); });
-    return sets;
+    return setsNamed(explained("Could not get enum values of CorrectionSetSelect : ", [&]
+                               { return camera()->GetFeatureEnumValues(Ostrel::CORRECTION_SET_SELECTOR_FEATURE); }));
 }
 
 DpcAdapter::CorrectionSetPtr DpcAdapterOstrel::GetDefaultCorrectionSet()
 {
     SetCorrectionSelectorToDPC();
     const auto name = explained("Could not get enum value of CorrectionSetDefault: ",
-                                [&] { return m_camera->GetFeatureEnumValue(Ostrel::CORRECTION_SET_DEFAULT_FEATURE); });
+                                [&] { return camera()->GetFeatureEnumValue(Ostrel::CORRECTION_SET_DEFAULT_FEATURE); });
     return boost::make_shared<CorrectionSet>(name);
 }
 
@@ -119,21 +109,21 @@ void DpcAdapterOstrel::SetDefaultCorrectionSet(const CorrectionSetPtr& set)
 {
     SetCorrectionSelectorToDPC();
     const auto names = explained("Could not get enum values of CorrectionSetDefault: ", [&]
-                                 { return m_camera->GetFeatureEnumValues(Ostrel::CORRECTION_SET_DEFAULT_FEATURE); });
+                                 { return camera()->GetFeatureEnumValues(Ostrel::CORRECTION_SET_DEFAULT_FEATURE); });
     if (std::find(names.begin(), names.end(), set->getName()) == names.end())
     {
         fail("The given CorrectionSet " + set->getName() + " is not valid for CorrectionSetDefault");
     }
     explained("Could not set value of CorrectionSetDefault: ",
-              [&] { m_camera->SetFeatureEnumValue(Ostrel::CORRECTION_SET_DEFAULT_FEATURE, set->getName()); });
+              [&] { camera()->SetFeatureEnumValue(Ostrel::CORRECTION_SET_DEFAULT_FEATURE, set->getName()); });
 }
 
 bool DpcAdapterOstrel::IsCorrectionSetEnabled(const CorrectionSetPtr& set)
 {
     try
     {
-        const auto name = m_camera->GetFeatureEnumValue(Ostrel::CORRECTION_SET_SELECTOR_FEATURE);
-        const auto mode = m_camera->GetFeatureEnumValue(Ostrel::CORRECTION_MODE);
+        const auto name = camera()->GetFeatureEnumValue(Ostrel::CORRECTION_SET_SELECTOR_FEATURE);
+        const auto mode = camera()->GetFeatureEnumValue(Ostrel::CORRECTION_MODE);
         return name == set->getName() && mode == "On";
     }
     catch (const System::Exception&)
@@ -146,12 +136,7 @@ void DpcAdapterOstrel::SetCorrectionSetEnabled(const CorrectionSetPtr& set, cons
 {
     SetCorrectionSetSelector(set);
     explained("Could not set value of Correction mode for Correction Set " + set->getName() + ".\n",
-              [&] { m_camera->SetFeatureEnumValue(Ostrel::CORRECTION_MODE, enabled ? "On" : "Off"); });
-}
-
-std::vector<SensorDefectType> DpcAdapterOstrel::GetAvailableDefectTypes()
-{
-    return m_supportedDefectTypes;
+              [&] { camera()->SetFeatureEnumValue(Ostrel::CORRECTION_MODE, enabled ? "On" : "Off"); });
 }
 
 bool DpcAdapterOstrel::IsCorrectionSetReadable(const CorrectionSetPtr& /*set*/)
@@ -181,7 +166,7 @@ SensorDefectList DpcAdapterOstrel::ReadCorrectionSet(const CorrectionSetPtr& set
     ScopedOpenFile source(file, FileInterface::FileOpenMode::Read);
     source->Read(bytes, 0);
     source.Close();
-    return DpcFileOstrel::getSensorDefectsListFromRawData(bytes, static_cast<std::uint16_t>(m_sensorWidth));
+    return DpcFileOstrel::getSensorDefectsListFromRawData(bytes, static_cast<std::uint16_t>(GetSensorWidth()));
 }
 
 bool DpcAdapterOstrel::IsCorrectionSetWritable(const CorrectionSetPtr& set)
@@ -197,7 +182,7 @@ bool DpcAdapterOstrel::IsCorrectionSetWritable(const CorrectionSetPtr& set)
 bool DpcAdapterOstrel::IsCorrectionSetAvailable(const CorrectionSetPtr& set)
 {
     SetCorrectionSelectorToDPC();
-    return m_camera->IsEnumEntryAvailable(Ostrel::CORRECTION_SET_SELECTOR_FEATURE, set->getName());
+    return camera()->IsEnumEntryAvailable(Ostrel::CORRECTION_SET_SELECTOR_FEATURE, set->getName());
 }
 
 void DpcAdapterOstrel::WriteCorrectionSet(const CorrectionSetPtr& set, const SensorDefectList& defects)
@@ -226,16 +211,6 @@ bool DpcAdapterOstrel::IsSpaceSufficient(const CorrectionSetPtr& set, const Sens
         fail("Could not get file for correction set " + set->getName());
     }
     return file->GetSizeMax() > ConvertDefectsListToBinary(defects).size();
-}
-
-bool DpcAdapterOstrel::IsCorrectionSetValid(const CorrectionSetPtr& /*set*/, const SensorDefectList& defects)
-{
-    return std::all_of(defects.begin(), defects.end(),
-                       [&](const auto& defect)
-                       {
-                           const auto& types = m_supportedDefectTypes;
-                           return std::find(types.begin(), types.end(), defect->GetSensorDefectType()) != types.end();
-                       });
 }
 
 void DpcAdapterOstrel::RestoreFactorySettings(const CorrectionSetPtr& /*set*/)

@@ -1,8 +1,7 @@
 // The adapter for the Ostrel camera family: one file for each correction set, in the camera's file system.
 #pragma once
 
-#include "CameraAbstraction.h"
-#include "DpcAdapter.h"
+#include "CameraAdapter.h"
 #include "DpcFileOstrel.h"
 
 #include <boost/shared_ptr.hpp>
@@ -27,21 +26,18 @@ inline const std::string CORRECTION_SET_FILENAME = "DefectPixelCorrection"; // t
 inline const std::string CORRECTION_SET_FACTORY = "Preset";
 } // namespace Ostrel
 
-class DpcAdapterOstrel : public DpcAdapter
+class DpcAdapterOstrel : public CameraAdapter
 {
 public:
     // Reads the sensor size from the camera.
     explicit DpcAdapterOstrel(const boost::shared_ptr<CameraAbstraction>& camera);
 
-    std::uint32_t GetSensorWidth() override;
-    std::uint32_t GetSensorHeight() override;
     std::vector<CorrectionSetPtr> GetAvailableCorrectionSets() override;
     CorrectionSetPtr GetDefaultCorrectionSet() override;
     void SetDefaultCorrectionSet(const CorrectionSetPtr& set) override;
     // Touches no selector, and answers false when the camera cannot tell.
     bool IsCorrectionSetEnabled(const CorrectionSetPtr& set) override;
     void SetCorrectionSetEnabled(const CorrectionSetPtr& set, const bool& enabled) override;
-    std::vector<SensorDefectType> GetAvailableDefectTypes() override;
     bool IsCorrectionSetReadable(const CorrectionSetPtr& set) override;
     SensorDefectList ReadCorrectionSet(const CorrectionSetPtr& set) override;
     bool IsCorrectionSetWritable(const CorrectionSetPtr& set) override;
@@ -50,7 +46,6 @@ public:
     void WriteCorrectionSet(const CorrectionSetPtr& set, const SensorDefectList& defects) override;
     // A file of exactly the maximum size counts as too large.
     bool IsSpaceSufficient(const CorrectionSetPtr& set, const SensorDefectList& defects) override;
-    bool IsCorrectionSetValid(const CorrectionSetPtr& set, const SensorDefectList& defects) override;
     // Always throws.
     void RestoreFactorySettings(const CorrectionSetPtr& set) override;
     bool IsRestoreFactorySettingsAvailable(const CorrectionSetPtr& set) override;
@@ -67,15 +62,9 @@ public:
     static void addDefects(DpcFileOstrel& file, const SensorDefectList& defects);
 
 protected:
-    const boost::shared_ptr<CameraAbstraction>& camera() const { return m_camera; }
-
-private:
-    static std::vector<SensorDefectType> initializeSupportedSensorDefectTypes();
-
-    std::uint32_t m_sensorWidth;
-    std::uint32_t m_sensorHeight;
-    std::vector<SensorDefectType> m_supportedDefectTypes;
-    boost::shared_ptr<CameraAbstraction> m_camera;
+    // The first file of this very name; null when the camera has none.
+    boost::shared_ptr<FileInterface> fileNamed(const std::string& name);
+    static std::vector<CorrectionSetPtr> setsNamed(const std::vector<std::string>& names);
 };
 
 } // namespace KTR::DPC

@@ -70,10 +70,7 @@ CameraInfo QuorsalinWithPython::initializeCameraInfo(const boost::shared_ptr<Cam
 
 DpcAdapterQuorsalinWithPython::DpcAdapterQuorsalinWithPython(const boost::shared_ptr<CameraAbstraction>& camera,
                                                              std::chrono::milliseconds pollPeriod)
-    : m_camera(camera),
-      m_sensorWidth(static_cast<std::uint32_t>(camera->GetFeatureIntegerValue("SensorWidth"))),
-      m_sensorHeight(static_cast<std::uint32_t>(camera->GetFeatureIntegerValue("SensorHeight"))),
-      m_set(boost::make_shared<CorrectionSet>("Defect Pixel List")),
+    : OneSetAdapter(camera, "Defect Pixel List", {SensorDefectType::Pixel}),
       m_cameraInfo(initializeCameraInfo(camera)),
       m_maxDefects(0),
       m_maxFileSize(camera->ReadRegisterZoltaLegacy(FlashFileMaxSize)),
@@ -83,46 +80,14 @@ DpcAdapterQuorsalinWithPython::DpcAdapterQuorsalinWithPython(const boost::shared
     m_maxDefects = (std::uint64_t{m_maxFileSize} - (DpcHeader::Size + HeldBack)) / DpcHeader::RecordSize;
 }
 
-std::uint32_t DpcAdapterQuorsalinWithPython::GetSensorWidth()
-{
-    return m_sensorWidth;
-}
-
-std::uint32_t DpcAdapterQuorsalinWithPython::GetSensorHeight()
-{
-    return m_sensorHeight;
-}
-
-std::vector<DpcAdapter::CorrectionSetPtr> DpcAdapterQuorsalinWithPython::GetAvailableCorrectionSets()
-{
-    return {m_set};
-}
-
-DpcAdapter::CorrectionSetPtr DpcAdapterQuorsalinWithPython::GetDefaultCorrectionSet()
-{
-    return m_set;
-}
-
-void DpcAdapterQuorsalinWithPython::SetDefaultCorrectionSet(const CorrectionSetPtr& /*set*/) {}
-
 bool DpcAdapterQuorsalinWithPython::IsCorrectionSetEnabled(const CorrectionSetPtr& /*set*/)
 {
-    return m_camera->GetFeatureBooleanValue(dpcFeatureName);
+    return camera()->GetFeatureBooleanValue(dpcFeatureName);
 }
 
 void DpcAdapterQuorsalinWithPython::SetCorrectionSetEnabled(const CorrectionSetPtr& /*set*/, const bool& enabled)
 {
-    m_camera->SetFeatureBooleanValue(dpcFeatureName, enabled);
-}
-
-std::vector<SensorDefectType> DpcAdapterQuorsalinWithPython::GetAvailableDefectTypes()
-{
-    return {SensorDefectType::Pixel};
-}
-
-bool DpcAdapterQuorsalinWithPython::IsCorrectionSetReadable(const CorrectionSetPtr& /*set*/)
-{
-    return true;
+    camera()->SetFeatureBooleanValue(dpcFeatureName, enabled);
 }
 
 SensorDefectList DpcAdapterQuorsalinWithPython::ReadCorrectionSet(const CorrectionSetPtr& /*set*/)
@@ -134,16 +99,6 @@ SensorDefectList DpcAdapterQuorsalinWithPython::ReadCorrectionSet(const Correcti
     std::vector<unsigned char> file;
     DownloadFlashFile(FF_ID_UserDefect, file);
     return DecodeBinaryDefectFile(file);
-}
-
-bool DpcAdapterQuorsalinWithPython::IsCorrectionSetWritable(const CorrectionSetPtr& /*set*/)
-{
-    return true;
-}
-
-bool DpcAdapterQuorsalinWithPython::IsCorrectionSetAvailable(const CorrectionSetPtr& set)
-{
-    return IsCorrectionSetWritable(set);
 }
 
 void DpcAdapterQuorsalinWithPython::WriteCorrectionSet(const CorrectionSetPtr& set, const SensorDefectList& defects)
@@ -164,11 +119,9 @@ bool DpcAdapterQuorsalinWithPython::IsSpaceSufficient(const CorrectionSetPtr& /*
     return defects.size() <= m_maxDefects;
 }
 
-bool DpcAdapterQuorsalinWithPython::IsCorrectionSetValid(const CorrectionSetPtr& /*set*/,
-                                                         const SensorDefectList& defects)
+bool DpcAdapterQuorsalinWithPython::IsCorrectionSetValid(const CorrectionSetPtr& set, const SensorDefectList& defects)
 {
-    if (!std::all_of(defects.begin(), defects.end(),
-                     [](const auto& defect) { return defect->GetSensorDefectType() == SensorDefectType::Pixel; }))
+    if (!CameraAdapter::IsCorrectionSetValid(set, defects))
     {
         return false;
     }

@@ -1,10 +1,9 @@
 // The adapter for the flash family: older GigE cameras that keep their defects in a flash file system.
 #pragma once
 
-#include "CameraAbstraction.h"
-#include "DpcAdapter.h"
 #include "DpcCameraInfo.h"
 #include "NeighborByteEncoding.h"
+#include "OneSetAdapter.h"
 
 #include <boost/shared_ptr.hpp>
 
@@ -31,26 +30,16 @@ CameraInfo initializeCameraInfo(const boost::shared_ptr<CameraAbstraction>& came
 // Registers and two windows in camera memory move one file as a whole. Erasing and programming take the camera seconds;
 // the calling thread waits for them, for as long as the camera says that it is busy. A write that fails after the erase
 // leaves the camera without a list.
-class DpcAdapterQuorsalinWithPython final : public DpcAdapter
+class DpcAdapterQuorsalinWithPython final : public OneSetAdapter
 {
 public:
     // Reads sensor, names and flash size from the camera.
     explicit DpcAdapterQuorsalinWithPython(const boost::shared_ptr<CameraAbstraction>& camera,
                                            std::chrono::milliseconds pollPeriod = QuorsalinWithPython::ErasePoolPeriod);
 
-    std::uint32_t GetSensorWidth() override;
-    std::uint32_t GetSensorHeight() override;
-    std::vector<CorrectionSetPtr> GetAvailableCorrectionSets() override;
-    CorrectionSetPtr GetDefaultCorrectionSet() override;
-    // Does nothing: there is one set.
-    void SetDefaultCorrectionSet(const CorrectionSetPtr& set) override;
     bool IsCorrectionSetEnabled(const CorrectionSetPtr& set) override;
     void SetCorrectionSetEnabled(const CorrectionSetPtr& set, const bool& enabled) override;
-    std::vector<SensorDefectType> GetAvailableDefectTypes() override;
-    bool IsCorrectionSetReadable(const CorrectionSetPtr& set) override;
     SensorDefectList ReadCorrectionSet(const CorrectionSetPtr& set) override;
-    bool IsCorrectionSetWritable(const CorrectionSetPtr& set) override;
-    bool IsCorrectionSetAvailable(const CorrectionSetPtr& set) override;
     void WriteCorrectionSet(const CorrectionSetPtr& set, const SensorDefectList& defects) override;
     bool IsSpaceSufficient(const CorrectionSetPtr& set, const SensorDefectList& defects) override;
     // Beside the kinds also the places: on the sensor, and each with a neighbour that can stand in. An empty list is
@@ -70,6 +59,8 @@ public:
     // the list of places gets them.
     static bool ValidateDefectivePixelCoordinates(std::vector<PixelCoords>& refused, NeighborByteEncoding& encoding,
                                                   const CameraInfo& info);
+    // Replaces a whole file, without reading it back. A file that the flash cannot hold has cost the old one already.
+    void UploadFlashFile(std::uint32_t id, std::uint32_t privilege, const std::vector<unsigned char>& data);
 
 private:
     bool CameraSupportsFlashFileAccess();
@@ -81,16 +72,11 @@ private:
     // An empty file leaves the data as they are.
     bool DownloadFlashFile(std::uint32_t id, std::vector<unsigned char>& data);
     void EraseFlashFile(std::uint32_t id, std::uint32_t privilege, std::uint32_t& status);
-    void UploadFlashFile(std::uint32_t id, std::uint32_t privilege, const std::vector<unsigned char>& data);
     // The user's file, read back and compared.
     void UploadDefectivePixelList(const std::vector<unsigned char>& data);
     // Waits until the status is none of the busy ones, which there are one or two of.
     std::uint32_t WaitWhile(std::uint32_t busy, std::uint32_t otherBusy);
 
-    boost::shared_ptr<CameraAbstraction> m_camera;
-    std::uint32_t m_sensorWidth;
-    std::uint32_t m_sensorHeight;
-    CorrectionSetPtr m_set;
     CameraInfo m_cameraInfo;
     std::uint64_t m_maxDefects;
     std::uint32_t m_maxFileSize; // bytes

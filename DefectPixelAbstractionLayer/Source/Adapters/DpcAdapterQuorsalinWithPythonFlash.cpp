@@ -14,19 +14,19 @@ using namespace QuorsalinWithPython;
 
 bool DpcAdapterQuorsalinWithPython::CameraSupportsFlashFileAccess()
 {
-    return (m_camera->ReadRegisterZoltaLegacy(ControlsInquiry1) >> FlashFileAccessBit & 1U) != 0 &&
-           m_camera->ReadRegisterZoltaLegacy(FlashFileStatus) != FF_STAT_NO_FILE_SYSTEM;
+    return (camera()->ReadRegisterZoltaLegacy(ControlsInquiry1) >> FlashFileAccessBit & 1U) != 0 &&
+           camera()->ReadRegisterZoltaLegacy(FlashFileStatus) != FF_STAT_NO_FILE_SYSTEM;
 }
 
 bool DpcAdapterQuorsalinWithPython::HandleErrorStatus()
 {
-    if (m_camera->ReadRegisterZoltaLegacy(FlashFileStatus) == FF_STAT_ERASE_ERROR)
+    if (camera()->ReadRegisterZoltaLegacy(FlashFileStatus) == FF_STAT_ERASE_ERROR)
     {
         return true;
     }
     try
     {
-        m_camera->WriteRegisterZoltaLegacy(FlashFileCommand, FCMD_CLEAR_ERROR);
+        camera()->WriteRegisterZoltaLegacy(FlashFileCommand, FCMD_CLEAR_ERROR);
         return true;
     }
     catch (const System::Exception&)
@@ -39,7 +39,7 @@ bool DpcAdapterQuorsalinWithPython::ReadDataPacket(std::uint32_t offset, unsigne
 {
     const std::size_t size = PacketHeadSize + length;
     std::vector<std::uint8_t> packet(size);
-    m_camera->ReadMemory(FileDownloadTransferBuffer, packet);
+    camera()->ReadMemory(FileDownloadTransferBuffer, packet);
     if (packet.size() != size)
     {
         return false;
@@ -63,21 +63,21 @@ void DpcAdapterQuorsalinWithPython::WriteDataPacket(std::uint32_t offset, const 
         packet.push_back(static_cast<std::uint8_t>(offset >> shift));
     }
     packet.insert(packet.end(), data, data + length);
-    m_camera->WriteMemory(FileUploadTransferBuffer, packet);
+    camera()->WriteMemory(FileUploadTransferBuffer, packet);
 }
 
 bool DpcAdapterQuorsalinWithPython::DownloadFlashFile(std::uint32_t id, std::vector<unsigned char>& data)
 {
-    m_camera->WriteRegisterZoltaLegacy(FlashFileSelectID, id);
+    camera()->WriteRegisterZoltaLegacy(FlashFileSelectID, id);
     if (!HandleErrorStatus())
     {
         fail("Flash file error handling failed");
     }
-    if (m_camera->ReadRegisterZoltaLegacy(FlashFileStatus) != FF_STAT_FILE_VALID)
+    if (camera()->ReadRegisterZoltaLegacy(FlashFileStatus) != FF_STAT_FILE_VALID)
     {
         fail("Flash status error");
     }
-    const std::uint32_t size = m_camera->ReadRegisterZoltaLegacy(FlashFileLength);
+    const std::uint32_t size = camera()->ReadRegisterZoltaLegacy(FlashFileLength);
     if (size == 0)
     {
         return true;
@@ -86,7 +86,7 @@ bool DpcAdapterQuorsalinWithPython::DownloadFlashFile(std::uint32_t id, std::vec
     {
         fail("fileSize no multiple of 4");
     }
-    m_camera->WriteRegisterZoltaLegacy(FlashFileReadOffset, 0);
+    camera()->WriteRegisterZoltaLegacy(FlashFileReadOffset, 0);
     // Grows with what arrives, so that a camera with a wrong length does not take all memory.
     data.clear();
     for (std::uint32_t offset = 0; offset < size;)
@@ -108,25 +108,25 @@ std::uint32_t DpcAdapterQuorsalinWithPython::WaitWhile(std::uint32_t busy, std::
     while (status == busy || status == otherBusy)
     {
         std::this_thread::sleep_for(m_pollPeriod);
-        status = m_camera->ReadRegisterZoltaLegacy(FlashFileStatus);
+        status = camera()->ReadRegisterZoltaLegacy(FlashFileStatus);
     }
     return status;
 }
 
 void DpcAdapterQuorsalinWithPython::EraseFlashFile(std::uint32_t id, std::uint32_t privilege, std::uint32_t& status)
 {
-    m_camera->WriteRegisterZoltaLegacy(FlashFileSelectID, id);
+    camera()->WriteRegisterZoltaLegacy(FlashFileSelectID, id);
     if (!HandleErrorStatus())
     {
         fail("Failed to handle error status");
     }
-    status = m_camera->ReadRegisterZoltaLegacy(FlashFileStatus);
+    status = camera()->ReadRegisterZoltaLegacy(FlashFileStatus);
     if (status == FF_STAT_ERASED)
     {
         return;
     }
-    m_camera->WriteRegisterZoltaLegacy(FlashFileCommand, privilege);
-    m_camera->WriteRegisterZoltaLegacy(FlashFileCommand, FCMD_FLASH_FILE_ERASE);
+    camera()->WriteRegisterZoltaLegacy(FlashFileCommand, privilege);
+    camera()->WriteRegisterZoltaLegacy(FlashFileCommand, FCMD_FLASH_FILE_ERASE);
     status = WaitWhile(FF_STAT_ERASING, FF_STAT_ERASING);
     if (status != FF_STAT_ERASED)
     {
@@ -141,10 +141,10 @@ void DpcAdapterQuorsalinWithPython::UploadFlashFile(std::uint32_t id, std::uint3
     {
         fail("Cannot upload empty file!");
     }
-    m_camera->WriteRegisterZoltaLegacy(FlashFileSelectID, id);
+    camera()->WriteRegisterZoltaLegacy(FlashFileSelectID, id);
     std::uint32_t status = 0;
     EraseFlashFile(id, privilege, status);
-    if (m_camera->ReadRegisterZoltaLegacy(FlashFileStatus) != FF_STAT_ERASED)
+    if (camera()->ReadRegisterZoltaLegacy(FlashFileStatus) != FF_STAT_ERASED)
     {
         EraseFlashFile(id, privilege, status);
     }
@@ -158,9 +158,9 @@ void DpcAdapterQuorsalinWithPython::UploadFlashFile(std::uint32_t id, std::uint3
         fail("File too big! File size exceeds " + std::to_string(m_maxFileSize));
     }
     const auto size = static_cast<std::uint32_t>(data.size());
-    m_camera->WriteRegisterZoltaLegacy(FlashFileCommand, privilege);
-    m_camera->WriteRegisterZoltaLegacy(FlashFileUploadLength, size);
-    m_camera->WriteRegisterZoltaLegacy(FlashFileCommand, FCMD_START_FLASH_FILE_UPLOAD);
+    camera()->WriteRegisterZoltaLegacy(FlashFileCommand, privilege);
+    camera()->WriteRegisterZoltaLegacy(FlashFileUploadLength, size);
+    camera()->WriteRegisterZoltaLegacy(FlashFileCommand, FCMD_START_FLASH_FILE_UPLOAD);
     for (std::uint32_t offset = 0; offset < size; offset += std::min(LargestPacket, size - offset))
     {
         WriteDataPacket(offset, data.data() + offset, std::min(LargestPacket, size - offset));

@@ -8,7 +8,6 @@
 #include <boost/make_shared.hpp>
 
 #include <algorithm>
-#include <iterator>
 
 namespace KTR::DPC
 {
@@ -34,10 +33,7 @@ void DpcAdapterRivoU::SetCorrectionSetSelector(const CorrectionSetPtr& set)
 
 boost::shared_ptr<FileInterface> DpcAdapterRivoU::getFileForCorrectionSet(const CorrectionSetPtr& /*set*/)
 {
-    const auto files = camera()->GetFiles();
-    const auto found = std::find_if(files.begin(), files.end(),
-                                    [](const auto& file) { return file->GetName() == RivoU::CORRECTION_SET_FILENAME; });
-    return found == files.end() ? nullptr : *found;
+    return fileNamed(RivoU::CORRECTION_SET_FILENAME);
 }
 
 boost::shared_ptr<FileInterface> DpcAdapterRivoU::fileToChange(const CorrectionSetPtr& set)
@@ -60,12 +56,8 @@ std::vector<std::uint8_t> DpcAdapterRivoU::ConvertDefectsListToBinary(const Sens
 std::vector<DpcAdapter::CorrectionSetPtr> DpcAdapterRivoU::GetAvailableCorrectionSets()
 {
     SetCorrectionSelectorToDPC();
-    const auto names = explained("Could not get enum values of CorrectionSetSelect: ", [&]
-                                 { return camera()->GetFeatureEnumValues(RivoU::CORRECTION_SET_SELECTOR_FEATURE); });
-    std::vector<CorrectionSetPtr> sets;
-    std::transform(names.begin(), names.end(), std::back_inserter(sets),
-                   [](const std::string& name) { return boost::make_shared<CorrectionSet>(name); });
-    return sets;
+    return setsNamed(explained("Could not get enum values of CorrectionSetSelect: ",
+                               [&] { return camera()->GetFeatureEnumValues(RivoU::CORRECTION_SET_SELECTOR_FEATURE); }));
 }
 
 DpcAdapter::CorrectionSetPtr DpcAdapterRivoU::GetDefaultCorrectionSet()

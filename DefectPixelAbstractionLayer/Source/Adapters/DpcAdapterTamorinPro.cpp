@@ -41,22 +41,9 @@ public:
 } // namespace
 
 DpcAdapterTamorinPro::DpcAdapterTamorinPro(const boost::shared_ptr<CameraAbstraction>& camera)
-    : m_sensorWidth(static_cast<std::uint32_t>(camera->GetFeatureIntegerValue("SensorWidth"))),
-      m_sensorHeight(static_cast<std::uint32_t>(camera->GetFeatureIntegerValue("SensorHeight"))),
-      m_supportedDefectTypes{SensorDefectType::Pixel},
-      m_camera(camera)
+    : CameraAdapter(camera, {SensorDefectType::Pixel})
 {
-    m_camera->SetFeatureEnumValue(TamorinPro::CORRECTION_MODE, "Off");
-}
-
-std::uint32_t DpcAdapterTamorinPro::GetSensorWidth()
-{
-    return m_sensorWidth;
-}
-
-std::uint32_t DpcAdapterTamorinPro::GetSensorHeight()
-{
-    return m_sensorHeight;
+    camera->SetFeatureEnumValue(TamorinPro::CORRECTION_MODE, "Off");
 }
 
 std::vector<DpcAdapter::CorrectionSetPtr> DpcAdapterTamorinPro::GetAvailableCorrectionSets()
@@ -74,7 +61,7 @@ std::vector<DpcAdapter::CorrectionSetPtr>& DpcAdapterTamorinPro::__GetAvailableC
     explained("Could not get enum values of CorrectionSetSelect : ",
               [&]
               {
-                  for (const auto& name : m_camera->GetFeatureEnumValues(TamorinPro::FILE_SELECTOR_FEATURE))
+                  for (const auto& name : camera()->GetFeatureEnumValues(TamorinPro::FILE_SELECTOR_FEATURE))
                   {
                       if (!beginsWith(name, SetPrefix))
                       {
@@ -126,35 +113,30 @@ std::uint16_t DpcAdapterTamorinPro::GetDatasetFileId(const CorrectionSetPtr& set
 bool DpcAdapterTamorinPro::IsCorrectionSetEnabled(const CorrectionSetPtr& set)
 {
     const auto id = GetDatasetFileId(set);
-    return m_camera->GetFeatureIntegerValue("DPCDatasetFileId") == id &&
-           m_camera->GetFeatureEnumValue("DPCMode") == "On" &&
-           m_camera->GetFeatureEnumValue(TamorinPro::CORRECTION_MODE) == "Off";
+    return camera()->GetFeatureIntegerValue("DPCDatasetFileId") == id &&
+           camera()->GetFeatureEnumValue("DPCMode") == "On" &&
+           camera()->GetFeatureEnumValue(TamorinPro::CORRECTION_MODE) == "Off";
 }
 
 void DpcAdapterTamorinPro::SetCorrectionSetEnabled(const CorrectionSetPtr& set, const bool& enabled)
 {
     if (!enabled)
     {
-        m_camera->SetFeatureEnumValue("DPCMode", "Off");
+        camera()->SetFeatureEnumValue("DPCMode", "Off");
         return;
     }
     const auto id = GetDatasetFileId(set);
     explained("Could not set value of Correction mode for Correction Set " + set->getName() + ".\n",
               [&]
               {
-                  m_camera->SetFeatureEnumValue("DPCMode", "On");
-                  m_camera->SetFeatureIntegerValue("DPCDatasetFileId", id);
+                  camera()->SetFeatureEnumValue("DPCMode", "On");
+                  camera()->SetFeatureIntegerValue("DPCDatasetFileId", id);
               });
-}
-
-std::vector<SensorDefectType> DpcAdapterTamorinPro::GetAvailableDefectTypes()
-{
-    return m_supportedDefectTypes;
 }
 
 boost::shared_ptr<FileInterface> DpcAdapterTamorinPro::getFileForCorrectionSet(const CorrectionSetPtr& set)
 {
-    return m_camera->GetFile(set->getName());
+    return camera()->GetFile(set->getName());
 }
 
 bool DpcAdapterTamorinPro::IsCorrectionSetReadable(const CorrectionSetPtr& set)
@@ -201,7 +183,7 @@ bool DpcAdapterTamorinPro::IsCorrectionSetWritable(const CorrectionSetPtr& set)
 
 bool DpcAdapterTamorinPro::IsCorrectionSetAvailable(const CorrectionSetPtr& set)
 {
-    return m_camera->IsEnumEntryAvailable(TamorinPro::FILE_SELECTOR_FEATURE, set->getName());
+    return camera()->IsEnumEntryAvailable(TamorinPro::FILE_SELECTOR_FEATURE, set->getName());
 }
 
 void DpcAdapterTamorinPro::WriteCorrectionSet(const CorrectionSetPtr& set, const SensorDefectList& defects)
@@ -220,21 +202,11 @@ void DpcAdapterTamorinPro::WriteCorrectionSet(const CorrectionSetPtr& set, const
         EraseCorrectionSetImpl(set);
         return;
     }
-    const auto bytes = ConvertDefectsListToBinary(*set, defects, m_sensorWidth, m_sensorHeight);
+    const auto bytes = ConvertDefectsListToBinary(*set, defects, GetSensorWidth(), GetSensorHeight());
     ScopedOpenFile target(file, FileInterface::FileOpenMode::Write);
     target->Write(bytes);
     target.Close();
     writeDescription(*file, *set);
-}
-
-bool DpcAdapterTamorinPro::IsCorrectionSetValid(const CorrectionSetPtr& /*set*/, const SensorDefectList& defects)
-{
-    return std::all_of(defects.begin(), defects.end(),
-                       [&](const auto& defect)
-                       {
-                           const auto& types = m_supportedDefectTypes;
-                           return std::find(types.begin(), types.end(), defect->GetSensorDefectType()) != types.end();
-                       });
 }
 
 void DpcAdapterTamorinPro::RestoreFactorySettings(const CorrectionSetPtr& /*set*/)

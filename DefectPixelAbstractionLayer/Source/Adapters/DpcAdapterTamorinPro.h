@@ -1,9 +1,8 @@
 // The adapter for the Tamorin Pro camera family: numbered datasets, each a file of the generic file format.
 #pragma once
 
-#include "CameraAbstraction.h"
+#include "CameraAdapter.h"
 #include "CorrectionSetMetadata.h"
-#include "DpcAdapter.h"
 
 #include <boost/shared_ptr.hpp>
 
@@ -28,14 +27,12 @@ inline const std::string CORRECTION_SET_FACTORY = "Factory";
 
 // Sets begin with "DPC_", the user's with "DPC_User". Only single pixels can be stored. The family keeps metadata:
 // gain, exposure time and temperature at which a set was made.
-class DpcAdapterTamorinPro final : public DpcAdapter
+class DpcAdapterTamorinPro final : public CameraAdapter
 {
 public:
     // Reads the sensor size from the camera, and stops the camera from choosing datasets by itself.
     explicit DpcAdapterTamorinPro(const boost::shared_ptr<CameraAbstraction>& camera);
 
-    std::uint32_t GetSensorWidth() override;
-    std::uint32_t GetSensorHeight() override;
     // A second listing by the same adapter has all sets of the first one in front.
     std::vector<CorrectionSetPtr> GetAvailableCorrectionSets() override;
     std::vector<CorrectionSetPtr> GetAvailableCorrectionSetsWithMetadata() override;
@@ -44,7 +41,6 @@ public:
     void SetDefaultCorrectionSet(const CorrectionSetPtr& set) override;
     bool IsCorrectionSetEnabled(const CorrectionSetPtr& set) override;
     void SetCorrectionSetEnabled(const CorrectionSetPtr& set, const bool& enabled) override;
-    std::vector<SensorDefectType> GetAvailableDefectTypes() override;
     // False for an empty set.
     bool IsCorrectionSetReadable(const CorrectionSetPtr& set) override;
     SensorDefectList ReadCorrectionSet(const CorrectionSetPtr& set) override;
@@ -55,7 +51,6 @@ public:
     void WriteCorrectionSet(const CorrectionSetPtr& set, const SensorDefectList& defects) override;
     // A file of exactly the maximum size counts as too large; the end mark of its coordinates does not count.
     bool IsSpaceSufficient(const CorrectionSetPtr& set, const SensorDefectList& defects) override;
-    bool IsCorrectionSetValid(const CorrectionSetPtr& set, const SensorDefectList& defects) override;
     // Always throws.
     void RestoreFactorySettings(const CorrectionSetPtr& set) override;
     bool IsRestoreFactorySettingsAvailable(const CorrectionSetPtr& set) override;
@@ -86,10 +81,6 @@ private:
 
     std::vector<CorrectionSetPtr> m_correctionSets;
     int m_cacheState = 0; // 1: the sets are a listing, 2: one with metadata. No listing is kept for the next one so far
-    std::uint32_t m_sensorWidth;
-    std::uint32_t m_sensorHeight;
-    std::vector<SensorDefectType> m_supportedDefectTypes;
-    boost::shared_ptr<CameraAbstraction> m_camera;
 };
 
 } // namespace KTR::DPC

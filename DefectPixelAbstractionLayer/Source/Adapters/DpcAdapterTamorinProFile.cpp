@@ -173,7 +173,7 @@ bool DpcAdapterTamorinPro::IsSpaceSufficient(const CorrectionSetPtr& set, const 
     {
         fail("Could not get file for correction set " + set->getName());
     }
-    const auto head = GFF::CreateFileDpcTamorinPro(GFF::Bytes(), m_sensorHeight, m_sensorWidth, 0, 0, 0, 0);
+    const auto head = GFF::CreateFileDpcTamorinPro(GFF::Bytes(), GetSensorHeight(), GetSensorWidth(), 0, 0, 0, 0);
     return head.size() + CoordinateSize * defects.size() < file->GetSizeMax();
 }
 
@@ -184,10 +184,10 @@ void DpcAdapterTamorinPro::writeDescription(FileInterface& file, const Correctio
         (boost::format("Gain %.1f, %.1f %sC, %.0f %sS") % conditions.gain % conditions.temperature %
          TamorinPro::DEGREESIGN % conditions.exposure % TamorinPro::MICROSIGN)
             .str();
-    m_camera->SetFeatureEnumValue(TamorinPro::FILE_SELECTOR_FEATURE, file.GetName());
-    m_camera->SetFeatureStringValue("FileDescriptionBuffer", description);
-    m_camera->SetFeatureEnumValue("FileOperationSelector", "WriteDescription");
-    m_camera->RunFeatureCommand("FileOperationExecute");
+    camera()->SetFeatureEnumValue(TamorinPro::FILE_SELECTOR_FEATURE, file.GetName());
+    camera()->SetFeatureStringValue("FileDescriptionBuffer", description);
+    camera()->SetFeatureEnumValue("FileOperationSelector", "WriteDescription");
+    camera()->RunFeatureCommand("FileOperationExecute");
 }
 
 } // namespace KTR::DPC

@@ -107,15 +107,15 @@ boost::shared_ptr<SensorDefect> toSensorDefect(int x, int y, int width, int heig
     {
         return boost::make_shared<ColumnDefect>(number(x));
     }
-    if (width < 2 || height < 2 || width > sensorWidth || height > sensorHeight)
+    if (width < 2 || height < 2)
     {
         refuse("Could not identify sensor defect type");
     }
     return boost::make_shared<ClusterDefect>(number(x), number(y), number(width), number(height));
 }
 
-std::vector<std::uint8_t> encodeDefectRectangles(const SensorDefectList& defects, std::uint32_t sensorWidth,
-                                                 std::uint32_t sensorHeight)
+std::vector<std::uint8_t> convertToBinary(const SensorDefectList& defects, std::uint32_t sensorWidth,
+                                          std::uint32_t sensorHeight)
 {
     DataHelper records(true);
     for (const auto& defect : defects)
@@ -176,7 +176,7 @@ std::vector<std::uint8_t> endOfDefinition()
 std::vector<std::uint8_t> encodeDefectTable(const SensorDefectList& defects, std::uint32_t sensorWidth,
                                             std::uint32_t sensorHeight)
 {
-    auto memory = encodeDefectRectangles(defects, sensorWidth, sensorHeight);
+    auto memory = convertToBinary(defects, sensorWidth, sensorHeight);
     const auto mark = endOfDefinition();
     memory.insert(memory.end(), mark.begin(), mark.end());
     return memory;

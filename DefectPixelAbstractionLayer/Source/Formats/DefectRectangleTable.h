@@ -21,14 +21,14 @@ constexpr std::uint64_t END_OF_PACKET = 0xFFFFFFFFFFFFFFFF; // ends a packet tha
 } // namespace EstablishedGigE
 
 // The defect of a rectangle. The form has no rows and columns of its own: a whole row is a run as long as the sensor is
-// wide, a whole column one as long as it is high. Throws a KTR::System::Exception for a rectangle without area, and for
-// one larger than the sensor, which no list could hold.
+// wide, a whole column one as long as it is high. Throws a KTR::System::Exception for a rectangle without area. A
+// cluster takes as much memory as the rectangle has pixels: a size that comes from outside is checked first.
 boost::shared_ptr<SensorDefect> toSensorDefect(int x, int y, int width, int height, int sensorWidth, int sensorHeight);
 
 // The records of the defects, one each in list order. Sizes are those of the sensor. The rectangle of a cluster reaches
 // from the sensor's origin to the cluster's largest coordinates, exclusive. What reaches below 0 is left out.
-std::vector<std::uint8_t> encodeDefectRectangles(const SensorDefectList& defects, std::uint32_t sensorWidth,
-                                                 std::uint32_t sensorHeight);
+std::vector<std::uint8_t> convertToBinary(const SensorDefectList& defects, std::uint32_t sensorWidth,
+                                          std::uint32_t sensorHeight);
 // The defects of records, without any end mark. Throws for half a record, for what toSensorDefect refuses, and for
 // clusters that have more pixels together than the sensor.
 SensorDefectList decodeDefectRectangles(const std::vector<std::uint8_t>& records, std::uint32_t sensorWidth,

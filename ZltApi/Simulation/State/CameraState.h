@@ -26,10 +26,12 @@ struct ControlState
 // The folder of one camera. Holds no data itself: every call goes to the disk. A file that is missing or broken reads
 // as if it had never been written; a write that fails throws std::runtime_error with a full sentence.
 //
-//   control.json           plugged, covered, busy                             faults.json   fault rules
-//   files/NAME             the camera's permanent files                       nonvolatile.json   permanent feature
-//   values loaded/NAME, settings.json   what lasts as long as the camera has power   restart.json  when a restart is
-//   over
+// - control.json: plugged, covered, busy
+// - faults.json: fault rules
+// - files/NAME: the camera's permanent files
+// - nonvolatile.json: permanent feature values
+// - loaded/NAME, settings.json: what lasts as long as the camera has power
+// - restart.json: when a restart is over
 class CameraState
 {
 public:

@@ -1,0 +1,167 @@
+// Uploads to cameras that keep more or less than others: sets with the conditions of their making, and a camera that
+// puts a new set in force at once.
+#include "WindowSession.h"
+
+#include "CorrectionListWidget.h"
+#include "ModalAnswers.h"
+
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+
+namespace
+{
+
+class OtherFamiliesTest : public WindowSession
+{
+protected:
+    enum Row
+    {
+        Rivo,
+        Cooled
+    };
+
+    OtherFamiliesTest()
+        : WindowSession(R"({"cameras": [
+            {"id": "RIVO", "model": "Rivo U-1m", "serial": "2", "firmware": "rivo-u", "width": 320, "height": 240},
+            {"id": "COOLED", "model": "Tamorin Pro T-1m", "family": "Tamorin Pro", "serial": "1", "firmware": "tamorin-pro",
+             "width": 320, "height": 240, "frameRate": 50, "restartTime": 300, "temperatureControl": true,
+             "darkCurrent": 50, "covered": true}]})")
+    {
+    }
+
+    CorrectionListWidget& UserSets() const { return *Find<CorrectionListWidget>("userWidget"); }
+    QString Line(int index) const { return UserSets().GetComboBox()->itemText(index); }
+    void ChooseUserSet(int index) const
+    {
+        UserSets().GetComboBox()->setCurrentIndex(index);
+        Q_EMIT UserSets().GetComboBox()->activated(index);
+    }
+    void AddPixel(int x, int y) const { Model().addDefectItem(x, y, 1, 1, 0, DefectInfo::NewColor); }
+    // Types the conditions, notes the warning, and presses the button.
+    ModalAnswers::Answer Store(const char* gain, const char* exposure, const char* temperature, const char* button)
+    {
+        return [=](QDialog& dialog)
+        {
+            Type(::Find<QLineEdit>(dialog, "editGain"), gain);
+            Type(::Find<QLineEdit>(dialog, "editExposure"), exposure);
+            Type(::Find<QLineEdit>(dialog, "editTemperature"), temperature);
+            auto& label = ::Find<QLabel>(dialog, "labelWarning");
+            warning = label.isVisible() ? label.text() : QString();
+            ::Click(dialog, button);
+        };
+    }
+    // Of the live image, once it has all that was just switched in it.
+    int GreyAt(int x, int y) const
+    {
+        QTest::qWait(200);
+        return qGray(Image().pixel(x, y));
+    }
+
+    QString warning;
+};
+
+TEST_F(OtherFamiliesTest, SetsAreStoredWithTheirConditionsAndNoTwoWithTheSame)
+{
+    const auto emptySet = [](int index) { return QStringLiteral("%1. [Empty Set]").arg(index); };
+    ModalAnswers answers;
+    Pick(Cooled);
+    ASSERT_EQ(UserSets().GetComboBox()->count(), 8);
+    EXPECT_EQ(Line(1), emptySet(1));
+    EXPECT_EQ(Find<QLabel>("defaultSetValueLabel")->text(), "DPC_000");
+    answers.ThenClick("okButton");
+    UserSets().GetDefaultSetButton()->click();
+    EXPECT_TRUE(answers.Seen().back().contains("SetDefaultCorrectionSet not available on Tamorin Pro"));
+    EXPECT_EQ(Find<QLabel>("defaultSetValueLabel")->text(), "DPC_000");
+
+    // An empty list is asked for like everywhere; with a pixel the conditions are asked for.
+    ChooseUserSet(1);
+    answers.ThenClick("cancelButton");
+    Click("uploadToCameraButton");
+    EXPECT_TRUE(answers.Seen().back().contains("Overwrite current correction set 'DPC_User_2'"));
+    AddPixel(20, 21);
+    answers.Then(Store("1", "2000", "20", "exitButton"));
+    Click("uploadToCameraButton");
+    EXPECT_TRUE(answers.Seen().back().contains("Upload To Camera : DPC_User_2"));
+    EXPECT_TRUE(Model().hasUnsavedDefects());
+    EXPECT_FALSE(Loader().isVisible());
+    EXPECT_EQ(Line(1), emptySet(1)) << "nothing was written";
+
+    answers.Then(Store("1", "2000", "20", "buttonOK")).ThenClick("exitButton");
+    Click("uploadToCameraButton");
+    EXPECT_EQ(warning, "");
+    EXPECT_TRUE(answers.Seen().back().contains("Upload successful"));
+    EXPECT_FALSE(Model().hasUnsavedDefects());
+    EXPECT_EQ(Line(1), "1. Gain 1.0, 20.0\u00B0C, 2000\u00B5S");
+
+    // The second set of the same conditions takes the first one's place.
+    ChooseUserSet(4);
+    EXPECT_TRUE(Model().isEmpty());
+    AddPixel(30, 31);
+    AddPixel(33, 31);
+    answers.Then(Store("1.04", "2000", "20", "buttonOK")).ThenClick("exitButton");
+    Click("uploadToCameraButton");
+    EXPECT_EQ(warning, "WARNING: \nThe current metadata is equal to already existing Set 'DPC_User_2'.\n\"Overwrite\" "
+                       "would remove it and save the Set 'DPC_User_5'.");
+    EXPECT_TRUE(Model().isEmpty()) << "shows the set that was emptied";
+    EXPECT_EQ(Line(1), emptySet(1));
+    EXPECT_EQ(Line(4), "4. Gain 1.0, 20.0\u00B0C, 2000\u00B5S");
+
+    // As the camera tells it when it is opened anew.
+    Pick(Rivo);
+    Pick(Cooled);
+    EXPECT_EQ(Line(1), emptySet(1));
+    EXPECT_EQ(Line(4), "4. Gain 1.0, 20.0\u00B0C, 2000\u00B5S");
+    ChooseUserSet(4);
+    EXPECT_EQ(Model().getDefectList().size(), 2);
+}
+
+TEST_F(OtherFamiliesTest, AnUploadWithConditionsHidesThePixelAfterTheRestart)
+{
+    ModalAnswers answers;
+    Pick(Cooled);
+    ChooseUserSet(0);
+    // A bright pixel with dark ones on both sides and above and below.
+    const QImage dark = Image();
+    const auto grey = [&](int x, int y) { return qGray(dark.pixel(x, y)); };
+    QPoint hot(1, 1);
+    for (int i = dark.width() + 1; i < dark.width() * (dark.height() - 1) - 1 && grey(hot.x(), hot.y()) < 100; ++i)
+    {
+        const QPoint next(i % dark.width(), i / dark.width());
+        const bool inside = next.x() > 0 && next.x() < dark.width() - 1;
+        const auto [x, y] = std::pair(next.x(), next.y());
+        hot = inside && std::max({grey(x - 1, y), grey(x + 1, y), grey(x, y - 1), grey(x, y + 1)}) < 20 ? next : hot;
+    }
+    ASSERT_GE(GreyAt(hot.x(), hot.y()), 90);
+    AddPixel(hot.x(), hot.y());
+    answers.Then([](QDialog& dialog) { ::Click(dialog, "buttonOK"); }).ThenClick("okButton").ThenClick("okButton");
+    Click("uploadToCameraButton");
+    ASSERT_TRUE(Waits([&] { return answers.Seen().size() == 3; }));
+    EXPECT_TRUE(answers.Seen()[2].contains("Camera has been disconnected"));
+    Pick(Cooled);
+    ChooseUserSet(0);
+    ASSERT_EQ(Model().getDefectList().size(), 1);
+    UserSets().GetDpcEnableButton()->click();
+    EXPECT_EQ(Find<QLabel>("activeSetValueLabel")->text(), "DPC_User_1");
+    EXPECT_LT(GreyAt(hot.x(), hot.y()), 40);
+}
+
+TEST_F(OtherFamiliesTest, WhereASetIsInForceAtOnceNoRestartIsOffered)
+{
+    ModalAnswers answers;
+    Pick(Rivo);
+    for (const bool factory : {true, false})
+    {
+        ChooseUserSet(UserSets().findSet(factory ? "Factory" : "User"));
+        Model().clear();
+        AddPixel(20, 21);
+        answers.ThenClick("confirmButton");
+        factory ? answers.ThenClick("okButton") : answers;
+        Click("uploadToCameraButton");
+        EXPECT_EQ(answers.Seen().size(), factory ? 2U : 3U) << "nothing after the upload";
+        EXPECT_EQ(answers.Seen().back().contains("Factory set can't be overwritten!"), factory);
+        EXPECT_EQ(Model().getDefectList().size(), factory ? 0 : 1);
+    }
+}
+
+} // namespace
