@@ -23,8 +23,8 @@ namespace GenICam
 class Connection final
 {
 public:
-    // Throws AravisError. The function is called, on any thread and without a lock, when the camera is lost; it must
-    // not wait for anything.
+    // Throws AravisError. The function is called when the camera is lost, on any thread and perhaps under the camera's
+    // lock; it must not wait for anything.
     Connection(const FoundDevice& found, std::function<void()> lost);
     ~Connection();
     Connection(const Connection&) = delete;
