@@ -7,6 +7,7 @@ scripts/packages.sh build screenshots
 
 images=$(mkdir -p "${1:-docs/images}" && cd "${1:-docs/images}" && pwd)
 program=$PWD/build/bin/lorvane
+description=$PWD/tests/data/genicam/file-camera.xml
 [ -x "$program" ] || { echo "Build the program first: ./run --build" >&2; exit 1; }
 
 . scripts/display.sh
@@ -139,3 +140,17 @@ sleep 4
 choose_user_set
 click 1187 257 # the switch of the user's sets
 shoot correction-on 3
+
+# A real camera over its real protocol: the one in software that comes with Aravis.
+kill "$program_process"
+gone '^Lorvane$'
+arv-fake-gv-camera-0.8 -i 127.0.0.1 -s 17 -g "$description" &
+started+=($!)
+export ZLT_PROVIDER_PATH=$(dirname "$program")/../lib/zlt-genicam
+start_program "$program"
+sleep 1
+xdotool key Escape
+click 150 173
+sleep 4
+click 40 57 # the list of cameras once more
+shoot real-camera 1

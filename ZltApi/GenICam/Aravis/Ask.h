@@ -1,6 +1,7 @@
 // Calls of Aravis functions that report failures through their last argument.
 #pragma once
 
+#include "Guarded.h"
 #include "ZltApi/ResultCodes.h"
 
 #include <arv.h>
@@ -10,17 +11,7 @@
 namespace GenICam
 {
 
-// What went wrong, as the camera API tells it. Thrown inside the provider only.
-class AravisError final
-{
-public:
-    explicit AravisError(ZltErrorType code) : m_code(code) {}
-
-    ZltErrorType Code() const { return m_code; }
-
-private:
-    ZltErrorType m_code;
-};
+using AravisError = ProviderBase::Failure;
 
 ZltErrorType ResultOf(const GError& error);
 

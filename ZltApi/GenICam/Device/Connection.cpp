@@ -51,7 +51,8 @@ ZltErrorType Connection::End()
 void Connection::Release()
 {
     m_controlLoss.reset();
-    ObjectPtr<ArvDevice> device;
+    m_stream.Release();
+    DevicePtr device;
     const std::lock_guard lock(m_mutex);
     device = std::move(m_device);
 }
@@ -62,12 +63,6 @@ void Connection::Lose()
     {
         m_lost();
     }
-}
-
-void Connection::LoseToRestart()
-{
-    m_isRestarting = true;
-    Lose();
 }
 
 FeatureNode* Connection::FindFeature(const std::string& name)
@@ -87,6 +82,18 @@ FeatureNode* Connection::FindFeature(const std::string& name)
         }
     }
     return node != nullptr && node->IsImplemented() ? node : nullptr;
+}
+
+// A camera that refuses or keeps silent may have been taken by another program while this computer slept: the heartbeat
+// only sees that some program has it.
+void Connection::CheckControl()
+{
+    GError* error = nullptr;
+    if (ARV_IS_GV_DEVICE(m_device.get()) && arv_gv_device_take_control(ARV_GV_DEVICE(m_device.get()), &error) == FALSE)
+    {
+        g_clear_error(&error);
+        Lose();
+    }
 }
 
 // What a host sets up for itself; a USB camera needs nothing of the kind.

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Aravis/Ask.h"
-#include "Aravis/ObjectPtr.h"
+#include "Aravis/DevicePtr.h"
 #include "Device/CameraMemory.h"
 #include "Device/ControlLoss.h"
 #include "Discovery/FoundDevice.h"
@@ -13,7 +13,6 @@
 #include <functional>
 #include <memory>
 #include <mutex>
-#include <new>
 #include <string>
 
 namespace GenICam
@@ -24,8 +23,8 @@ namespace GenICam
 class Connection final
 {
 public:
-    // Throws AravisError. The function is called, on any thread and without a lock, when the camera is lost; it must
-    // not wait for anything.
+    // Throws AravisError. The function is called when the camera is lost, on any thread and perhaps under the camera's
+    // lock; it must not wait for anything.
     Connection(const FoundDevice& found, std::function<void()> lost);
     ~Connection();
     Connection(const Connection&) = delete;
@@ -35,23 +34,23 @@ public:
     // camera is closed or lost.
     template <typename Action> ZltErrorType Run(const Action& action) noexcept
     {
-        try
-        {
-            const std::lock_guard lock(m_mutex);
-            return m_isOpen && !m_isLost ? action() : ZltErrorDeviceNotOpen;
-        }
-        catch (const AravisError& error)
-        {
-            return error.Code();
-        }
-        catch (const std::bad_alloc&)
-        {
-            return ZltErrorResource;
-        }
-        catch (...)
-        {
-            return ZltErrorUnexpectedFault;
-        }
+        return ProviderBase::Guarded(
+            [&]
+            {
+                const std::lock_guard lock(m_mutex);
+                try
+                {
+                    return m_isOpen && !m_isLost ? action() : ZltErrorDeviceNotOpen;
+                }
+                catch (const AravisError& error)
+                {
+                    if (error.Code() == ZltErrorInvalidAccess || error.Code() == ZltErrorTimeout)
+                    {
+                        CheckControl();
+                    }
+                    throw;
+                }
+            });
     }
 
     // Ends the stream and refuses all further calls. ZltErrorInvalidCall within a frame callback. Leaves the camera
@@ -63,8 +62,8 @@ public:
     // Declares the camera gone.
     void Lose();
     bool IsLost() const { return m_isLost; }
-    // Declares the camera gone because it starts anew: it may answer for a while yet.
-    void LoseToRestart();
+    // What a loss would mean from now on: that the camera starts anew, and may answer for a while yet.
+    void ExpectRestart(bool isExpected) { m_isRestarting = isExpected; }
     bool IsRestarting() const { return m_isRestarting; }
 
     // What follows, inside Run or with the lock held.
@@ -81,8 +80,9 @@ public:
 
 private:
     void AddStreamFeatures();
+    void CheckControl();
 
-    ObjectPtr<ArvDevice> m_device;
+    DevicePtr m_device;
     CameraMemory m_memory;
     const std::function<void()> m_lost;
     std::mutex m_mutex;

@@ -12,6 +12,26 @@ namespace GenICam
 namespace
 {
 
+using ProviderBase::Guarded;
+
+// The feature that the function finds by its name, under the camera's lock.
+template <typename Finder>
+ZltErrorType FindFeature(const std::shared_ptr<Connection>& connection, const char* name, ZltApi::FeaturePtr& feature,
+                         const Finder& find)
+{
+    return connection->Run(
+        [&]
+        {
+            FeatureNode* const node = find(name);
+            if (node == nullptr)
+            {
+                return ZltErrorNotFound;
+            }
+            feature = std::make_shared<FeatureHandle>(connection, *node);
+            return ZltErrorSuccess;
+        });
+}
+
 class CameraStream final : public ZltApi::Stream
 {
 public:
@@ -19,81 +39,26 @@ public:
 
     ZltErrorType GetFeatures(std::vector<ZltApi::FeaturePtr>& features) override
     {
-        return m_connection->Run(
-            [&]
-            {
-                std::vector<ZltApi::FeaturePtr> list;
-                for (FeatureNode* const node : m_connection->StreamFeatures().All())
-                {
-                    list.push_back(std::make_shared<FeatureHandle>(m_connection, *node));
-                }
-                features = std::move(list);
-                return ZltErrorSuccess;
-            });
+        return FeatureHandle::List(m_connection, m_connection->StreamFeatures(), features);
     }
 
     ZltErrorType GetFeatureByName(const char* name, ZltApi::FeaturePtr& feature) override
     {
-        if (name == nullptr)
-        {
-            return ZltErrorBadParameter;
-        }
-        return m_connection->Run(
-            [&]
-            {
-                FeatureNode* const node = m_connection->StreamFeatures().Find(name);
-                if (node == nullptr)
-                {
-                    return ZltErrorNotFound;
-                }
-                feature = std::make_shared<FeatureHandle>(m_connection, *node);
-                return ZltErrorSuccess;
-            });
+        return name != nullptr
+                   ? FindFeature(m_connection, name, feature,
+                                 [this](const char* wanted) { return m_connection->StreamFeatures().Find(wanted); })
+                   : ZltErrorBadParameter;
     }
 
 private:
     const std::shared_ptr<Connection> m_connection;
 };
 
-// Nothing thrown may leave the provider.
-template <typename Action> ZltErrorType Guarded(const Action& action) noexcept
-{
-    try
-    {
-        return action();
-    }
-    catch (const AravisError& error)
-    {
-        return error.Code();
-    }
-    catch (const std::bad_alloc&)
-    {
-        return ZltErrorResource;
-    }
-    catch (...)
-    {
-        return ZltErrorUnexpectedFault;
-    }
-}
-
-ZltErrorType Copy(const std::string& from, std::string& to)
-{
-    return Guarded(
-        [&]
-        {
-            to = from;
-            return ZltErrorSuccess;
-        });
-}
-
 } // namespace
 
-GenICamCamera::GenICamCamera(FoundDevice found, std::string name, ZltApi::TransportLayerPtr transportLayer,
-                             std::string interfaceId, std::function<void()> lost)
-    : m_found(std::move(found)),
-      m_name(std::move(name)),
-      m_transportLayer(std::move(transportLayer)),
-      m_interfaceId(std::move(interfaceId)),
+GenICamCamera::GenICamCamera(FoundDevice found, ProviderBase::CameraIdentity identity, std::function<void()> lost)
+    : BasicCamera(std::move(identity)),
+      m_found(std::move(found)),
       m_lost(std::move(lost))
 {
 }
@@ -137,24 +102,8 @@ std::shared_ptr<Connection> GenICamCamera::Leave()
 
 ZltErrorType GenICamCamera::GetFeatures(std::vector<ZltApi::FeaturePtr>& features)
 {
-    return WithConnection(
-        [&](const std::shared_ptr<Connection>& connection)
-        {
-            return connection->Run(
-                [&]
-                {
-                    std::vector<ZltApi::FeaturePtr> list;
-                    for (FeatureNode* const node : connection->Features().All())
-                    {
-                        if (node->IsImplemented())
-                        {
-                            list.push_back(std::make_shared<FeatureHandle>(connection, *node));
-                        }
-                    }
-                    features = std::move(list);
-                    return ZltErrorSuccess;
-                });
-        });
+    return WithConnection([&](const std::shared_ptr<Connection>& connection)
+                          { return FeatureHandle::List(connection, connection->Features(), features); });
 }
 
 ZltErrorType GenICamCamera::GetFeatureByName(const char* name, ZltApi::FeaturePtr& feature)
@@ -166,49 +115,9 @@ ZltErrorType GenICamCamera::GetFeatureByName(const char* name, ZltApi::FeaturePt
     return WithConnection(
         [&](const std::shared_ptr<Connection>& connection)
         {
-            return connection->Run(
-                [&]
-                {
-                    FeatureNode* const node = connection->FindFeature(name);
-                    if (node == nullptr)
-                    {
-                        return ZltErrorNotFound;
-                    }
-                    feature = std::make_shared<FeatureHandle>(connection, *node);
-                    return ZltErrorSuccess;
-                });
+            return FindFeature(connection, name, feature,
+                               [&](const char* wanted) { return connection->FindFeature(wanted); });
         });
-}
-
-ZltErrorType GenICamCamera::GetID(std::string& id) const
-{
-    return Copy(m_found.id, id);
-}
-
-ZltErrorType GenICamCamera::GetName(std::string& name) const
-{
-    return Copy(m_name, name);
-}
-
-ZltErrorType GenICamCamera::GetModel(std::string& model) const
-{
-    return Copy(m_found.model, model);
-}
-
-ZltErrorType GenICamCamera::GetSerialNumber(std::string& serialNumber) const
-{
-    return Copy(m_found.serialNumber, serialNumber);
-}
-
-ZltErrorType GenICamCamera::GetInterfaceID(std::string& interfaceId) const
-{
-    return Copy(m_interfaceId, interfaceId);
-}
-
-ZltErrorType GenICamCamera::GetTransportLayer(ZltApi::TransportLayerPtr& transportLayer) const
-{
-    transportLayer = m_transportLayer;
-    return ZltErrorSuccess;
 }
 
 ZltErrorType GenICamCamera::GetPermittedAccess(std::uint32_t& accessMask) const

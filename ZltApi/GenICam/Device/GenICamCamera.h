@@ -1,27 +1,25 @@
 // A real camera as the camera API hands it out.
 #pragma once
 
+#include "BasicCamera.h"
 #include "Device/Connection.h"
 #include "Discovery/FoundDevice.h"
-#include "ZltApi/Camera.h"
 
 #include <atomic>
 #include <functional>
 #include <memory>
 #include <mutex>
-#include <string>
 #include <vector>
 
 namespace GenICam
 {
 
 // From one plugging in to the next unplugging. Thread-safe.
-class GenICamCamera final : public ZltApi::Camera
+class GenICamCamera final : public ProviderBase::BasicCamera
 {
 public:
     // lost is called, on any thread, when the open camera is lost; it must not wait for anything. Leave must follow.
-    GenICamCamera(FoundDevice found, std::string name, ZltApi::TransportLayerPtr transportLayer,
-                  std::string interfaceId, std::function<void()> lost);
+    GenICamCamera(FoundDevice found, ProviderBase::CameraIdentity identity, std::function<void()> lost);
 
     const FoundDevice& Found() const { return m_found; }
     // Whether this object holds the camera or is about to, and how often it has begun to.
@@ -38,12 +36,6 @@ public:
     ZltErrorType GetFeatures(std::vector<ZltApi::FeaturePtr>& features) override;
     ZltErrorType GetFeatureByName(const char* name, ZltApi::FeaturePtr& feature) override;
 
-    ZltErrorType GetID(std::string& id) const override;
-    ZltErrorType GetName(std::string& name) const override;
-    ZltErrorType GetModel(std::string& model) const override;
-    ZltErrorType GetSerialNumber(std::string& serialNumber) const override;
-    ZltErrorType GetInterfaceID(std::string& interfaceId) const override;
-    ZltErrorType GetTransportLayer(ZltApi::TransportLayerPtr& transportLayer) const override;
     ZltErrorType GetPermittedAccess(std::uint32_t& accessMask) const override;
 
     ZltErrorType Open(ZltApi::AccessMode mode) override;
@@ -65,9 +57,6 @@ private:
     template <typename Action> ZltErrorType WithConnection(const Action& action) const noexcept;
 
     const FoundDevice m_found;
-    const std::string m_name;
-    const ZltApi::TransportLayerPtr m_transportLayer;
-    const std::string m_interfaceId;
     const std::function<void()> m_lost;
 
     std::mutex m_control;  // serialises Open and Close

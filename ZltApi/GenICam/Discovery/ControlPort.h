@@ -13,7 +13,7 @@ enum class ControlState
 {
     Free,
     Held,
-    Unknown // no answer
+    Unknown // no answer, or not there
 };
 
 // Speaks the GigE Vision control protocol just far enough to read what any program may read of a camera that another

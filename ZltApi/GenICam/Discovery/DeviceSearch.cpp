@@ -2,6 +2,7 @@
 #include "Discovery/DeviceSearch.h"
 
 #include "Aravis/Ask.h"
+#include "Aravis/ObjectPtr.h"
 #include "Discovery/NetworkInterfaces.h"
 #include "Discovery/UsbHolder.h"
 
@@ -41,7 +42,7 @@ void Search(ArvInterface* interface, Technology technology, std::vector<FoundDev
     }
 }
 
-ObjectPtr<ArvDevice> OpenGigEVision(const FoundDevice& found)
+DevicePtr OpenGigEVision(const FoundDevice& found)
 {
     const ObjectPtr<GInetAddress> camera(g_inet_address_new_from_string(found.address.c_str()));
     const ObjectPtr<GInetAddress> computer(
@@ -50,7 +51,7 @@ ObjectPtr<ArvDevice> OpenGigEVision(const FoundDevice& found)
     {
         throw AravisError(ZltErrorNotFound);
     }
-    ObjectPtr<ArvDevice> device(Ask(arv_gv_device_new, computer.get(), camera.get()));
+    DevicePtr device(Ask(arv_gv_device_new, computer.get(), camera.get()));
     // Somebody else may have been faster. Then Aravis opens the camera all the same, for reading only.
     if (device && arv_gv_device_is_controller(ARV_GV_DEVICE(device.get())) == FALSE)
     {
@@ -59,10 +60,10 @@ ObjectPtr<ArvDevice> OpenGigEVision(const FoundDevice& found)
     return device;
 }
 
-ObjectPtr<ArvDevice> OpenUsb3Vision(const FoundDevice& found)
+DevicePtr OpenUsb3Vision(const FoundDevice& found)
 {
     const std::lock_guard lock(g_usbMutex);
-    return ObjectPtr<ArvDevice>(Ask(arv_interface_open_device, arv_uv_interface_get_instance(), found.id.c_str()));
+    return DevicePtr(Ask(arv_interface_open_device, arv_uv_interface_get_instance(), found.id.c_str()));
 }
 
 } // namespace
@@ -82,10 +83,10 @@ ControlState ReadControlState(const FoundDevice& device)
     {
         return ControlPort(device.address).ReadControlState();
     }
-    return IsUsbDeviceHeld(device.serialNumber) ? ControlState::Held : ControlState::Free;
+    return ReadUsbControlState(device.serialNumber);
 }
 
-ObjectPtr<ArvDevice> OpenDevice(const FoundDevice& found)
+DevicePtr OpenDevice(const FoundDevice& found)
 {
     // Aravis would try for seconds to get what another program does not give.
     const ControlState state = ReadControlState(found);
@@ -93,8 +94,7 @@ ObjectPtr<ArvDevice> OpenDevice(const FoundDevice& found)
     {
         throw AravisError(state == ControlState::Held ? ZltErrorInvalidAccess : ZltErrorNotFound);
     }
-    ObjectPtr<ArvDevice> device =
-        found.technology == Technology::GigEVision ? OpenGigEVision(found) : OpenUsb3Vision(found);
+    DevicePtr device = found.technology == Technology::GigEVision ? OpenGigEVision(found) : OpenUsb3Vision(found);
     if (!device)
     {
         throw AravisError(ZltErrorNotFound);

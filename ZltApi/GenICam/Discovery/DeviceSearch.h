@@ -1,7 +1,7 @@
 // The search for cameras on networks and USB.
 #pragma once
 
-#include "Aravis/ObjectPtr.h"
+#include "Aravis/DevicePtr.h"
 #include "Discovery/ControlPort.h"
 #include "Discovery/FoundDevice.h"
 
@@ -18,7 +18,7 @@ std::vector<FoundDevice> SearchDevices();
 
 // Opens a camera that a search has found. Neither waits for a search nor makes one. Throws AravisError:
 // ZltErrorInvalidAccess when a program controls the camera, ZltErrorNotFound when it does not answer. Thread-safe.
-ObjectPtr<ArvDevice> OpenDevice(const FoundDevice& device);
+DevicePtr OpenDevice(const FoundDevice& device);
 
 // Whether a program controls the camera now. Thread-safe.
 ControlState ReadControlState(const FoundDevice& device);

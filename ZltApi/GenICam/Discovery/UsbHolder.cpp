@@ -1,4 +1,4 @@
-// Whether some program holds a USB camera.
+// Whether a USB camera is there, and whether some program holds it.
 #include "Discovery/UsbHolder.h"
 
 #include <fstream>
@@ -39,18 +39,22 @@ bool HasClaimedInterface(const std::filesystem::path& devices, const std::string
 
 } // namespace
 
-bool IsUsbDeviceHeld(const std::string& serialNumber, const std::filesystem::path& devices)
+ControlState ReadUsbControlState(const std::string& serialNumber, const std::filesystem::path& devices)
 {
     std::error_code error;
+    if (serialNumber.empty() || !std::filesystem::is_directory(devices, error))
+    {
+        return ControlState::Free;
+    }
     for (std::filesystem::directory_iterator entry(devices, error), end; !error && entry != end; entry.increment(error))
     {
-        if (!serialNumber.empty() && FirstLine(entry->path() / "serial") == serialNumber &&
-            HasClaimedInterface(devices, entry->path().filename().string()))
+        if (FirstLine(entry->path() / "serial") == serialNumber)
         {
-            return true;
+            return HasClaimedInterface(devices, entry->path().filename().string()) ? ControlState::Held
+                                                                                   : ControlState::Free;
         }
     }
-    return false;
+    return error ? ControlState::Free : ControlState::Unknown;
 }
 
 } // namespace GenICam

@@ -1,5 +1,7 @@
-// Whether some program holds a USB camera.
+// Whether a USB camera is there, and whether some program holds it.
 #pragma once
+
+#include "Discovery/ControlPort.h"
 
 #include <filesystem>
 #include <string>
@@ -7,8 +9,9 @@
 namespace GenICam
 {
 
-// Looks, without touching the camera, whether a program has claimed an interface of the USB device with that serial
-// number. The folder is the kernel's list of USB devices.
-bool IsUsbDeviceHeld(const std::string& serialNumber, const std::filesystem::path& devices = "/sys/bus/usb/devices");
+// Looks, without touching the camera, for the USB device with that serial number, and whether a program has claimed an
+// interface of it. The folder is the kernel's list of USB devices; without one every camera counts as free.
+ControlState ReadUsbControlState(const std::string& serialNumber,
+                                 const std::filesystem::path& devices = "/sys/bus/usb/devices");
 
 } // namespace GenICam

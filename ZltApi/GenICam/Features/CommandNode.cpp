@@ -30,7 +30,7 @@ ZltErrorType CommandNode::Run()
 }
 
 // A camera that tells shows the command's number until it has finished. One that does not tell has finished at once.
-ZltErrorType CommandNode::IsDone(bool& done)
+ZltErrorType CommandNode::IsDone(bool& done) const
 {
     ArvGcNode* const source = ValueSource(ARV_GC_NODE(m_command));
     if (!ARV_IS_GC_INTEGER(source) || !ARV_IS_GC_FEATURE_NODE(source) ||

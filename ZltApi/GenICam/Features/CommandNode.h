@@ -15,9 +15,9 @@ public:
     {
     }
 
-    bool IsReadable() override { return false; }
+    bool IsReadable() const override { return false; }
     ZltErrorType Run() override;
-    ZltErrorType IsDone(bool& done) override;
+    ZltErrorType IsDone(bool& done) const override;
 
 private:
     ArvGcCommand* const m_command;

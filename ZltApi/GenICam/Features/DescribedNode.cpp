@@ -48,7 +48,7 @@ DescribedNode::DescribedNode(ArvGcFeatureNode* node, std::string name, ZltFeatur
     }
 }
 
-bool DescribedNode::IsImplemented()
+bool DescribedNode::IsImplemented() const
 {
     if (!m_isImplemented)
     {
@@ -59,19 +59,19 @@ bool DescribedNode::IsImplemented()
     return *m_isImplemented;
 }
 
-bool DescribedNode::IsAvailable()
+bool DescribedNode::IsAvailable() const
 {
     return IsImplemented() &&
            std::all_of(m_chain.begin(), m_chain.end(),
                        [](ArvGcFeatureNode* link) { return Ask(arv_gc_feature_node_is_available, link) != FALSE; });
 }
 
-bool DescribedNode::IsReadable()
+bool DescribedNode::IsReadable() const
 {
     return arv_gc_feature_node_get_actual_access_mode(Node()) != ARV_GC_ACCESS_MODE_WO && IsAvailable();
 }
 
-bool DescribedNode::IsWritable()
+bool DescribedNode::IsWritable() const
 {
     return arv_gc_feature_node_get_actual_access_mode(Node()) != ARV_GC_ACCESS_MODE_RO && IsAvailable() &&
            std::none_of(m_chain.begin(), m_chain.end(),

@@ -17,20 +17,20 @@ class DescribedNode : public FeatureNode
 public:
     DescribedNode(ArvGcFeatureNode* node, std::string name, ZltFeatureDataType type);
 
-    bool IsImplemented() override;
-    bool IsReadable() override;
-    bool IsWritable() override;
+    bool IsImplemented() const override;
+    bool IsReadable() const override;
+    bool IsWritable() const override;
 
 protected:
     ArvGcFeatureNode* Node() const { return m_chain.front(); }
 
 private:
-    bool IsAvailable();
+    bool IsAvailable() const;
 
     // The node itself and then those from which it takes its value, one after the other. Each can be unavailable or
     // locked in its own right.
     std::vector<ArvGcFeatureNode*> m_chain;
-    std::optional<bool> m_isImplemented;
+    mutable std::optional<bool> m_isImplemented;
 };
 
 // The node that another one names as the source of its value; null when there is none.

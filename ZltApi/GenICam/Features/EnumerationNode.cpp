@@ -46,13 +46,13 @@ ArvGcEnumEntry* EnumerationNode::Find(const std::string& name) const
     return found != m_entries.end() ? *found : nullptr;
 }
 
-ZltErrorType EnumerationNode::Get(std::int64_t& value)
+ZltErrorType EnumerationNode::Get(std::int64_t& value) const
 {
     value = Ask(arv_gc_enumeration_get_int_value, m_enumeration);
     return ZltErrorSuccess;
 }
 
-ZltErrorType EnumerationNode::Get(std::string& value)
+ZltErrorType EnumerationNode::Get(std::string& value) const
 {
     const gint64 number = Ask(arv_gc_enumeration_get_int_value, m_enumeration);
     for (ArvGcEnumEntry* const entry : m_entries)
@@ -89,7 +89,7 @@ ZltErrorType EnumerationNode::Set(const std::string& value)
     return Select(Find(value));
 }
 
-ZltErrorType EnumerationNode::Entries(std::vector<Entry>& entries)
+ZltErrorType EnumerationNode::ListEntries(std::vector<Entry>& entries) const
 {
     std::vector<Entry> list;
     for (ArvGcEnumEntry* const entry : m_entries)
@@ -100,7 +100,7 @@ ZltErrorType EnumerationNode::Entries(std::vector<Entry>& entries)
     return ZltErrorSuccess;
 }
 
-ZltErrorType EnumerationNode::IsEntryAvailable(const std::string& name, bool& available)
+ZltErrorType EnumerationNode::IsEntryAvailable(const std::string& name, bool& available) const
 {
     ArvGcEnumEntry* const entry = Find(name);
     if (entry == nullptr)

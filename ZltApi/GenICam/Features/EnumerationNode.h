@@ -13,12 +13,12 @@ public:
 
     using DescribedNode::Get;
     using DescribedNode::Set;
-    ZltErrorType Get(std::int64_t& value) override;
-    ZltErrorType Get(std::string& value) override;
+    ZltErrorType Get(std::int64_t& value) const override;
+    ZltErrorType Get(std::string& value) const override;
     ZltErrorType Set(std::int64_t value) override;
     ZltErrorType Set(const std::string& value) override;
-    ZltErrorType Entries(std::vector<Entry>& entries) override;
-    ZltErrorType IsEntryAvailable(const std::string& name, bool& available) override;
+    ZltErrorType ListEntries(std::vector<Entry>& entries) const override;
+    ZltErrorType IsEntryAvailable(const std::string& name, bool& available) const override;
 
 private:
     ArvGcEnumEntry* Find(const std::string& name) const;

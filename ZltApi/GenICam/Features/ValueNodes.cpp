@@ -17,7 +17,7 @@ constexpr std::uint64_t LongestRegister = 16U << 20U; // bytes
 
 } // namespace
 
-ZltErrorType IntegerNode::Get(std::int64_t& value)
+ZltErrorType IntegerNode::Get(std::int64_t& value) const
 {
     value = Ask(arv_gc_integer_get_value, m_integer);
     return ZltErrorSuccess;
@@ -40,7 +40,7 @@ ZltErrorType IntegerNode::Set(std::int64_t value)
     return ZltErrorSuccess;
 }
 
-ZltErrorType IntegerNode::Range(std::int64_t& minimum, std::int64_t& maximum)
+ZltErrorType IntegerNode::Range(std::int64_t& minimum, std::int64_t& maximum) const
 {
     const std::int64_t lowest = AskOptional(arv_gc_integer_get_min, m_integer);
     maximum = AskOptional(arv_gc_integer_get_max, m_integer);
@@ -48,13 +48,13 @@ ZltErrorType IntegerNode::Range(std::int64_t& minimum, std::int64_t& maximum)
     return ZltErrorSuccess;
 }
 
-ZltErrorType IntegerNode::Increment(std::int64_t& increment)
+ZltErrorType IntegerNode::Increment(std::int64_t& increment) const
 {
     increment = std::max<std::int64_t>(AskOptional(arv_gc_integer_get_inc, m_integer), 1);
     return ZltErrorSuccess;
 }
 
-ZltErrorType FloatNode::Get(double& value)
+ZltErrorType FloatNode::Get(double& value) const
 {
     value = Ask(arv_gc_float_get_value, m_float);
     return ZltErrorSuccess;
@@ -80,7 +80,7 @@ ZltErrorType FloatNode::Set(double value)
     return ZltErrorSuccess;
 }
 
-ZltErrorType FloatNode::Range(double& minimum, double& maximum)
+ZltErrorType FloatNode::Range(double& minimum, double& maximum) const
 {
     const double lowest = AskOptional(arv_gc_float_get_min, m_float);
     maximum = AskOptional(arv_gc_float_get_max, m_float);
@@ -88,7 +88,7 @@ ZltErrorType FloatNode::Range(double& minimum, double& maximum)
     return ZltErrorSuccess;
 }
 
-ZltErrorType FloatNode::Increment(double& increment)
+ZltErrorType FloatNode::Increment(double& increment) const
 {
     const double step = AskOptional(arv_gc_float_get_inc, m_float);
     if (!(step > G_MINDOUBLE)) // which stands for none
@@ -99,7 +99,7 @@ ZltErrorType FloatNode::Increment(double& increment)
     return ZltErrorSuccess;
 }
 
-ZltErrorType BooleanNode::Get(bool& value)
+ZltErrorType BooleanNode::Get(bool& value) const
 {
     value = Ask(arv_gc_boolean_get_value, m_boolean) != FALSE;
     return ZltErrorSuccess;
@@ -111,7 +111,7 @@ ZltErrorType BooleanNode::Set(bool value)
     return ZltErrorSuccess;
 }
 
-ZltErrorType StringNode::Get(std::string& value)
+ZltErrorType StringNode::Get(std::string& value) const
 {
     const char* const text = Ask(arv_gc_string_get_value, m_string);
     value = text != nullptr ? text : "";
@@ -139,7 +139,7 @@ std::size_t RawNode::Length() const
     return static_cast<std::size_t>(length);
 }
 
-ZltErrorType RawNode::Get(Bytes& value)
+ZltErrorType RawNode::Get(Bytes& value) const
 {
     Bytes bytes(Length());
     m_memory.Read(Ask(arv_gc_register_get_address, m_register), bytes);

@@ -21,10 +21,10 @@ public:
     using DescribedNode::Increment;
     using DescribedNode::Range;
     using DescribedNode::Set;
-    ZltErrorType Get(std::int64_t& value) override;
+    ZltErrorType Get(std::int64_t& value) const override;
     ZltErrorType Set(std::int64_t value) override;
-    ZltErrorType Range(std::int64_t& minimum, std::int64_t& maximum) override;
-    ZltErrorType Increment(std::int64_t& increment) override;
+    ZltErrorType Range(std::int64_t& minimum, std::int64_t& maximum) const override;
+    ZltErrorType Increment(std::int64_t& increment) const override;
 
 private:
     ArvGcInteger* const m_integer;
@@ -43,10 +43,10 @@ public:
     using DescribedNode::Increment;
     using DescribedNode::Range;
     using DescribedNode::Set;
-    ZltErrorType Get(double& value) override;
+    ZltErrorType Get(double& value) const override;
     ZltErrorType Set(double value) override;
-    ZltErrorType Range(double& minimum, double& maximum) override;
-    ZltErrorType Increment(double& increment) override;
+    ZltErrorType Range(double& minimum, double& maximum) const override;
+    ZltErrorType Increment(double& increment) const override;
 
 private:
     ArvGcFloat* const m_float;
@@ -63,7 +63,7 @@ public:
 
     using DescribedNode::Get;
     using DescribedNode::Set;
-    ZltErrorType Get(bool& value) override;
+    ZltErrorType Get(bool& value) const override;
     ZltErrorType Set(bool value) override;
 
 private:
@@ -81,7 +81,7 @@ public:
 
     using DescribedNode::Get;
     using DescribedNode::Set;
-    ZltErrorType Get(std::string& value) override;
+    ZltErrorType Get(std::string& value) const override;
     ZltErrorType Set(const std::string& value) override;
 
 private:
@@ -101,7 +101,7 @@ public:
 
     using DescribedNode::Get;
     using DescribedNode::Set;
-    ZltErrorType Get(Bytes& value) override;
+    ZltErrorType Get(Bytes& value) const override;
     ZltErrorType Set(const Bytes& value) override;
 
 private:

@@ -3,6 +3,7 @@
 
 #include "Discovery/ControlPort.h"
 #include "Discovery/DeviceSearch.h"
+#include "NamedPlaces.h"
 
 #include <algorithm>
 #include <exception>
@@ -22,46 +23,8 @@ constexpr int MostMissed = 2; // one answer may get lost on the network
 // A camera that starts anew may answer until it really goes, and some are so quick that no search misses them.
 constexpr std::chrono::seconds RestartGrace{15};
 
-class NamedTransportLayer final : public ZltApi::TransportLayer
-{
-public:
-    explicit NamedTransportLayer(const char* name) : m_name(name) {}
-
-    ZltErrorType GetVendor(std::string& vendor) const override
-    {
-        vendor = "Korvath";
-        return ZltErrorSuccess;
-    }
-    ZltErrorType GetName(std::string& name) const override
-    {
-        name = m_name;
-        return ZltErrorSuccess;
-    }
-
-private:
-    const char* const m_name;
-};
-
-class NamedInterface final : public ZltApi::Interface
-{
-public:
-    NamedInterface(std::string id, std::string name) : m_id(std::move(id)), m_name(std::move(name)) {}
-
-    ZltErrorType GetID(std::string& id) const override
-    {
-        id = m_id;
-        return ZltErrorSuccess;
-    }
-    ZltErrorType GetName(std::string& name) const override
-    {
-        name = m_name;
-        return ZltErrorSuccess;
-    }
-
-private:
-    const std::string m_id;
-    const std::string m_name;
-};
+using ProviderBase::NamedInterface;
+using ProviderBase::NamedTransportLayer;
 
 ZltApi::InterfacePtr MakeInterface(const NetworkInterface& network)
 {
@@ -245,17 +208,22 @@ void GenICamProvider::ForgetRestarts(const std::vector<FoundDevice>& found)
 
 void GenICamProvider::UpdateCameras(const std::vector<FoundDevice>& found)
 {
-    const auto find = [&](const CameraPtr& camera)
+    const auto isThere = [&](const GenICamCamera& camera)
     {
-        return std::find_if(found.begin(), found.end(),
-                            [&](const FoundDevice& device)
-                            { return device.id == camera->Found().id && device.address == camera->Found().address; });
+        const FoundDevice& known = camera.Found();
+        if (camera.IsInUse())
+        {
+            // The connection itself knows best, but on USB only for as long as it asks.
+            return known.technology == Technology::GigEVision || ReadControlState(known) != ControlState::Unknown;
+        }
+        return std::any_of(found.begin(), found.end(),
+                           [&](const FoundDevice& device)
+                           { return device.id == known.id && device.address == known.address; });
     };
     std::vector<CameraPtr> gone;
     for (Slot& slot : m_slots)
     {
-        // Of an open camera the connection itself knows best.
-        slot.missed = find(slot.camera) != found.end() || slot.camera->IsInUse() ? 0 : slot.missed + 1;
+        slot.missed = isThere(*slot.camera) ? 0 : slot.missed + 1;
         if (slot.missed >= MostMissed)
         {
             gone.push_back(slot.camera);
@@ -287,8 +255,11 @@ GenICamProvider::CameraPtr GenICamProvider::MakeCamera(const FoundDevice& found)
     const bool isGigEVision = found.technology == Technology::GigEVision;
     const std::string name = isGigEVision ? ControlPort(found.address).ReadUserName() : std::string();
     return std::make_shared<GenICamCamera>(
-        found, name.empty() ? found.model : name, isGigEVision ? m_gigEVision : m_usb3Vision,
-        isGigEVision ? InterfaceTowards(found.address).name : UsbInterfaceId, [alarm = m_alarm] { alarm->Ring(); });
+        found,
+        ProviderBase::CameraIdentity{found.id, name.empty() ? found.model : name, found.model, found.serialNumber,
+                                     isGigEVision ? InterfaceTowards(found.address).name : UsbInterfaceId,
+                                     isGigEVision ? m_gigEVision : m_usb3Vision},
+        [alarm = m_alarm] { alarm->Ring(); });
 }
 
 void GenICamProvider::UpdateAccess()

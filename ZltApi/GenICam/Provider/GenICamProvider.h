@@ -1,9 +1,9 @@
 // The provider of real cameras.
 #pragma once
 
+#include "Aravis/Alarm.h"
 #include "Device/GenICamCamera.h"
 #include "Discovery/NetworkInterfaces.h"
-#include "Provider/Alarm.h"
 #include "ZltApi/Provider.h"
 
 #include <atomic>

@@ -34,94 +34,53 @@ std::uint64_t ImageShape::Size() const
 }
 
 AravisFrame::AravisFrame(std::size_t size, const ImageShape& expected)
-    : m_bytes(size),
-      m_buffer(arv_buffer_new(size, m_bytes.data())),
-      m_image(m_bytes.data()),
-      m_imageSize(size),
-      m_expected(expected),
-      m_shape(expected)
+    : BasicFrame(size),
+      m_buffer(arv_buffer_new(size, Data())),
+      m_expected(expected)
 {
 }
 
 void AravisFrame::Describe(std::uint64_t id)
 {
-    m_id = id;
-    m_status = StatusOf(arv_buffer_get_status(m_buffer.get()));
-    m_image = m_bytes.data();
-    m_imageSize = m_bytes.size();
-    m_shape = m_expected;
-    // A camera that sends less than it says must not lead anybody behind the end of the image.
-    if (m_status == ZltApi::FrameStatusComplete && (!DescribeImage() || m_imageSize < m_shape.Size()))
+    Content content{m_expected.width, m_expected.height, m_expected.pixelFormat, id,
+                    StatusOf(arv_buffer_get_status(m_buffer.get()))};
+    Place place{0, Size()};
+    if (content.status == ZltApi::FrameStatusComplete) // Aravis describes no others
     {
-        m_status = ZltApi::FrameStatusIncomplete;
+        content.status = FindImage(content, place);
     }
+    SetContent(content, place.offset, place.size);
 }
 
-// Aravis describes complete images only.
-bool AravisFrame::DescribeImage()
+ZltApi::FrameStatus AravisFrame::FindImage(Content& content, Place& place)
 {
     ArvBuffer* const buffer = m_buffer.get();
     const ArvBufferPayloadType payload = arv_buffer_get_payload_type(buffer);
     if ((payload != ARV_BUFFER_PAYLOAD_TYPE_IMAGE && payload != ARV_BUFFER_PAYLOAD_TYPE_EXTENDED_CHUNK_DATA) ||
         arv_buffer_get_n_parts(buffer) == 0)
     {
-        return false;
+        return ZltApi::FrameStatusIncomplete;
     }
     size_t size = 0;
     const auto* const data = static_cast<const unsigned char*>(arv_buffer_get_image_data(buffer, &size));
-    const auto offset = data != nullptr ? static_cast<std::uint64_t>(data - m_bytes.data()) : m_bytes.size() + 1;
-    if (offset > m_bytes.size() || size > m_bytes.size() - offset)
+    const auto offset = data != nullptr ? static_cast<std::uint64_t>(data - Data()) : Size() + 1;
+    if (offset > Size() || size > Size() - offset)
     {
-        return false;
+        return ZltApi::FrameStatusIncomplete;
     }
-    m_image = m_bytes.data() + offset;
-    m_imageSize = size;
-    m_shape = {static_cast<std::uint32_t>(arv_buffer_get_image_width(buffer)),
-               static_cast<std::uint32_t>(arv_buffer_get_image_height(buffer)),
-               arv_buffer_get_image_pixel_format(buffer)};
-    return true;
-}
-
-ZltErrorType AravisFrame::GetImage(unsigned char*& image)
-{
-    image = m_image;
-    return ZltErrorSuccess;
-}
-
-ZltErrorType AravisFrame::GetReceiveStatus(ZltApi::FrameStatus& status) const
-{
-    status = m_status;
-    return ZltErrorSuccess;
-}
-
-ZltErrorType AravisFrame::GetBufferSize(std::uint64_t& bytes) const
-{
-    bytes = m_imageSize;
-    return ZltErrorSuccess;
-}
-
-ZltErrorType AravisFrame::GetWidth(std::uint32_t& width) const
-{
-    width = m_shape.width;
-    return ZltErrorSuccess;
-}
-
-ZltErrorType AravisFrame::GetHeight(std::uint32_t& height) const
-{
-    height = m_shape.height;
-    return ZltErrorSuccess;
-}
-
-ZltErrorType AravisFrame::GetPixelFormat(std::uint32_t& format) const
-{
-    format = m_shape.pixelFormat;
-    return ZltErrorSuccess;
-}
-
-ZltErrorType AravisFrame::GetFrameID(std::uint64_t& id) const
-{
-    id = m_id;
-    return ZltErrorSuccess;
+    // A camera that sends more or less than it says must not lead anybody behind the end of the image.
+    const ImageShape shape{static_cast<std::uint32_t>(arv_buffer_get_image_width(buffer)),
+                           static_cast<std::uint32_t>(arv_buffer_get_image_height(buffer)),
+                           arv_buffer_get_image_pixel_format(buffer)};
+    if (size < shape.Size())
+    {
+        return shape.Size() > Size() ? ZltApi::FrameStatusTooSmall : ZltApi::FrameStatusIncomplete;
+    }
+    content.width = shape.width;
+    content.height = shape.height;
+    content.pixelFormat = shape.pixelFormat;
+    place = {offset, size};
+    return ZltApi::FrameStatusComplete;
 }
 
 } // namespace GenICam

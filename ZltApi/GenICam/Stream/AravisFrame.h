@@ -2,12 +2,11 @@
 #pragma once
 
 #include "Aravis/ObjectPtr.h"
-#include "ZltApi/Camera.h"
+#include "BasicFrame.h"
 
 #include <arv.h>
 
 #include <cstdint>
-#include <vector>
 
 namespace GenICam
 {
@@ -23,7 +22,7 @@ struct ImageShape
 };
 
 // Aravis writes it while it is queued; what it holds is described before it goes to the host.
-class AravisFrame final : public ZltApi::Frame
+class AravisFrame final : public ProviderBase::BasicFrame
 {
 public:
     // The size in bytes, and what is expected to arrive.
@@ -33,25 +32,19 @@ public:
     // Takes over what has arrived. The number is the frame's in its acquisition.
     void Describe(std::uint64_t id);
 
-    ZltErrorType GetImage(unsigned char*& image) override;
-    ZltErrorType GetReceiveStatus(ZltApi::FrameStatus& status) const override;
-    ZltErrorType GetBufferSize(std::uint64_t& bytes) const override;
-    ZltErrorType GetWidth(std::uint32_t& width) const override;
-    ZltErrorType GetHeight(std::uint32_t& height) const override;
-    ZltErrorType GetPixelFormat(std::uint32_t& format) const override;
-    ZltErrorType GetFrameID(std::uint64_t& id) const override;
-
 private:
-    bool DescribeImage();
+    // Where the image lies in the buffer, in bytes.
+    struct Place
+    {
+        std::uint64_t offset = 0;
+        std::uint64_t size = 0;
+    };
 
-    std::vector<unsigned char> m_bytes;
+    // Fills in what a complete image is; leaves alone what is none and tells why.
+    ZltApi::FrameStatus FindImage(Content& content, Place& place);
+
     const ObjectPtr<ArvBuffer> m_buffer;
-    unsigned char* m_image = nullptr;
-    std::uint64_t m_imageSize = 0;
     const ImageShape m_expected;
-    ImageShape m_shape;
-    std::uint64_t m_id = 0;
-    ZltApi::FrameStatus m_status = ZltApi::FrameStatusInvalid;
 };
 
 } // namespace GenICam

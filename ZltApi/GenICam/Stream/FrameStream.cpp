@@ -186,7 +186,20 @@ void FrameStream::Teardown()
             // A camera that does not listen is not waited for; its stream ends here all the same.
         }
     }
+    if (m_connection.IsLost())
+    {
+        const std::lock_guard lock(m_mutex);
+        m_ended = {m_frames, std::move(stream)}; // its end tells the camera, and waits for an answer that never comes
+        return;
+    }
     stream.reset(); // waits for Aravis's thread, which needs m_mutex but never the camera's lock
+}
+
+void FrameStream::Release()
+{
+    Ended ended;
+    const std::lock_guard lock(m_mutex);
+    std::swap(ended, m_ended);
 }
 
 ZltErrorType FrameStream::Queue(const ZltApi::FramePtr& frame)

@@ -36,11 +36,21 @@ public:
     ZltErrorType Queue(const ZltApi::FramePtr& frame);
     // Refused while the stream runs.
     ZltErrorType ReleaseAll();
+    // Lets go of the stream of a camera that was lost, which takes seconds. Nothing of it reaches the observer since
+    // Stop.
+    void Release();
 
     bool IsOwnThread() const;
 
 private:
     using AravisFramePtr = std::shared_ptr<AravisFrame>;
+
+    // A stream that Aravis goes on with, and the buffers that it may write until it goes.
+    struct Ended
+    {
+        std::vector<AravisFramePtr> frames;
+        ObjectPtr<ArvStream> stream; // goes before them
+    };
 
     ZltErrorType Prepare(std::uint32_t bufferCount);
     void Teardown();
@@ -63,6 +73,7 @@ private:
     std::thread::id m_threadId;
     std::size_t m_arrived = 0; // buffers that wait for the thread
     ObjectPtr<ArvStream> m_stream;
+    Ended m_ended;
     std::vector<AravisFramePtr> m_frames; // announced
     std::vector<AravisFramePtr> m_lent;   // of these, with the host
 };

@@ -13,7 +13,7 @@ PacketSizeAdjustment::PacketSizeAdjustment(ArvGvDevice* device)
 {
 }
 
-bool PacketSizeAdjustment::IsWritable()
+bool PacketSizeAdjustment::IsWritable() const
 {
     return !IsTransportLocked(ARV_DEVICE(m_device));
 }
@@ -24,7 +24,7 @@ ZltErrorType PacketSizeAdjustment::Run()
     return ZltErrorSuccess;
 }
 
-ZltErrorType PacketSizeAdjustment::IsDone(bool& done)
+ZltErrorType PacketSizeAdjustment::IsDone(bool& done) const
 {
     done = true;
     return ZltErrorSuccess;

@@ -15,10 +15,10 @@ class PacketSizeAdjustment final : public FeatureNode
 public:
     explicit PacketSizeAdjustment(ArvGvDevice* device);
 
-    bool IsReadable() override { return false; }
-    bool IsWritable() override;
+    bool IsReadable() const override { return false; }
+    bool IsWritable() const override;
     ZltErrorType Run() override;
-    ZltErrorType IsDone(bool& done) override;
+    ZltErrorType IsDone(bool& done) const override;
 
 private:
     ArvGvDevice* const m_device;

@@ -412,7 +412,7 @@ std::optional<std::chrono::microseconds> CameraDevice::Begin(std::uint64_t frame
     return m_exposure.settings.framePeriod + std::chrono::milliseconds(m_exposure.fault.delayMs);
 }
 
-bool CameraDevice::Render(SimulatedFrame& frame)
+bool CameraDevice::Render(ProviderBase::BasicFrame& frame)
 {
     const ImageSettings& settings = m_exposure.settings;
     m_sensor->Expose(settings.exposure, m_raw);

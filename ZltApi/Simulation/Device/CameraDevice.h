@@ -70,7 +70,7 @@ private:
     };
 
     std::optional<std::chrono::microseconds> Begin(std::uint64_t frameId) override;
-    bool Render(SimulatedFrame& frame) override;
+    bool Render(ProviderBase::BasicFrame& frame) override;
 
     void AddIdentity();
     void AddAcquisition();

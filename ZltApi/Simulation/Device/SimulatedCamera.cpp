@@ -1,6 +1,8 @@
 // From the camera API's calls to the inside of a simulated camera.
 #include "Device/SimulatedCamera.h"
 
+#include "Guarded.h"
+
 #include <utility>
 
 namespace Simulation
@@ -27,26 +29,13 @@ private:
     const std::shared_ptr<FeatureAccess> m_access;
 };
 
-// Nothing thrown may leave the provider.
-template <typename Action> ZltErrorType Guarded(const Action& action) noexcept
-{
-    try
-    {
-        return action();
-    }
-    catch (const std::exception&)
-    {
-        return ZltErrorUnexpectedFault;
-    }
-}
+using ProviderBase::Guarded;
 
 } // namespace
 
-SimulatedCamera::SimulatedCamera(std::shared_ptr<CameraDevice> device, ZltApi::TransportLayerPtr transportLayer,
-                                 std::string interfaceId)
-    : m_device(std::move(device)),
-      m_transportLayer(std::move(transportLayer)),
-      m_interfaceId(std::move(interfaceId))
+SimulatedCamera::SimulatedCamera(std::shared_ptr<CameraDevice> device, ProviderBase::CameraIdentity identity)
+    : BasicCamera(std::move(identity)),
+      m_device(std::move(device))
 {
 }
 
@@ -58,42 +47,6 @@ ZltErrorType SimulatedCamera::GetFeatures(std::vector<ZltApi::FeaturePtr>& featu
 ZltErrorType SimulatedCamera::GetFeatureByName(const char* name, ZltApi::FeaturePtr& feature)
 {
     return FeatureHandle::Find(Access(), name, feature);
-}
-
-ZltErrorType SimulatedCamera::GetID(std::string& id) const
-{
-    id = m_device->Config().id;
-    return ZltErrorSuccess;
-}
-
-ZltErrorType SimulatedCamera::GetName(std::string& name) const
-{
-    name = m_device->Config().name;
-    return ZltErrorSuccess;
-}
-
-ZltErrorType SimulatedCamera::GetModel(std::string& model) const
-{
-    model = m_device->Config().model;
-    return ZltErrorSuccess;
-}
-
-ZltErrorType SimulatedCamera::GetSerialNumber(std::string& serialNumber) const
-{
-    serialNumber = m_device->Config().serial;
-    return ZltErrorSuccess;
-}
-
-ZltErrorType SimulatedCamera::GetInterfaceID(std::string& interfaceId) const
-{
-    interfaceId = m_interfaceId;
-    return ZltErrorSuccess;
-}
-
-ZltErrorType SimulatedCamera::GetTransportLayer(ZltApi::TransportLayerPtr& transportLayer) const
-{
-    transportLayer = m_transportLayer;
-    return ZltErrorSuccess;
 }
 
 ZltErrorType SimulatedCamera::GetPermittedAccess(std::uint32_t& accessMask) const

@@ -16,7 +16,7 @@ std::vector<EnumNode::Entry> Numbered(const std::vector<std::string>& names)
     entries.reserve(names.size());
     for (const auto& name : names)
     {
-        entries.push_back({name, static_cast<std::int64_t>(entries.size()), {}});
+        entries.push_back({{name, static_cast<std::int64_t>(entries.size())}, {}});
     }
     return entries;
 }
@@ -85,6 +85,23 @@ ZltErrorType EnumNode::Store(const Entry* entry)
         m_value = entry->name;
     }
     return result;
+}
+
+ZltErrorType EnumNode::ListEntries(std::vector<BasicNode::Entry>& entries) const
+{
+    entries.assign(m_entries.begin(), m_entries.end());
+    return ZltErrorSuccess;
+}
+
+ZltErrorType EnumNode::IsEntryAvailable(const std::string& name, bool& available) const
+{
+    const Entry* const entry = Find(name);
+    if (!entry)
+    {
+        return ZltErrorNotFound;
+    }
+    available = IsAvailable(*entry);
+    return ZltErrorSuccess;
 }
 
 bool EnumNode::Restore(const std::string& text)

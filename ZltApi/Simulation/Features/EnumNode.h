@@ -13,10 +13,8 @@ namespace Simulation
 class EnumNode final : public FeatureNode
 {
 public:
-    struct Entry
+    struct Entry : BasicNode::Entry
     {
-        std::string name;
-        std::int64_t number;
         Condition available; // empty: always
     };
     using Writer = std::function<ZltErrorType(const std::string& name)>;
@@ -29,7 +27,6 @@ public:
     void OnRead(std::function<std::string()> reader) { m_reader = std::move(reader); }
     void OnWrite(Writer writer) { m_writer = std::move(writer); }
 
-    const std::vector<Entry>& Entries() const { return m_entries; }
     const Entry* Find(const std::string& name) const; // null when there is none of that name
     static bool IsAvailable(const Entry& entry) { return !entry.available || entry.available(); }
 
@@ -44,6 +41,8 @@ public:
     ZltErrorType Get(std::string& name) const override;
     ZltErrorType Set(std::int64_t number) override;
     ZltErrorType Set(const std::string& name) override;
+    ZltErrorType ListEntries(std::vector<BasicNode::Entry>& entries) const override;
+    ZltErrorType IsEntryAvailable(const std::string& name, bool& available) const override;
     std::string Save() const override { return m_value; }
     bool Restore(const std::string& text) override;
     void Reset() override { m_value = m_initial; }

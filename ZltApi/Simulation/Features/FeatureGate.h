@@ -2,10 +2,10 @@
 #pragma once
 
 #include "Faults/FaultPlan.h"
+#include "Guarded.h"
 #include "ZltApi/ResultCodes.h"
 
 #include <atomic>
-#include <exception>
 #include <functional>
 #include <mutex>
 #include <string>
@@ -32,20 +32,17 @@ public:
     template <typename Action>
     ZltErrorType Run(const char* operation, const std::string& feature, const Action& action) noexcept
     {
-        try
-        {
-            FaultEffect effect;
-            if (const ZltErrorType result = Enter(operation, feature, effect); result != ZltErrorSuccess)
+        return ProviderBase::Guarded(
+            [&]
             {
-                return result;
-            }
-            const std::lock_guard lock(m_mutex);
-            return m_open ? action(effect) : ZltErrorDeviceNotOpen;
-        }
-        catch (const std::exception&)
-        {
-            return ZltErrorUnexpectedFault;
-        }
+                FaultEffect effect;
+                if (const ZltErrorType result = Enter(operation, feature, effect); result != ZltErrorSuccess)
+                {
+                    return result;
+                }
+                const std::lock_guard lock(m_mutex);
+                return m_open ? action(effect) : ZltErrorDeviceNotOpen;
+            });
     }
 
 private:

@@ -2,7 +2,6 @@
 #include "Features/FeatureNode.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace Simulation
 {
@@ -17,8 +16,6 @@ bool AllHold(const std::vector<FeatureNode::Condition>& conditions)
 
 } // namespace
 
-FeatureNode::FeatureNode(std::string name, ZltFeatureDataType type) : m_name(std::move(name)), m_type(type) {}
-
 void FeatureNode::ReadOnly()
 {
     m_writable.emplace_back([] { return false; });
@@ -26,7 +23,7 @@ void FeatureNode::ReadOnly()
 
 bool FeatureNode::IsReadable() const
 {
-    return AllHold(m_readable);
+    return Type() != ZltFeatureDataCommand && AllHold(m_readable);
 }
 
 bool FeatureNode::IsWritable() const

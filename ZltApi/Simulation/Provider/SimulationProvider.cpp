@@ -1,6 +1,7 @@
 // Cameras that come and go.
 #include "Provider/SimulationProvider.h"
 
+#include "NamedPlaces.h"
 #include "Rig/Rig.h"
 
 #include <algorithm>
@@ -18,36 +19,6 @@ constexpr const char* InterfaceId = "SIM0";
 // Everything that changes is reported to the thread; this is for file systems that report nothing.
 constexpr std::chrono::milliseconds LongestWait{1000};
 
-class SimulationTransportLayer final : public ZltApi::TransportLayer
-{
-public:
-    ZltErrorType GetVendor(std::string& vendor) const override
-    {
-        vendor = "Korvath";
-        return ZltErrorSuccess;
-    }
-    ZltErrorType GetName(std::string& name) const override
-    {
-        name = "KTR Simulation";
-        return ZltErrorSuccess;
-    }
-};
-
-class SimulationInterface final : public ZltApi::Interface
-{
-public:
-    ZltErrorType GetID(std::string& id) const override
-    {
-        id = InterfaceId;
-        return ZltErrorSuccess;
-    }
-    ZltErrorType GetName(std::string& name) const override
-    {
-        name = "Simulated cameras";
-        return ZltErrorSuccess;
-    }
-};
-
 ZltErrorType Complain(const std::exception& error, ZltErrorType result)
 {
     std::fprintf(stderr, "The simulated cameras cannot start: %s\n", error.what());
@@ -57,8 +28,8 @@ ZltErrorType Complain(const std::exception& error, ZltErrorType result)
 } // namespace
 
 SimulationProvider::SimulationProvider()
-    : m_transportLayer(std::make_shared<SimulationTransportLayer>()),
-      m_interface(std::make_shared<SimulationInterface>())
+    : m_transportLayer(std::make_shared<ProviderBase::NamedTransportLayer>("KTR Simulation")),
+      m_interface(std::make_shared<ProviderBase::NamedInterface>(InterfaceId, "Simulated cameras"))
 {
 }
 
@@ -252,7 +223,10 @@ SimulationProvider::SimulatedCameraPtr SimulationProvider::MakeCamera(const Slot
 {
     auto device =
         std::make_shared<CameraDevice>(slot.config, slot.state.Folder(), [watch = m_watch] { watch->Wake(); });
-    return std::make_shared<SimulatedCamera>(std::move(device), m_transportLayer, InterfaceId);
+    const CameraConfig& config = slot.config;
+    return std::make_shared<SimulatedCamera>(
+        std::move(device), ProviderBase::CameraIdentity{config.id, config.name, config.model, config.serial,
+                                                        InterfaceId, m_transportLayer});
 }
 
 } // namespace Simulation

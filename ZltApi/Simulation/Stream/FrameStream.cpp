@@ -52,7 +52,7 @@ ZltErrorType FrameStream::Start(std::uint32_t bufferCount, std::uint64_t bufferS
     m_free.clear();
     for (std::uint32_t i = 0; i < bufferCount; ++i)
     {
-        m_free.push_back(std::make_shared<SimulatedFrame>(bufferSize));
+        m_free.push_back(std::make_shared<ProviderBase::BasicFrame>(bufferSize));
     }
     m_observer = std::move(observer);
     m_thread = std::thread([this, target = m_observer] { Run(*target); });
@@ -86,7 +86,7 @@ ZltErrorType FrameStream::Stop()
 
 ZltErrorType FrameStream::Queue(const ZltApi::FramePtr& frame)
 {
-    const auto own = std::dynamic_pointer_cast<SimulatedFrame>(frame);
+    const auto own = std::dynamic_pointer_cast<ProviderBase::BasicFrame>(frame);
     if (!own)
     {
         return ZltErrorBadParameter;
@@ -114,25 +114,25 @@ ZltErrorType FrameStream::ReleaseAll()
     return ZltErrorSuccess;
 }
 
-FrameStream::SimulatedFramePtr FrameStream::TakeFree()
+FrameStream::FramePtr FrameStream::TakeFree()
 {
     const std::lock_guard lock(m_mutex);
     if (m_free.empty())
     {
         return nullptr;
     }
-    SimulatedFramePtr frame = std::move(m_free.front());
+    FramePtr frame = std::move(m_free.front());
     m_free.pop_front();
     return frame;
 }
 
-void FrameStream::TakeBack(SimulatedFramePtr frame)
+void FrameStream::TakeBack(FramePtr frame)
 {
     const std::lock_guard lock(m_mutex);
     m_free.push_front(std::move(frame));
 }
 
-void FrameStream::Lend(const SimulatedFramePtr& frame)
+void FrameStream::Lend(const FramePtr& frame)
 {
     const std::lock_guard lock(m_mutex);
     m_lent.push_back(frame);
@@ -157,7 +157,7 @@ void FrameStream::Run(ZltApi::IFrameObserver& observer)
             continue;
         }
         // Without a free buffer the exposure happens all the same, and is lost.
-        SimulatedFramePtr frame = TakeFree();
+        FramePtr frame = TakeFree();
         if (frame && !m_source.Render(*frame))
         {
             TakeBack(std::exchange(frame, nullptr));

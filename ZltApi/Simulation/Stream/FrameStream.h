@@ -1,7 +1,7 @@
 // Continuous acquisition: announced buffers, the thread that fills them, and the observer that gets them.
 #pragma once
 
-#include "Stream/SimulatedFrame.h"
+#include "BasicFrame.h"
 #include "ZltApi/Observers.h"
 
 #include <chrono>
@@ -26,7 +26,7 @@ public:
     // Nothing while the acquisition pauses.
     virtual std::optional<std::chrono::microseconds> Begin(std::uint64_t frameId) = 0;
     // Fills a buffer with the exposure that was begun. False when the frame is lost on its way.
-    virtual bool Render(SimulatedFrame& frame) = 0;
+    virtual bool Render(ProviderBase::BasicFrame& frame) = 0;
 };
 
 // Thread-safe. The observer is called on the stream's own thread, without any lock held.
@@ -49,14 +49,14 @@ public:
     ZltErrorType ReleaseAll();
 
 private:
-    using SimulatedFramePtr = std::shared_ptr<SimulatedFrame>;
+    using FramePtr = std::shared_ptr<ProviderBase::BasicFrame>;
     using Clock = std::chrono::steady_clock;
 
     bool IsOwnThread() const;
     void Run(ZltApi::IFrameObserver& observer);
-    SimulatedFramePtr TakeFree();
-    void TakeBack(SimulatedFramePtr frame);
-    void Lend(const SimulatedFramePtr& frame);
+    FramePtr TakeFree();
+    void TakeBack(FramePtr frame);
+    void Lend(const FramePtr& frame);
     // False when the stream is to end.
     bool WaitUntil(Clock::time_point time);
 
@@ -69,8 +69,8 @@ private:
     std::condition_variable m_wake;
     bool m_running = false;
     std::thread::id m_threadId;
-    std::deque<SimulatedFramePtr> m_free;
-    std::vector<SimulatedFramePtr> m_lent; // with the host
+    std::deque<FramePtr> m_free;
+    std::vector<FramePtr> m_lent; // with the host
 };
 
 } // namespace Simulation

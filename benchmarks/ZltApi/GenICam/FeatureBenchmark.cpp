@@ -31,7 +31,7 @@ const FoundDevice& TheDevice()
 
 void ReadsOfAravis(benchmark::State& state)
 {
-    const ObjectPtr<ArvDevice> device = OpenDevice(TheDevice());
+    const DevicePtr device = OpenDevice(TheDevice());
     const char* const name = Names[state.range(0)];
     for (auto _ : state)
     {
@@ -43,7 +43,7 @@ BENCHMARK(ReadsOfAravis)->Arg(0)->Arg(1)->UseRealTime();
 // As the layers above do it: the feature is looked up anew for each read.
 void ReadsOfTheProvider(benchmark::State& state)
 {
-    GenICamCamera camera(TheDevice(), "", nullptr, "", [] {});
+    GenICamCamera camera(TheDevice(), {}, [] {});
     if (camera.Open(ZltApi::AccessModeFull) != ZltErrorSuccess)
     {
         state.SkipWithError("The camera does not open.");

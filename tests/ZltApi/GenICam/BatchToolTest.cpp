@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include <unistd.h>
@@ -59,6 +60,31 @@ TEST(GenICamBatchTool, ListsSetsAndGrabs)
     }
     EXPECT_EQ(id + "\tFake\tBENCH1\t-\tunknown\tin-use\nstatus 0", list);
     EXPECT_EQ("status 1", Cli("features " + id));
+}
+
+TEST(GenICamBatchTool, WritesACorrectionTable)
+{
+    ::setenv("ZLT_PROVIDER_PATH", PROVIDER_FOLDER, 1);
+    const FakeCamera camera({"-g", FILE_DESCRIPTION});
+    const std::string id = FakeId;
+    const std::string list = (std::filesystem::temp_directory_path() / ("list-" + std::to_string(::getpid()))).string();
+    std::ofstream file(list);
+    file << "<Camera>";
+    std::string lines;
+    for (int i = 0; i < 1000; ++i) // many packets
+    {
+        const std::string x = std::to_string(i * 7 % 1280);
+        const std::string y = std::to_string(i);
+        file << R"(<Pixel LP:=")" << i << R"("><Type Type:="0"/><Data><Coordinates x:=")" << x << R"(" y:=")" << y
+             << R"("/><Width width:="1"/><Height height:="1"/></Data></Pixel>)";
+        lines += "0 " + x + " " + y + " 1 1\n";
+    }
+    file << "</Camera>" << std::flush;
+    EXPECT_EQ("written 1000, read back 1000, equal\nstatus 0", Cli("write " + id + " User " + list));
+    EXPECT_EQ(lines + "status 0", Cli("read " + id + " User"));
+    EXPECT_EQ("status 0", Cli("enable " + id + " User"));
+    EXPECT_EQ("User\tyes\tyes\tno\tyes\tyes\t-\nstatus 0", Cli("sets " + id));
+    std::filesystem::remove(list);
 }
 
 } // namespace GenICam

@@ -1,7 +1,7 @@
 // A provider and the camera that it finds; the tests' main function.
 #include "Bench.h"
 
-#include "Discovery/DeviceSearch.h"
+#include "Device/GenICamCamera.h"
 
 #include <csignal>
 #include <cstring>
@@ -68,7 +68,9 @@ ZltErrorType Start(const ZltApi::CameraPtr& camera, const std::shared_ptr<FrameL
 
 int main(int argc, char** argv)
 {
-    if (argc == 2 && std::strcmp(argv[1], "--hold") == 0) // as another program that has the camera open
+    // As another program that has the camera open, until it is told to end. Tells whether it has lost the camera by
+    // then.
+    if (argc == 2 && std::strcmp(argv[1], "--hold") == 0)
     {
         sigset_t signals;
         ::sigemptyset(&signals);
@@ -76,9 +78,12 @@ int main(int argc, char** argv)
         ::sigprocmask(SIG_BLOCK, &signals, nullptr);
         GenICam::FoundDevice device;
         device.address = GenICam::FakeAddress;
-        const auto held = GenICam::OpenDevice(device);
+        const auto camera = std::make_shared<GenICam::GenICamCamera>(device, ProviderBase::CameraIdentity(), [] {});
+        camera->Open(ZltApi::AccessModeFull);
         int number = 0;
-        return ::sigwait(&signals, &number);
+        ::sigwait(&signals, &number);
+        ProviderTest::Set(camera, "GainRaw", std::int64_t{1});
+        return camera->IsLost() ? 1 : 0;
     }
     GenICam::g_hasOwnNetwork = GenICam::EnterOwnNetwork();
     testing::InitGoogleTest(&argc, argv);

@@ -88,10 +88,11 @@ TEST(GenICamDiscovery, HolderOfAUsbCamera)
     }
     std::filesystem::create_symlink("/sys/bus/usb/drivers/usbfs", root / "2-10:1.0" / "driver");
     std::filesystem::create_symlink("/sys/bus/usb/drivers/usb", root / "2-1:1.0" / "driver");
-    EXPECT_TRUE(IsUsbDeviceHeld("S2-10", root));
-    EXPECT_FALSE(IsUsbDeviceHeld("S2-1", root));
-    EXPECT_FALSE(IsUsbDeviceHeld("", root));
-    EXPECT_FALSE(IsUsbDeviceHeld("S2-10", root / "nowhere"));
+    EXPECT_EQ(ControlState::Held, ReadUsbControlState("S2-10", root));
+    EXPECT_EQ(ControlState::Free, ReadUsbControlState("S2-1", root));
+    EXPECT_EQ(ControlState::Unknown, ReadUsbControlState("S3-1", root)) << "pulled out";
+    EXPECT_EQ(ControlState::Free, ReadUsbControlState("", root)) << "has no number";
+    EXPECT_EQ(ControlState::Free, ReadUsbControlState("S2-10", root / "nowhere"));
     std::filesystem::remove_all(root);
 }
 

@@ -10,6 +10,7 @@
 #include <cstring>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
 #include <net/if.h>
 #include <sched.h>
@@ -49,6 +50,14 @@ void Process::Kill()
         ::waitpid(m_process, nullptr, 0);
         m_process = -1;
     }
+}
+
+int Process::End()
+{
+    int status = 0;
+    Signal(SIGTERM);
+    ::waitpid(std::exchange(m_process, -1), &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 FakeCamera::FakeCamera(const std::vector<std::string>& arguments)

@@ -23,6 +23,8 @@ public:
 
     void Kill();
     void Signal(int number) const;
+    // Tells it to end and waits; gives its exit status.
+    int End();
 
 private:
     pid_t m_process = -1;

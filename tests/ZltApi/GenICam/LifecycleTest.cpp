@@ -1,6 +1,11 @@
 // Real cameras that come, go and are used by somebody else.
 #include "Bench.h"
 
+#include "Aravis/Ask.h"
+#include "Aravis/DevicePtr.h"
+#include "Aravis/ObjectPtr.h"
+#include "Discovery/ControlPort.h"
+
 #include <csignal>
 #include <thread>
 
@@ -83,7 +88,7 @@ TEST(GenICamLifecycle, HeldByAnotherProgram)
     const auto begin = std::chrono::steady_clock::now();
     EXPECT_EQ(ZltErrorInvalidAccess, camera->Open(ZltApi::AccessModeFull));
     EXPECT_GT(std::chrono::milliseconds(500), std::chrono::steady_clock::now() - begin);
-    holder.Signal(SIGTERM); // it lets go of the camera
+    EXPECT_EQ(0, holder.End()) << "it has had the camera all the time";
     ASSERT_EQ(camera, bench.events.Next(ZltApi::UpdateTriggerStateChanged));
     EXPECT_EQ(1U, Permitted(camera));
     EXPECT_EQ(ZltErrorSuccess, camera->Open(ZltApi::AccessModeFull));
@@ -98,7 +103,9 @@ TEST(GenICamLifecycle, KilledInTheMiddleOfAStream)
     ASSERT_EQ(ZltErrorSuccess, Start(camera, log));
     ASSERT_TRUE(log->WaitFor(10));
     bench.fake.reset();
+    const auto begin = std::chrono::steady_clock::now();
     ASSERT_EQ(camera, bench.events.Next(ZltApi::UpdateTriggerUnplugged));
+    EXPECT_GT(std::chrono::seconds(8), std::chrono::steady_clock::now() - begin) << "Aravis needs six to notice";
     EXPECT_EQ(1, log.use_count()) << "the stream has ended";
     EXPECT_FALSE(bench.Camera());
     EXPECT_EQ(0U, Permitted(camera));
@@ -131,6 +138,25 @@ TEST(GenICamLifecycle, ControlLost)
     EXPECT_EQ(ZltErrorSuccess, back->Open(ZltApi::AccessModeFull));
     EXPECT_EQ(ZltErrorSuccess, camera->Close());
     EXPECT_EQ(0, Get<std::int64_t>(back, "GainRaw")) << "closing what was lost does no harm";
+}
+
+// As a computer that sleeps: it wakes up and finds that another one has taken the camera.
+TEST(GenICamLifecycle, ControlTaken)
+{
+    const FakeCamera fake;
+    Process sleeper({"/proc/self/exe", "--hold"});
+    while (ControlPort(FakeAddress).ReadControlState() != ControlState::Held)
+    {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    sleeper.Signal(SIGSTOP);
+    std::this_thread::sleep_for(std::chrono::seconds(5)); // longer than its heartbeat allows
+    const ObjectPtr<GInetAddress> other(g_inet_address_new_from_string("127.0.0.2"));
+    const ObjectPtr<GInetAddress> address(g_inet_address_new_from_string(FakeAddress));
+    const DevicePtr taker(Ask(arv_gv_device_new, other.get(), address.get()));
+    ASSERT_TRUE(arv_gv_device_is_controller(ARV_GV_DEVICE(taker.get())));
+    sleeper.Signal(SIGCONT);
+    EXPECT_EQ(1, sleeper.End()) << "the camera is lost to it";
 }
 
 TEST(GenICamLifecycle, ResetLeavesAndReturns)

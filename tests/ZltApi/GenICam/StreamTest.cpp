@@ -79,6 +79,23 @@ TEST(GenICamStream, LostPackets)
     EXPECT_LT(0U, counts[1]);
 }
 
+TEST(GenICamStream, LargerThanAnnounced)
+{
+    Bench bench;
+    const ZltApi::CameraPtr camera = bench.Small();
+    const auto log = std::make_shared<FrameLog>(camera);
+    ASSERT_EQ(ZltErrorSuccess, Start(camera, log));
+    ASSERT_TRUE(log->WaitFor(1));
+    ASSERT_EQ(ZltErrorSuccess, RunCommand(camera, "AcquisitionStop"));
+    std::this_thread::sleep_for(std::chrono::milliseconds(100)); // the camera makes its own buffers at the next start
+    ASSERT_EQ(ZltErrorSuccess, camera->WriteMemory(0x100, {0, 0, 4, 0}));
+    ASSERT_EQ(ZltErrorSuccess, RunCommand(camera, "AcquisitionStart"));
+    ASSERT_TRUE(log->WaitFor(log->Entries().size() + 10));
+    ASSERT_EQ(ZltErrorSuccess, camera->StopContinuousImageAcquisition());
+    EXPECT_EQ(ZltApi::FrameStatusTooSmall, log->Entries().back().status);
+    EXPECT_EQ(64U * 48U, log->Entries().back().image.size());
+}
+
 TEST(GenICamStream, StartsAndStopsAgainAndAgain)
 {
     Bench bench;
