@@ -16,7 +16,7 @@ std::vector<EnumNode::Entry> Numbered(const std::vector<std::string>& names)
     entries.reserve(names.size());
     for (const auto& name : names)
     {
-        entries.push_back({{name, static_cast<std::int64_t>(entries.size())}, {}});
+        entries.emplace_back(name, static_cast<std::int64_t>(entries.size()));
     }
     return entries;
 }

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Simulation
@@ -15,6 +16,11 @@ class EnumNode final : public FeatureNode
 public:
     struct Entry : BasicNode::Entry
     {
+        Entry(std::string entryName, std::int64_t entryNumber, Condition isAvailable = {})
+            : BasicNode::Entry{std::move(entryName), entryNumber},
+              available(std::move(isAvailable))
+        {
+        }
         Condition available; // empty: always
     };
     using Writer = std::function<ZltErrorType(const std::string& name)>;

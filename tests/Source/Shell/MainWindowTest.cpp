@@ -248,7 +248,8 @@ TEST_F(MainWindowTest, SpeaksGermanAndEnglishAndClipsNothing)
     for (const auto& [name, cameras] : {std::pair("Deutsch", "Kameras"), {"English", "Cameras"}})
     {
         Find<QComboBox>("languageBox")->setCurrentText(name);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return Find<QLabel>("labelCameras")->text() == cameras; }));
+        EXPECT_TRUE(
+            QTest::qWaitFor([&, text = QString(cameras)] { return Find<QLabel>("labelCameras")->text() == text; }));
         EXPECT_TRUE(QTest::qWaitFor([&] { return clipped().isEmpty(); })) << clipped().join(", ").toStdString();
     }
 }
