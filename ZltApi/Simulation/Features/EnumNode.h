@@ -17,9 +17,10 @@ public:
     struct Entry : BasicNode::Entry
     {
         Entry(std::string entryName, std::int64_t entryNumber, Condition isAvailable = {})
-            : BasicNode::Entry{std::move(entryName), entryNumber},
-              available(std::move(isAvailable))
+            : available(std::move(isAvailable))
         {
+            name = std::move(entryName);
+            number = entryNumber;
         }
         Condition available; // empty: always
     };
