@@ -107,8 +107,7 @@ click 181 57 # the settings close
 click 40 57
 click 150 173
 sleep 4
-click 1103 289 # the set User
-xdotool key Return sleep 2
+choose_user_set
 dialog() { # X Y, at a place of the dialog
   xdotool mousemove --window "$detector" "$1" "$2" sleep 0.2 click 1 sleep 0.4
 }
