@@ -3,15 +3,11 @@
 
 #include "ListProvider.h"
 #include "ListedCamera.h"
-
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QTemporaryDir>
+#include "WorkingFolder.h"
 
 #include <dlfcn.h>
 
-class ListedSystem : public testing::Test
+class ListedSystem : public testing::Test, protected WorkingFolder
 {
 protected:
     ListedSystem()
@@ -22,7 +18,6 @@ protected:
         provider = static_cast<ListProvider*>(instance());
         provider->cameras.clear();
         provider->layers = {provider->foreign, provider->good};
-        QDir::setCurrent(m_folder.path());
     }
     ~ListedSystem() override
     {
@@ -31,7 +26,6 @@ protected:
         {
             camera->Close(); // a stream that still runs holds its camera
         }
-        QDir::setCurrent(m_before);
     }
 
     std::shared_ptr<ListedCamera> Add(const std::string& id, const std::string& model = "OSTREL S-1")
@@ -46,6 +40,4 @@ protected:
 
 private:
     std::vector<std::shared_ptr<ListedCamera>> m_made;
-    const QString m_before = QDir::currentPath();
-    const QTemporaryDir m_folder;
 };
