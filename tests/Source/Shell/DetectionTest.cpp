@@ -4,14 +4,8 @@
 #include "AutomaticDetectorDialog.h"
 #include "CameraOptionPanel.h"
 #include "CorrectionListWidget.h"
-#include "FrameFile.h"
-#include "ModalAnswers.h"
 #include "Sensor/SensorFaults.h"
-#include "Widgets.h"
 
-#include <QComboBox>
-#include <QLabel>
-#include <QPushButton>
 #include <QSignalBlocker>
 
 #include <map>
@@ -27,8 +21,7 @@ protected:
     enum Row
     {
         Mono,
-        Colour,
-        Recorded
+        Colour
     };
 
     DetectionTest()
@@ -36,10 +29,7 @@ protected:
             {"id": "MONO", "model": "OSTREL S-1m", "serial": "1", "firmware": "ostrel", "width": 320, "height": 240,
              "frameRate": 25, "covered": true, "seed": 5},
             {"id": "COLOUR", "model": "OSTREL S-2c", "serial": "2", "firmware": "ostrel", "width": 352, "height": 288,
-             "filter": "BayerRG", "frameRate": 25, "covered": true, "seed": 8},
-            {"id": "RECORDED", "model": "OSTREL S-3m", "serial": "3", "firmware": "ostrel", "width": 408,
-             "height": 344, "frameRate": 25, "covered": true, "darkFrameExposure": 20000, "darkFrameFile": ")" LORVANE_TEST_DATA
-                        R"(/darks/dark-3916ms-a.pgm"}]})")
+             "filter": "BayerRG", "frameRate": 25, "covered": true, "seed": 8}]})")
     {
     }
 
@@ -141,7 +131,7 @@ TEST_F(DetectionTest, MonoCameraTwice)
     }
 }
 
-TEST_F(DetectionTest, ColourMosaicAndRecordedDarkFrame)
+TEST_F(DetectionTest, ColourMosaic)
 {
     Open(Colour, "BayerRG12");
     Click("automaticDetectionButton");
@@ -150,22 +140,6 @@ TEST_F(DetectionTest, ColourMosaicAndRecordedDarkFrame)
     EXPECT_TRUE(Find<QPushButton>("debayeringOnOff")->isChecked());
     ClickInDialog("continueButton");
     CompareList(Seeded(352, 288, 8, 20'000), 30, 4);
-    ClickInDialog("exitButton");
-
-    const QImage frame = LoadFrameFile(LORVANE_TEST_DATA "/darks/dark-3916ms-a.pgm", nullptr);
-    Grey greys;
-    for (int y = 0; y < frame.height(); ++y)
-    {
-        for (int x = 0; x < frame.width(); ++x)
-        {
-            greys[{x, y}] = frame.constScanLine(y)[x] + 2;
-        }
-    }
-    Open(Recorded);
-    Click("automaticDetectionButton");
-    Detect("20000", "20");
-    ClickInDialog("continueButton");
-    CompareList(greys, 20, 3);
 }
 
 TEST_F(DetectionTest, Formats)

@@ -3,11 +3,6 @@
 #include "WindowSession.h"
 
 #include "CorrectionListWidget.h"
-#include "ModalAnswers.h"
-
-#include <QDialog>
-#include <QLabel>
-#include <QLineEdit>
 
 namespace
 {
@@ -25,8 +20,7 @@ protected:
         : WindowSession(R"({"cameras": [
             {"id": "RIVO", "model": "Rivo U-1m", "serial": "2", "firmware": "rivo-u", "width": 320, "height": 240},
             {"id": "COOLED", "model": "Tamorin Pro T-1m", "family": "Tamorin Pro", "serial": "1", "firmware": "tamorin-pro",
-             "width": 320, "height": 240, "frameRate": 50, "restartTime": 300, "temperatureControl": true,
-             "darkCurrent": 50, "covered": true}]})")
+             "width": 320, "height": 240, "frameRate": 50, "temperatureControl": true}]})")
     {
     }
 
@@ -51,13 +45,6 @@ protected:
             ::Click(dialog, button);
         };
     }
-    // Of the live image, once it has all that was just switched in it.
-    int GreyAt(int x, int y) const
-    {
-        QTest::qWait(200);
-        return qGray(Image().pixel(x, y));
-    }
-
     QString warning;
 };
 
@@ -114,36 +101,6 @@ TEST_F(OtherFamiliesTest, SetsAreStoredWithTheirConditionsAndNoTwoWithTheSame)
     EXPECT_EQ(Line(4), "4. Gain 1.0, 20.0\u00B0C, 2000\u00B5S");
     ChooseUserSet(4);
     EXPECT_EQ(Model().getDefectList().size(), 2);
-}
-
-TEST_F(OtherFamiliesTest, AnUploadWithConditionsHidesThePixelAfterTheRestart)
-{
-    ModalAnswers answers;
-    Pick(Cooled);
-    ChooseUserSet(0);
-    // A bright pixel with dark ones on both sides and above and below.
-    const QImage dark = Image();
-    const auto grey = [&](int x, int y) { return qGray(dark.pixel(x, y)); };
-    QPoint hot(1, 1);
-    for (int i = dark.width() + 1; i < dark.width() * (dark.height() - 1) - 1 && grey(hot.x(), hot.y()) < 100; ++i)
-    {
-        const QPoint next(i % dark.width(), i / dark.width());
-        const bool inside = next.x() > 0 && next.x() < dark.width() - 1;
-        const auto [x, y] = std::pair(next.x(), next.y());
-        hot = inside && std::max({grey(x - 1, y), grey(x + 1, y), grey(x, y - 1), grey(x, y + 1)}) < 20 ? next : hot;
-    }
-    ASSERT_GE(GreyAt(hot.x(), hot.y()), 90);
-    AddPixel(hot.x(), hot.y());
-    answers.Then([](QDialog& dialog) { ::Click(dialog, "buttonOK"); }).ThenClick("okButton").ThenClick("okButton");
-    Click("uploadToCameraButton");
-    ASSERT_TRUE(Waits([&] { return answers.Seen().size() == 3; }));
-    EXPECT_TRUE(answers.Seen()[2].contains("Camera has been disconnected"));
-    Pick(Cooled);
-    ChooseUserSet(0);
-    ASSERT_EQ(Model().getDefectList().size(), 1);
-    UserSets().GetDpcEnableButton()->click();
-    EXPECT_EQ(Find<QLabel>("activeSetValueLabel")->text(), "DPC_User_1");
-    EXPECT_LT(GreyAt(hot.x(), hot.y()), 40);
 }
 
 TEST_F(OtherFamiliesTest, WhereASetIsInForceAtOnceNoRestartIsOffered)

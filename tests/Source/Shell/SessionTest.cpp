@@ -2,11 +2,8 @@
 #include "WindowSession.h"
 
 #include "CameraOptionPanel.h"
-#include "ModalAnswers.h"
 #include "OverviewPanel.h"
 #include "RightPanel.h"
-
-#include <QLabel>
 
 #include <random>
 
@@ -88,6 +85,24 @@ TEST_F(SessionTest, MouseToolsEditThePixelList)
     EXPECT_TRUE(answers.Seen().back().contains("DPC not supported"));
 }
 
+TEST_F(SessionTest, ExportsAndImportsThePixelList)
+{
+    const QString path = Path("list.xml");
+    ModalAnswers answers;
+    Pick(Mono);
+    Model().clear();
+    Model().addDefectItem(10, 12, 1, 1, 0, 0);
+    answers.Then(ChooseFile(path)).Then(ChooseFile(path));
+    Click("exportToFileButton");
+    Model().clear();
+    Click("importButton");
+    EXPECT_EQ(Model().rowCount(), 1);
+    WriteFile(path, "<Camera>");
+    answers.Then(ChooseFile(path)).ThenClick("okButton");
+    Click("importButton");
+    EXPECT_TRUE(answers.Seen().back().contains("File is corrupted"));
+}
+
 TEST_F(SessionTest, ColoursAndMosaic)
 {
     Pick(Colour);
@@ -148,34 +163,25 @@ TEST_F(SessionTest, SurvivesRandomChanges)
     std::mt19937 random(7);
     const int changes = qMax(30, qEnvironmentVariableIntValue("LORVANE_SESSION_CHANGES"));
     auto* const list = window->findChild<CustomListView*>();
+    const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
+    const auto clickAnyRow = [&]
+    {
+        if (!Loader().isVisible() && list->model()->rowCount() > 0)
+        {
+            ClickRow(below(list->model()->rowCount()));
+        }
+    };
+    auto* const formats = Find<QComboBox>("pixelFormatComboBox");
+    const std::function<void()> actions[] = {clickAnyRow,
+                                             clickAnyRow,
+                                             [&] { Click("playPauseButton"); },
+                                             [&] { formats->setCurrentIndex(formats->count() - 1 - below(3)); },
+                                             [&] { Control({"unplug", below(2) == 0 ? "MONO" : "COLOUR"}); },
+                                             [&] { Control({"plug", below(2) == 0 ? "MONO" : "COLOUR"}); }};
     for (int change = 0; change < changes; ++change)
     {
-        switch (random() % 6)
-        {
-        case 0:
-        case 1:
-            if (!Loader().isVisible() && list->model()->rowCount() > 0)
-            {
-                ClickRow(static_cast<int>(random() % static_cast<unsigned>(list->model()->rowCount())));
-            }
-            break;
-        case 2:
-            Click("playPauseButton");
-            break;
-        case 3:
-        {
-            auto* const formats = Find<QComboBox>("pixelFormatComboBox");
-            formats->setCurrentIndex(formats->count() - 1 - static_cast<int>(random() % 3));
-            break;
-        }
-        case 4:
-            Control({"unplug", random() % 2 == 0 ? "MONO" : "COLOUR"});
-            break;
-        default:
-            Control({"plug", random() % 2 == 0 ? "MONO" : "COLOUR"});
-            break;
-        }
-        QTest::qWait(static_cast<int>(random() % 120));
+        actions[below(static_cast<int>(std::size(actions)))]();
+        QTest::qWait(below(120));
     }
     Control({"plug", "MONO"});
     Control({"plug", "COLOUR"});

@@ -1,4 +1,4 @@
-// The real window on simulated cameras, in a working directory of its own.
+// The real window in a working directory of its own.
 #pragma once
 
 #include "MainWindow.h"
@@ -7,34 +7,60 @@
 #include "CustomGraphicsView.h"
 #include "CustomListView.h"
 #include "LoaderDialog.h"
+#include "ModalAnswers.h"
 #include "SimulatedFolder.h"
 #include "TreeModel.h"
 #include "Widgets.h"
 
-#include <gtest/gtest.h>
-
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
 #include <QGraphicsPixmapItem>
 #include <QTest>
 
 constexpr int Patience = 20'000; // milliseconds
 
-class WindowSession : public testing::Test, protected SimulatedFolder
+class OpenWindow
+{
+protected:
+    // Also in place of the one before.
+    void Start()
+    {
+        window.reset();
+        window = std::make_unique<MainWindow>();
+        window->show();
+        window->SetProperSizes();
+    }
+    template <class Widget> Widget* Find(const char* name) const { return &::Find<Widget>(*window, name); }
+    void Click(const char* name) const { ::Click(*window, name); }
+    TreeModel& Model() const { return *window->findChild<TreeModel*>(); }
+    // Names the file in the dialog as a user would.
+    static ModalAnswers::Answer ChooseFile(const QString& path)
+    {
+        return [path](QDialog& dialog)
+        {
+            auto& files = dynamic_cast<QFileDialog&>(dialog);
+            files.setDirectory(QFileInfo(path).path());
+            files.findChild<QLineEdit*>("fileNameEdit")->setText(path);
+            files.findChild<QDialogButtonBox*>()->buttons().constFirst()->click();
+        };
+    }
+
+    std::unique_ptr<MainWindow> window;
+};
+
+// The real window on simulated cameras.
+class WindowSession : public testing::Test, protected SimulatedFolder, protected OpenWindow
 {
 protected:
     explicit WindowSession(const QByteArray& rig) : SimulatedFolder(rig)
     {
         WriteFile("Lorvane.ini", "[info]\nTutorialFinished=true\n");
-        window = std::make_unique<MainWindow>();
-        window->show();
-        window->SetProperSizes();
+        Start();
     }
 
-    template <class Widget> Widget* Find(const char* name) const { return &::Find<Widget>(*window, name); }
-    void Click(const char* name) const { ::Click(*window, name); }
     CustomGraphicsView& View() const { return *Find<CustomGraphicsView>("graphicsView"); }
-    TreeModel& Model() const { return *window->findChild<TreeModel*>(); }
     QWidget& Loader() const { return *window->findChild<LoaderDialog*>(); }
     static bool Waits(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, Patience); }
 
@@ -83,6 +109,4 @@ protected:
         QApplication::sendEvent(View().viewport(), &move);
         QTest::mouseRelease(View().viewport(), Qt::LeftButton, {}, place(to));
     }
-
-    std::unique_ptr<MainWindow> window;
 };
