@@ -6,7 +6,6 @@
 #include <QCoreApplication>
 #include <QImage>
 #include <QLabel>
-#include <QPainter>
 #include <QTest>
 #include <QWindow>
 #include <QtMath>
@@ -19,37 +18,31 @@ namespace
 const QString Open = QStringLiteral("\t<img src=':/icons/resources/Path Copy 3.svg'/>");
 const QString Done = QStringLiteral("\t<img src=':/icons/resources/Path Copy 4.svg'/>");
 
-QLabel& RingLabel(const LoaderDialog& loader)
+struct Loader : LoaderDialog
 {
-    return *loader.findChild<QLabel*>(QStringLiteral("ringLabel"));
-}
-
-// Of the ring's middle line at an angle in degrees, clockwise from the top.
-QRgb RingColour(const LoaderDialog& loader, double angle)
-{
-    const QImage image = RingLabel(loader).pixmap(Qt::ReturnByValue).toImage();
-    const double radius = (image.width() - 8) / 2.0;
-    const double centre = image.width() / 2.0;
-    const double radians = qDegreesToRadians(angle);
-    return image.pixel(qFloor(centre + radius * qSin(radians)), qFloor(centre - radius * qCos(radians)));
-}
-
-// The middle of the ring, or how it looks with a text.
-QImage Centre(const LoaderDialog& loader, const char* text = nullptr)
-{
-    const QLabel& ring = RingLabel(loader);
-    QPixmap pixmap = ring.pixmap(Qt::ReturnByValue);
-    if (text != nullptr)
+    explicit Loader(int steps = 0, int displayed = 0) : LoaderDialog(nullptr, QStringLiteral("Loading"))
     {
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setFont(ring.font());
-        painter.setPen(Qt::white);
-        painter.drawText(ring.rect(), Qt::AlignCenter, QString::fromLatin1(text));
+        for (int i = 0; i < steps; ++i)
+        {
+            PushBackToList(QStringLiteral("step"));
+        }
+        for (int i = 0; i < displayed; ++i)
+        {
+            DisplayNextStepInformation();
+        }
     }
-    return pixmap.copy(ring.width() / 2 - 32, ring.height() / 2 - 16, 64, 32).toImage();
-}
+    QImage Ring() const { return findChild<QLabel*>(QStringLiteral("ringLabel"))->pixmap(Qt::ReturnByValue).toImage(); }
+    // Of the ring's middle line at an angle in degrees, clockwise from the top.
+    QRgb Colour(double angle) const
+    {
+        const double centre = Ring().width() / 2.0;
+        const double radians = qDegreesToRadians(angle);
+        return Ring().pixel(qFloor(centre + (centre - 4) * qSin(radians)),
+                            qFloor(centre - (centre - 4) * qCos(radians)));
+    }
+    // The middle of the ring.
+    QImage Text() const { return Ring().copy(Ring().width() / 2 - 32, Ring().height() / 2 - 16, 64, 32); }
+};
 
 QStringList StepTexts(const LoaderDialog& loader)
 {
@@ -65,32 +58,27 @@ QStringList StepTexts(const LoaderDialog& loader)
 
 TEST(LoaderDialog, RingShowsTheShareInWholePercentAndDegrees)
 {
-    // Steps, steps displayed, percentage, an angle that the arc covers and one that it does not; negative: none.
-    const std::tuple<int, int, const char*, double, double> cases[] = {
-        {0, 1, "", -1, 1},       {3, 2, "66%", 237, 243},    {3, 3, "100%", 358.5, -1},
-        {3, 5, "100%", 200, -1}, {7, 7, "100%", 355, 358.5}, {200, 58, "29%", 56, 60},
-    };
+    EXPECT_NE(Loader(100, 29).Text(), Loader(100, 28).Text());
+    // Steps, steps displayed, the percentage, an angle that the arc covers and one that it does not; negative: none.
+    const std::tuple<int, int, int, double, double> cases[] = {{3, 2, 66, 237, 243},
+                                                               {3, 3, 100, 358.5, -1},
+                                                               {3, 5, 100, 200, -1},
+                                                               {7, 7, 100, 355, 358.5},
+                                                               {200, 58, 29, 56, 60}};
     for (const auto& [steps, displayed, percentage, white, grey] : cases)
     {
         SCOPED_TRACE(testing::Message() << steps << " steps, " << displayed << " displayed");
-        LoaderDialog loader(nullptr, QStringLiteral("Loading"));
-        for (int i = 0; i < steps; ++i)
-        {
-            loader.PushBackToList(QStringLiteral("step"));
-        }
-        for (int i = 0; i < displayed; ++i)
-        {
-            loader.DisplayNextStepInformation();
-        }
-        EXPECT_EQ(Centre(loader), Centre(loader, percentage));
-        EXPECT_TRUE(white < 0 || RingColour(loader, white) == qRgba(255, 255, 255, 255));
-        EXPECT_TRUE(grey < 0 || RingColour(loader, grey) == qRgba(92, 92, 92, 255));
+        const Loader loader(steps, displayed);
+        EXPECT_EQ(loader.Text(), Loader(100, percentage).Text());
+        EXPECT_EQ(loader.Colour(white), qRgba(255, 255, 255, 255));
+        EXPECT_TRUE(grey < 0 || loader.Colour(grey) == qRgba(92, 92, 92, 255));
     }
+    EXPECT_EQ(Loader(0, 1).Colour(1), qRgba(92, 92, 92, 255)) << "no steps";
 }
 
 TEST(LoaderDialog, StepsAreMarkedOneByOneAndForgotten)
 {
-    LoaderDialog loader(nullptr, QStringLiteral("Loading"));
+    Loader loader;
     loader.PushBackToList(QStringLiteral("Reading..."));
     loader.PushBackToList(QStringLiteral("Showing '%1'..."));
     EXPECT_EQ(StepTexts(loader), QStringList({"Reading..." + Open, "Showing '%1'..." + Open}));

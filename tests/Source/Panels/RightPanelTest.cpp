@@ -1,41 +1,25 @@
 // Right panel: what it shows of the correction sets, and what its clicks ask for.
 #include "RightPanel.h"
 #include "CorrectionListWidget.h"
-#include "CorrectionSetData.h"
+#include "MakeCorrectionSet.h"
 #include "OtherLanguage.h"
 #include "SentEvents.h"
 #include "Widgets.h"
-
-#include <boost/make_shared.hpp>
 
 #include <QPointer>
 #include <QStandardItemModel>
 #include <QTreeView>
 
-#include <map>
-
 namespace
 {
 
-using Metadata = std::map<std::string, double>;
-
 const Metadata AllThree{{"Gain", 12.34}, {"ExposureTime", 10000.4}, {"Temperature", -20}};
 
-// Flags: w writable, a available, e empty, d DPC on, r can be restored.
-CorrectionSetData* MakeSet(const std::string& name, const std::string& flags, const Metadata& metadata = {})
+struct Set
 {
-    const auto has = [&flags](char flag) { return flags.find(flag) != std::string::npos; };
-    const auto set = boost::make_shared<KTR::DPC::CorrectionSet>(name);
-    for (const auto& [key, value] : metadata)
-    {
-        set->setMetadata(key, value);
-    }
-    auto* data = new CorrectionSetData(set, has('w'), has('a'), nullptr);
-    data->SetIsEmpty(has('e'));
-    data->SetIfDpcOn(has('d'));
-    data->SetIfRestoreDefSetAvailable(has('r'));
-    return data;
-}
+    const char *name, *flags;
+    Metadata metadata;
+};
 
 class RightPanelTest : public testing::Test
 {
@@ -56,13 +40,13 @@ protected:
         m_panel->show();
     }
 
-    void Open(const std::vector<CorrectionSetData*>& sets, const std::string& defaultSet = {})
+    void Open(const std::vector<Set>& sets, const std::string& defaultSet = {})
     {
         m_panel->ResetCorrectionSetList();
         m_log.clear();
-        for (CorrectionSetData* set : sets)
+        for (const Set& set : sets)
         {
-            m_panel->GetCorrectionSetList()->append(set);
+            m_panel->GetCorrectionSetList()->append(MakeSet(set.name, set.flags, set.metadata).release());
         }
         m_panel->SetCorrectionSets();
         m_panel->SetDefaultCorrectionSet(defaultSet);
@@ -71,8 +55,7 @@ protected:
     // A preset, an active user set and two other ones, the last of them empty.
     void OpenUsualCamera()
     {
-        Open({MakeSet("Preset", "a"), MakeSet("User", "wadr"), MakeSet("User2", "wa"), MakeSet("User3", "wae")},
-             "User2");
+        Open({{"Preset", "a", {}}, {"User", "wadr", {}}, {"User2", "wa", {}}, {"User3", "wae", {}}}, "User2");
         m_log.clear();
     }
 
@@ -128,8 +111,8 @@ TEST(CorrectionSetDataTest, EqualIsAnotherSetWithTheSameContent)
     };
     for (const auto& [fault, metadata, otherFlags, otherMetadata, equal] : cases)
     {
-        const std::unique_ptr<CorrectionSetData> set(MakeSet("A", "wa", metadata));
-        const std::unique_ptr<CorrectionSetData> other(MakeSet("B", otherFlags, otherMetadata));
+        const auto set = MakeSet("A", "wa", metadata);
+        const auto other = MakeSet("B", otherFlags, otherMetadata);
         EXPECT_EQ(set->IsEqual(*other), equal) << fault;
         EXPECT_FALSE(set->IsEqual(*set)) << "no set is its own duplicate";
     }
@@ -139,19 +122,20 @@ TEST_F(RightPanelTest, SetsGoToTheirListsAndTheActiveOneIsSelected)
 {
     struct
     {
-        std::vector<CorrectionSetData*> sets;
+        std::vector<Set> sets;
         QStringList shown; // preset, user, selected, active, switches
         QStringList log;
     } const cases[] = {
-        {{MakeSet("Factory", ""), MakeSet("Preset", "w"), MakeSet("Old", ""), MakeSet("U1", "wa"),
-          MakeSet("U2", "wad")},
+        {{{"Factory", "", {}}, {"Preset", "w", {}}, {"Old", "", {}}, {"U1", "wa", {}}, {"U2", "wad", {}}},
          {"Old", "U1,U2", "U2", "U2", "off on"},
          {"edit", "edit", "read U2"}},
-        {{MakeSet("Factory", "ad"), MakeSet("Preset", "a")},
+        {{{"Factory", "ad", {}}, {"Preset", "a", {}}},
          {"Factory,Preset", "", "Factory", "Factory", "on off"},
          {"no edit", "no edit", "read Factory"}},
-        {{MakeSet("U1", "wade")}, {"", "0. [Empty Set]", "U1", "U1", "off on"}, {"edit", "edit", "read "}},
-        {{MakeSet("P", "a"), MakeSet("U1", "wa")}, {"P", "U1", "[No Set]", "None", "off off"}, {}},
+        {{{"U1", "wade", {}}}, {"", "0. [Empty Set]", "U1", "U1", "off on"}, {"edit", "edit", "read "}},
+        {{{"P", "a", {}}, {"U1", "wa", {{"Gain", 1}, {"Temperature", 2}}}, {"U2", "wa", AllThree}},
+         {"P", QString::fromUtf8(",1. Gain 12.3, -20.0\u00B0C, 10000\u00B5S"), "[No Set]", "None", "off off"},
+         {}},
     };
     for (const auto& c : cases)
     {
@@ -165,7 +149,7 @@ TEST_F(RightPanelTest, SetsGoToTheirListsAndTheActiveOneIsSelected)
 
 TEST_F(RightPanelTest, ButtonsSayWhyTheyCannotBeUsed)
 {
-    Open({MakeSet("U1", "w"), MakeSet("U2", "wa")}, "U2");
+    Open({{"U1", "w", {}}, {"U2", "wa", {}}}, "U2");
     const auto expectUsable = [](const CorrectionListWidget& list, bool usable)
     {
         for (const QPushButton* button : {list.GetDefaultSetButton(), list.GetDpcEnableButton()})
@@ -180,7 +164,7 @@ TEST_F(RightPanelTest, ButtonsSayWhyTheyCannotBeUsed)
     expectUsable(User(), true);
     EXPECT_EQ(m_panel->ExportToFileButton()->accessibleName(), QStringLiteral("Export")) << "taken from the tool tip";
 
-    Open({MakeSet("P", "a"), MakeSet("U1", "wa")}); // no default set in this family
+    Open({{"P", "a", {}}, {"U1", "wa", {}}}); // no default set in this family
     EXPECT_FALSE(User().GetDefaultSetButton()->isEnabled());
     EXPECT_TRUE(Preset().GetDpcEnableButton()->isEnabled());
     EXPECT_EQ(Text("defaultSetValueLabel"), QStringLiteral("Not available"));
@@ -223,7 +207,7 @@ TEST_F(RightPanelTest, SelectingASetAllowsWhatItAllows)
     EXPECT_TRUE(m_log.isEmpty()) << "the wheel reads sets";
 }
 
-TEST_F(RightPanelTest, OnlyOneSetIsActive)
+TEST_F(RightPanelTest, OnlyOneSetIsActiveAndOneTheDefault)
 {
     OpenUsualCamera();
     const auto expect = [this](const char* active, const char* switches, const char* log)
@@ -248,51 +232,13 @@ TEST_F(RightPanelTest, OnlyOneSetIsActive)
     EXPECT_TRUE(m_panel->DeactivateCurrentDPC());
     expect("None", "off off", "dpc User2");
     EXPECT_FALSE(User().GetCurrentSet()->GetIfDpcOn());
-}
 
-TEST_F(RightPanelTest, DefaultSet)
-{
-    OpenUsualCamera();
-    EXPECT_EQ(Defaults(), QStringLiteral("plain checked")); // the list that holds it, whatever it shows
-    EXPECT_EQ(Text("defaultSetValueLabel"), QStringLiteral("User2"));
-
+    EXPECT_EQ(Defaults(), QStringLiteral("plain checked")) << "the list that holds it, whatever it shows";
     ClickDefault(Preset());
     EXPECT_EQ(Defaults(), QStringLiteral("checked plain"));
     EXPECT_EQ(m_log, QStringList({"default Preset"}));
     EXPECT_EQ(m_panel->GetCurrentRow(), QStringLiteral("Preset"));
     EXPECT_EQ(Text("defaultSetValueLabel"), QStringLiteral("User2")) << "shown before the camera has confirmed";
-
-    m_panel->SetDefaultCorrectionSet("User2"); // the camera refused
-    EXPECT_EQ(Defaults(), QStringLiteral("plain checked"));
-}
-
-TEST_F(RightPanelTest, WrittenMetadataIsShown)
-{
-    Open({MakeSet("U0", "wa", {{"Gain", 1}, {"Temperature", 2}}), MakeSet("U1", "wae")});
-    const std::unique_ptr<CorrectionSetData> none(MakeSet("x", "wae"));
-    const std::unique_ptr<CorrectionSetData> full(MakeSet("x", "wa", AllThree));
-    const std::unique_ptr<CorrectionSetData> emptied(MakeSet("x", "wae", AllThree));
-    const QString line = QString::fromUtf8("Gain 12.3, -20.0\xC2\xB0"
-                                           "C, 10000\xC2\xB5"
-                                           "S");
-    struct
-    {
-        const char* name;
-        const CorrectionSetData* written;
-        QStringList lines;
-    } const steps[] = {
-        {"U0", none.get(), {"", "1. [Empty Set]"}},
-        {"U1", full.get(), {"", "1. " + line}},
-        {"U0", full.get(), {"0. " + line, "1. " + line}},
-        {"U0", emptied.get(), {"0. [Empty Set]", "1. " + line}},
-        {"U1", m_panel->GetCorrectionSetList()->at(1), {"0. [Empty Set]", "1. " + line}},
-    };
-    for (const auto& step : steps)
-    {
-        m_panel->UpdateSetItemMetadata(QLatin1String(step.name), step.written);
-        EXPECT_EQ(Lines(User()), step.lines);
-    }
-    EXPECT_EQ(m_panel->GetCorrectionSetList()->at(0)->getMetadataSize(), 0u);
 }
 
 TEST_F(RightPanelTest, ResetDeletesTheSetsAndForgetsTheCamera)
@@ -303,7 +249,7 @@ TEST_F(RightPanelTest, ResetDeletesTheSetsAndForgetsTheCamera)
     EXPECT_TRUE(set.isNull() && Lines(User()).isEmpty() && User().GetCurrentSet() == nullptr);
     EXPECT_EQ(m_panel->GetCurrentRow(), QStringLiteral("[No Set]"));
     // The next camera has a set of the name that was active in this one.
-    Open({MakeSet("User", "wa"), MakeSet("User2", "wad")});
+    Open({{"User", "wa", {}}, {"User2", "wad", {}}});
     Pick(User(), 0);
     EXPECT_EQ(Switches(), QStringLiteral("off off"));
     EXPECT_EQ(Defaults(), QStringLiteral("plain plain"));
@@ -324,7 +270,7 @@ TEST_F(RightPanelTest, TheCameraMayDisappearWhileASetIsRead)
 
 TEST_F(RightPanelTest, AnotherLanguageKeepsTheState)
 {
-    Open({MakeSet("Preset", "ad"), MakeSet("User", "wae")});
+    Open({{"Preset", "ad", {}}, {"User", "wae", {}}});
     m_panel->SetCameraInfo(QStringLiteral("Model"), {});
     m_panel->OnNumberOfDefectsUpdated(1);
     EXPECT_EQ(Text("labelNumberOfDefects"), QStringLiteral("1 defect"));
