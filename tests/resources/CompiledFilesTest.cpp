@@ -2,17 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <QDirIterator>
-#include <QFontDatabase>
 #include <QIcon>
 #include <QImageReader>
-#include <QMovie>
 #include <QPainter>
-#include <QRawFont>
 #include <QRegularExpression>
-#include <QtEndian>
 
 #include <algorithm>
-#include <set>
 
 namespace
 {
@@ -92,40 +87,4 @@ TEST(CompiledFiles, EveryPictureHasATwinOfTwiceItsSize)
         const QSize twin = QImageReader(g_icons + QString(name).replace(".png", "@2x.png")).size();
         EXPECT_TRUE(size.isValid() && twin == 2 * size) << name.toStdString();
     }
-}
-
-TEST(CompiledFiles, TheSpinnerTurnsOnATransparentGround)
-{
-    QMovie spinner(g_icons + "spinner-grey.gif");
-    std::set<QByteArray> pictures;
-    for (int i = 0; i < 12; ++i)
-    {
-        ASSERT_TRUE(spinner.jumpToNextFrame());
-        const QImage picture = spinner.currentImage().convertToFormat(QImage::Format_ARGB32);
-        EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0);
-        EXPECT_EQ(picture.pixelColor(picture.rect().center()).alpha(), 0);
-        pictures.emplace(reinterpret_cast<const char*>(picture.constBits()), int(picture.sizeInBytes()));
-    }
-    EXPECT_EQ(pictures.size(), 12U);
-    EXPECT_EQ(spinner.loopCount(), -1) << "The spinner has to turn for ever.";
-}
-
-TEST(CompiledFiles, OpenSansHasTenFaces)
-{
-    std::set<std::pair<int, bool>> faces; // weight and slant, as the font file itself tells them
-    for (const QString& name : QDir(":/fonts/fonts").entryList(QDir::Files))
-    {
-        const QString path = ":/fonts/fonts/" + name;
-        EXPECT_EQ(QFontDatabase::applicationFontFamilies(QFontDatabase::addApplicationFont(path)),
-                  QStringList("Open Sans"));
-        const QByteArray table = QRawFont(path, 12).fontTable("OS/2");
-        ASSERT_GE(table.size(), 64) << path.toStdString();
-        faces.emplace(qFromBigEndian<quint16>(table.constData() + 4), (table[63] & 1) != 0);
-    }
-    std::set<std::pair<int, bool>> expected;
-    for (const int weight : {300, 400, 600, 700, 800})
-    {
-        expected.insert({{weight, false}, {weight, true}});
-    }
-    EXPECT_EQ(faces, expected);
 }

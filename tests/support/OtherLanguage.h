@@ -1,7 +1,10 @@
 // A language in which every text stands in brackets and is a third longer, as German is.
 #pragma once
 
+#include "Widgets.h"
+
 #include <QCoreApplication>
+#include <QRegularExpression>
 #include <QTranslator>
 
 // The program speaks it while it lives; the widgets have heard of that when its constructor or destructor returns.
@@ -26,3 +29,31 @@ public:
     bool isEmpty() const override { return false; }
     QString translate(const char*, const char* text, const char*, int) const override { return Of(text); }
 };
+
+// Texts, tool tips and accessible names below a widget.
+inline QStringList TextsIn(const QWidget& parent)
+{
+    QStringList texts;
+    for (const QWidget* widget : parent.findChildren<QWidget*>())
+    {
+        texts << widget->property("text").toString() << widget->toolTip() << widget->accessibleName();
+    }
+    texts.removeAll({});
+    return texts;
+}
+
+// Each text but the ones that are no words of the program's, whole, and back again; what is in sight is not cut.
+inline void ExpectFollowsTheLanguage(const QWidget& parent, const char* fixed)
+{
+    const QRegularExpression expression(QRegularExpression::anchoredPattern(fixed));
+    const QStringList english = TextsIn(parent);
+    {
+        const OtherLanguage language;
+        ExpectNothingClipped(parent);
+        for (const QString& text : TextsIn(parent))
+        {
+            EXPECT_TRUE(text.contains("x>") || expression.match(text).hasMatch()) << text.toStdString();
+        }
+    }
+    EXPECT_EQ(TextsIn(parent), english);
+}

@@ -75,34 +75,6 @@ TEST_F(SimulatedSystem, SoakOfPlugEventsAndRefreshes)
               << " rows\n";
 }
 
-TEST_F(SimulatedSystem, StartsAndStopsOfTheApi)
-{
-    const auto resources = []
-    {
-        const auto count = [](const char* folder)
-        { return std::distance(std::filesystem::directory_iterator(folder), std::filesystem::directory_iterator()); };
-        return std::pair(count("/proc/self/fd"), count("/proc/self/task"));
-    };
-    const int rounds = IsLongRun() ? 2000 : 200; // ends with a remainder of 2 by three, as 5 rounds do
-    ApiController api;
-    std::pair<std::ptrdiff_t, std::ptrdiff_t> before;
-    for (int round = 0; round < rounds; ++round)
-    {
-        ASSERT_EQ(api.StartUp(), ZltErrorSuccess) << round;
-        const auto cameras = api.GetCameraList();
-        ASSERT_EQ(cameras.size(), 5U) << round;
-        if (round % 3 == 0)
-        {
-            ASSERT_EQ(api.OpenCamera(cameras[0]), ZltErrorSuccess) << round;
-            ASSERT_EQ(api.StartContinuousImageAcquisition(), ZltErrorSuccess);
-        }
-        ASSERT_EQ(api.ShutDown(), ZltErrorSuccess) << "also with a camera open, round " << round;
-        // Both look-ups are in the round after one with a camera, whose pointer the controller still has.
-        before = round == 4 ? resources() : before;
-    }
-    EXPECT_EQ(resources(), before) << "files and threads";
-}
-
 // Format and interpolation change under the running stream, from both threads; then a cooled camera is set.
 TEST_F(SimulatedSystem, SettingsOfLiveCameras)
 {

@@ -380,14 +380,4 @@ TEST_F(ImageViewTest, ContextMenuSavesPixelAndResetsView)
     EXPECT_TRUE(view.transform().isIdentity());
 }
 
-TEST_F(ImageViewTest, LeavesShortcutKeysToTheWindow)
-{
-    for (const int key : {Qt::Key_1, Qt::Key_P, Qt::Key_Plus})
-    {
-        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
-        QApplication::sendEvent(&view, &event);
-        EXPECT_FALSE(event.isAccepted()) << key;
-    }
-}
-
 } // namespace

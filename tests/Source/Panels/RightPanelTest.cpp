@@ -2,7 +2,6 @@
 #include "RightPanel.h"
 #include "CorrectionListWidget.h"
 #include "MakeCorrectionSet.h"
-#include "OtherLanguage.h"
 #include "SentEvents.h"
 #include "Widgets.h"
 
@@ -266,26 +265,6 @@ TEST_F(RightPanelTest, TheCameraMayDisappearWhileASetIsRead)
     QTest::keyClick(User().GetComboBox(), Qt::Key_Down);
     EXPECT_EQ(m_log.back(), QStringLiteral("read User2"));
     EXPECT_EQ(m_panel->GetCurrentRow(), QStringLiteral("[No Set]"));
-}
-
-TEST_F(RightPanelTest, AnotherLanguageKeepsTheState)
-{
-    Open({{"Preset", "ad", {}}, {"User", "wae", {}}});
-    m_panel->SetCameraInfo(QStringLiteral("Model"), {});
-    m_panel->OnNumberOfDefectsUpdated(1);
-    EXPECT_EQ(Text("labelNumberOfDefects"), QStringLiteral("1 defect"));
-    {
-        const OtherLanguage language;
-        EXPECT_EQ(Text("labelPixelList"), OtherLanguage::Of("Pixel list"));
-        EXPECT_EQ(Lines(User()), QStringList("0. " + OtherLanguage::Of("[Empty Set]")));
-        EXPECT_EQ(Text("activeSetValueLabel"), QStringLiteral("Preset"));
-        EXPECT_EQ(Text("defaultSetValueLabel"), OtherLanguage::Of("Not available"));
-        EXPECT_EQ(Text("cameraNameLabel"), QStringLiteral("Model"));
-        EXPECT_EQ(Text("labelNumberOfDefects"), OtherLanguage::Of("%1 defect").arg(1));
-    }
-    EXPECT_EQ(Text("labelPixelList"), QStringLiteral("Pixel list"));
-    m_model.clear();
-    EXPECT_EQ(Text("labelNumberOfDefects"), QStringLiteral("0 defects"));
 }
 
 } // namespace

@@ -3,13 +3,11 @@
 #include "ClusterDefect.h"
 #include "ColumnDefect.h"
 #include "PixelColumnDefect.h"
-#include "PixelListXml.h"
 #include "PixelRowDefect.h"
 #include "RowDefect.h"
 
 #include <QColor>
 #include <QDebug>
-#include <QTemporaryDir>
 
 #include <boost/make_shared.hpp>
 #include <gtest/gtest.h>
@@ -245,19 +243,6 @@ TEST_F(TreeModelTest, KeepsOrderAndHitsLikeAPlainList)
             ASSERT_EQ(plain[row].second.row(), row) << "a persistent index follows its defect";
         }
     }
-}
-
-TEST_F(TreeModelTest, LoadsWhatWasSavedAllOrNothing)
-{
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("list.xml"));
-    Add(3, 3, 1, 1, 0, 1);
-    Add(40, 30, 2, 2, 3);
-    SaveAsXmlImpl(path, m_model.getDefectList());
-    EXPECT_TRUE(LoadFromXmlImpl(path, &m_model, 40, 30, {0, 3}));
-    EXPECT_EQ(Rows(), QStringLiteral("3 3 1 1 0 0 #0; 40 30 2 2 3 0 #1; "));
-    EXPECT_FALSE(LoadFromXmlImpl(path, &m_model, 40, 30, {0}));
-    EXPECT_TRUE(m_model.isEmpty());
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "WindowSession.h"
 
 #include "CameraOptionPanel.h"
+#include "OtherLanguage.h"
 #include "OverviewPanel.h"
 #include "RightPanel.h"
 
@@ -96,11 +97,23 @@ TEST_F(SessionTest, ExportsAndImportsThePixelList)
     Click("exportToFileButton");
     Model().clear();
     Click("importButton");
-    EXPECT_EQ(Model().rowCount(), 1);
+    ASSERT_EQ(Model().rowCount(), 1);
+    EXPECT_TRUE(Model().hasUnsavedDefects());
     WriteFile(path, "<Camera>");
     answers.Then(ChooseFile(path)).ThenClick("okButton");
     Click("importButton");
     EXPECT_TRUE(answers.Seen().back().contains("File is corrupted"));
+    EXPECT_TRUE(Model().isEmpty()) << "all or nothing";
+}
+
+TEST_F(SessionTest, SpeaksAnotherLanguageAndComesBack)
+{
+    Pick(Mono);
+    Click("cameraOptionsButton");
+    Click("supportButton");
+    Find<QWidget>("detectorDialog")->show();
+    Loader().show();
+    ExpectFollowsTheLanguage(*window, "OSTREL.*|Preset|User|Loading|.s|>.*|[.\\d]+( %)?");
 }
 
 TEST_F(SessionTest, ColoursAndMosaic)
@@ -176,8 +189,12 @@ TEST_F(SessionTest, SurvivesRandomChanges)
                                              clickAnyRow,
                                              [&] { Click("playPauseButton"); },
                                              [&] { formats->setCurrentIndex(formats->count() - 1 - below(3)); },
-                                             [&] { Control({"unplug", below(2) == 0 ? "MONO" : "COLOUR"}); },
-                                             [&] { Control({"plug", below(2) == 0 ? "MONO" : "COLOUR"}); }};
+                                             [&] {
+                                                 Control({"unplug", below(2) == 0 ? "MONO" : "COLOUR"});
+                                             },
+                                             [&] {
+                                                 Control({"plug", below(2) == 0 ? "MONO" : "COLOUR"});
+                                             }};
     for (int change = 0; change < changes; ++change)
     {
         actions[below(static_cast<int>(std::size(actions)))]();
