@@ -40,7 +40,7 @@ protected:
         };
     }
     // What the user sees of an upload that is confirmed and not followed by a restart.
-    void Upload(ModalAnswers& answers, const char* message = nullptr) const
+    void Upload(const char* message = nullptr)
     {
         const auto before = answers.Seen().size();
         answers.ThenClick("confirmButton");
@@ -65,7 +65,6 @@ protected:
 
 TEST_F(CorrectionSetsTest, TheRoadOfAnUpload)
 {
-    ModalAnswers answers;
     Pick(0);
     EXPECT_EQ(Find<QLabel>("labelPixelListCorrectionSet")->text(), "Preset") << "is active";
     EXPECT_EQ(Find<QLabel>("defaultSetValueLabel")->text(), "Preset");
@@ -111,7 +110,6 @@ TEST_F(CorrectionSetsTest, TheRoadOfAnUpload)
 
 TEST_F(CorrectionSetsTest, AsksBeforeUnsavedDefectsAreLostAndCopiesThem)
 {
-    ModalAnswers answers;
     Pick(0);
     const int factory = List().size();
     answers.ThenClick("okButton");
@@ -133,17 +131,16 @@ TEST_F(CorrectionSetsTest, AsksBeforeUnsavedDefectsAreLostAndCopiesThem)
 
 TEST_F(CorrectionSetsTest, FailuresAreToldAndTheListShowsWhatTheCameraHolds)
 {
-    ModalAnswers answers;
     Pick(0);
     Choose("userWidget");
     Model().addDefectItem(10, 12, 1, 1, 0, DefectInfo::NewColor);
-    Upload(answers);
+    Upload();
     Model().addDefectItem(30, 32, 1, 1, 0, DefectInfo::NewColor);
     Fault(R"({"operation": "FileWrite", "code": -13})");
-    Upload(answers, "Error with saving pixels\n");
+    Upload("Error with saving pixels\n");
     EXPECT_FALSE(Model().hasUnsavedDefects());
     Model().addDefectItem(30, 32, 1, 1, 0, DefectInfo::NewColor);
-    Upload(answers);
+    Upload();
     EXPECT_EQ(List().size(), 2);
 
     Fault(R"({"operation": "SetValue", "feature": "CorrectionSetDefault", "code": -13})");
@@ -169,7 +166,6 @@ TEST_F(CorrectionSetsTest, FailuresAreToldAndTheListShowsWhatTheCameraHolds)
 
 TEST_F(CorrectionSetsTest, WithoutASetThereIsNothingToUpload)
 {
-    ModalAnswers answers;
     Pick(0);
     Sets("presetWidget").GetDpcEnableButton()->click();
     Pick(0);
@@ -186,7 +182,6 @@ TEST_F(CorrectionSetsTest, WithoutASetThereIsNothingToUpload)
 
 TEST_F(CorrectionSetsTest, ACameraThatLeavesInTheMiddleOfAnUploadLeavesAUsableWindow)
 {
-    ModalAnswers answers;
     Pick(0);
     Choose("userWidget");
     Model().addDefectItem(10, 12, 1, 1, 0, DefectInfo::NewColor);
@@ -211,7 +206,6 @@ TEST_F(CorrectionSetsTest, ACameraThatLeavesInTheMiddleOfAnUploadLeavesAUsableWi
 // Slow enough to watch: each block of the file takes a while.
 TEST_F(CorrectionSetsTest, TheLoaderMovesWhileTheCameraWrites)
 {
-    ModalAnswers answers;
     Pick(0);
     Choose("userWidget");
     for (int i = 0; i < 400; ++i)
@@ -229,7 +223,7 @@ TEST_F(CorrectionSetsTest, TheLoaderMovesWhileTheCameraWrites)
         int count = 0;
     } paints;
     Loader().findChild<QLabel*>("ringLabel")->installEventFilter(&paints);
-    Upload(answers);
+    Upload();
     EXPECT_GE(paints.count, 8);
     EXPECT_EQ(List().size(), 400);
 }

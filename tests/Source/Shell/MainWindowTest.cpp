@@ -40,7 +40,6 @@ TEST_F(MainWindowTest, StartsAndEndsWithoutAnyCamera)
 
 TEST_F(MainWindowTest, AsksForACameraAtMostOnceASecond)
 {
-    ModalAnswers answers;
     answers.ThenClick("okButton");
     QTest::keyClick(window.get(), Qt::Key_P);
     QTest::keyClick(window.get(), Qt::Key_P);
@@ -146,7 +145,6 @@ TEST_F(MainWindowTest, BusyStateTakesEverythingOutOfUseAndGivesItBack)
 
 TEST_F(MainWindowTest, WelcomesOnceAndRemembersIt)
 {
-    ModalAnswers answers;
     answers.ThenClick("showAroundButton").ThenClick("exitButton");
     window->WelcomingDialog();
     EXPECT_TRUE(Check("supportButton")->isChecked()) << "the tour is open";
@@ -201,7 +199,6 @@ TEST(ScreenScale, TakesQuartersAndNeverShrinks)
 TEST_F(MainWindowTest, SavesWhatTheListHoldsAndLoadsNothing)
 {
     const QString path = Path("list"); // the name as given, without an extension of ours
-    ModalAnswers answers;
     answers.ThenClick("okButton");
     window->SaveXmlFile();
     EXPECT_TRUE(answers.Seen().back().contains("List is empty!"));

@@ -51,7 +51,6 @@ protected:
 TEST_F(OtherFamiliesTest, SetsAreStoredWithTheirConditionsAndNoTwoWithTheSame)
 {
     const auto emptySet = [](int index) { return QStringLiteral("%1. [Empty Set]").arg(index); };
-    ModalAnswers answers;
     Pick(Cooled);
     ASSERT_EQ(UserSets().GetComboBox()->count(), 8);
     EXPECT_EQ(Line(1), emptySet(1));
@@ -105,7 +104,6 @@ TEST_F(OtherFamiliesTest, SetsAreStoredWithTheirConditionsAndNoTwoWithTheSame)
 
 TEST_F(OtherFamiliesTest, WhereASetIsInForceAtOnceNoRestartIsOffered)
 {
-    ModalAnswers answers;
     Pick(Rivo);
     for (const bool factory : {true, false})
     {

@@ -40,7 +40,6 @@ TEST_F(SessionTest, StartsStepByStepUntilTheFirstFrame)
 {
     QDir().mkpath("state/MONO"); // as another program leaves the camera behind
     WriteFile("state/MONO/settings.json", R"({"ReverseX": "true"})");
-    ModalAnswers answers;
     answers.ThenClick("okButton");
     Pick(Mono);
     ASSERT_EQ(answers.Seen().size(), 1U);
@@ -59,7 +58,6 @@ TEST_F(SessionTest, StartsStepByStepUntilTheFirstFrame)
 
 TEST_F(SessionTest, MouseToolsEditThePixelList)
 {
-    ModalAnswers answers;
     Pick(Mono);
     Choose("userWidget");
     Click("mouseRectAddButton");
@@ -89,7 +87,6 @@ TEST_F(SessionTest, MouseToolsEditThePixelList)
 TEST_F(SessionTest, ExportsAndImportsThePixelList)
 {
     const QString path = Path("list.xml");
-    ModalAnswers answers;
     Pick(Mono);
     Model().clear();
     Model().addDefectItem(10, 12, 1, 1, 0, 0);
@@ -144,7 +141,6 @@ TEST_F(SessionTest, OverviewComesWhenTheImageNoLongerFits)
 
 TEST_F(SessionTest, LostCameraAndAnother)
 {
-    ModalAnswers answers;
     Pick(Mono);
     Model().addDefectItem(1, 2, 1, 1, 0, 0);
     answers.ThenClick("okButton");
@@ -159,7 +155,6 @@ TEST_F(SessionTest, LostCameraAndAnother)
 
 TEST_F(SessionTest, CameraWithoutAStreamEndsTheStart)
 {
-    ModalAnswers answers;
     answers.ThenClick("okButton");
     ClickRow(Mute);
     ASSERT_TRUE(Waits([&] { return answers.Seen().size() == 1 && !Loader().isVisible(); }));
@@ -171,7 +166,6 @@ TEST_F(SessionTest, CameraWithoutAStreamEndsTheStart)
 // LORVANE_SESSION_CHANGES lengthens it.
 TEST_F(SessionTest, SurvivesRandomChanges)
 {
-    ModalAnswers answers;
     answers.Always([](QDialog& dialog) { dialog.accept(); });
     std::mt19937 random(7);
     const int changes = qMax(30, qEnvironmentVariableIntValue("LORVANE_SESSION_CHANGES"));

@@ -47,6 +47,7 @@ protected:
         };
     }
 
+    ModalAnswers answers;
     std::unique_ptr<MainWindow> window;
 };
 
