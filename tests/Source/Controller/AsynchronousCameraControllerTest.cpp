@@ -150,25 +150,20 @@ TEST_F(ControllerTest, EventsOfForeignCamerasAndUnknownReasons)
 TEST_F(ControllerTest, UnpluggedWhileStreaming)
 {
     const auto other = Add("OTHER");
-    const auto first = Add("FIRST");
     const auto camera = Add("A");
-    Start().SetNewIndex(2, "A");
+    Start().SetNewIndex(1, "A");
     controller->StartStopAcquisition();
-    Unplug(first);
+    Unplug(other);
     EXPECT_TRUE(controller->GetIfStreaming()) << "another camera's cable";
     EXPECT_THAT(Signals(), IsEmpty());
     EXPECT_EQ(images.Front()->size(), QSize(64, 64));
     Unplug(camera);
-    EXPECT_FALSE(controller->GetIfStreaming());
-    EXPECT_FALSE(camera->isOpen);
+    EXPECT_FALSE(controller->GetIfStreaming() || camera->isOpen);
     EXPECT_TRUE(images.Front()->isNull());
-    EXPECT_THAT(Shown(), ElementsAre("OTHER free dpc"));
+    EXPECT_THAT(Shown(), IsEmpty());
     EXPECT_THAT(Signals(), ElementsAre("disconnected", "changed", "busy"));
     controller->StartStopAcquisition();
     EXPECT_THAT(Signals(), IsEmpty()) << "nothing is selected any more";
-    Unplug(other);
-    EXPECT_THAT(Shown(), IsEmpty());
-    EXPECT_THAT(Signals(), ElementsAre("changed", "busy"));
 }
 
 TEST_F(ControllerTest, SelectionFollowsTheIdThroughRebuilds)

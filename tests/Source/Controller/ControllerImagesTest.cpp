@@ -2,7 +2,6 @@
 #include "AsynchronousCameraController.h"
 
 #include "CustomListView.h"
-#include "FrameObserver.h"
 #include "ImageDoubleBuffer.h"
 #include "ListedSystem.h"
 #include "ZltApi/PixelFormat.h"
@@ -182,19 +181,6 @@ TEST_F(ControllerImagesTest, FramesThatAreNotShown)
     EXPECT_FALSE(controller.GetIfStreaming()) << "no memory";
     ASSERT_EQ(errors.size(), 1);
     EXPECT_EQ(errors[0][0].toString().toStdString(), "Cannot open camera stream");
-    (*camera)["Width"].maximum = std::int64_t{37};
-    (*camera)["Height"].maximum = std::int64_t{10};
-    Start(ZltPixelFormatMono8);
-    // What an earlier acquisition announced meets an incomplete frame of this one.
-    auto* const observer = dynamic_cast<FrameObserver*>(camera->observer.get());
-    QObject::disconnect(observer, nullptr, &controller, nullptr);
-    const QSignalSpy keepsTheFrameQueued(observer, &FrameObserver::FrameReceivedSignal);
-    const auto frame = good();
-    frame->status = ZltApi::FrameStatusIncomplete;
-    observer->FrameReceived(frame);
-    controller.OnFrameReady(ZltApi::FrameStatusComplete);
-    EXPECT_EQ(announced, 0);
-    EXPECT_EQ(camera->queued.back(), frame);
 }
 
 } // namespace

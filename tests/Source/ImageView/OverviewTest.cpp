@@ -171,11 +171,10 @@ TEST_F(OverviewPanelTest, DragResizesAroundTheFixedCorner)
     }
 }
 
-TEST_F(OverviewPanelTest, HoverShowsTheCursorAndLabelFillsThePanelInTheImagesRatio)
+TEST_F(OverviewPanelTest, LabelFillsThePanelInTheImagesRatio)
 {
     Drag({2, 2}, {{50, 90}}, Qt::NoButton);
-    EXPECT_EQ(panel.geometry(), QRect(585, 535, 400, 250));
-    EXPECT_EQ(panel.cursor().shape(), Qt::SizeFDiagCursor);
+    EXPECT_EQ(panel.geometry(), QRect(585, 535, 400, 250)) << "no button is pressed";
     EXPECT_TRUE(panel.rect().adjusted(1, 1, -1, -1).contains(label->geometry())) << "an edge to take hold of";
     EXPECT_NEAR(static_cast<double>(label->width()) / label->height(), 1.6, 0.01);
     const QPixmap frame = Frame();

