@@ -1,10 +1,7 @@
 // Reading frames: which bits of a sample are kept, and which files are refused.
 #include "FrameFile.h"
 
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
+#include "WorkingFolder.h"
 
 #include <string>
 #include <vector>
@@ -14,18 +11,14 @@ using namespace std::string_literals;
 namespace
 {
 
-class FrameFile : public ::testing::Test
+class FrameFile : public ::testing::Test, protected WorkingFolder
 {
 protected:
-    QString Store(const std::string& bytes)
+    static QString Store(const std::string& bytes)
     {
-        QFile file(m_folder.filePath(QStringLiteral("frame")));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes.data(), static_cast<qint64>(bytes.size()));
-        return file.fileName();
+        WriteFile("frame", QByteArray::fromStdString(bytes));
+        return "frame";
     }
-
-    QTemporaryDir m_folder;
 };
 
 TEST_F(FrameFile, KeepsTheUpperBitsOfGreySamples)
@@ -43,9 +36,8 @@ TEST_F(FrameFile, KeepsTheUpperBitsOfGreySamples)
     }
     QImage wide(2, 1, QImage::Format_Grayscale16);
     reinterpret_cast<quint16*>(wide.scanLine(0))[0] = 0x28ff; // rounds up to 41 in a plain conversion
-    const QString path = m_folder.filePath(QStringLiteral("wide.png"));
-    ASSERT_TRUE(wide.save(path));
-    EXPECT_EQ(*LoadFrameFile(path, nullptr).constScanLine(0), 0x28);
+    ASSERT_TRUE(wide.save("wide.png"));
+    EXPECT_EQ(*LoadFrameFile("wide.png", nullptr).constScanLine(0), 0x28);
 }
 
 TEST_F(FrameFile, RefusesWithASentence)
@@ -57,7 +49,7 @@ TEST_F(FrameFile, RefusesWithASentence)
         EXPECT_TRUE(LoadFrameFile(Store(bytes), &error).isNull()) << bytes;
         EXPECT_TRUE(error.startsWith(QLatin1String("The image file \"")) && error.endsWith('.')) << qPrintable(error);
     }
-    EXPECT_TRUE(LoadFrameFile(m_folder.filePath(QStringLiteral("absent.png")), nullptr).isNull());
+    EXPECT_TRUE(LoadFrameFile("absent.png", nullptr).isNull());
 }
 
 } // namespace

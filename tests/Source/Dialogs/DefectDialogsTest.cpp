@@ -117,65 +117,59 @@ TEST(AddDialogTest, Scope)
     }
 }
 
-TEST(EditPixelDialogTest, EachKindFixesItsFields)
+TEST(EditPixelDialogTest, FieldsScopeAndResult)
 {
     struct
     {
         int kind;
-        const char *text, *state;
+        const char* text;
+        std::array<const char*, 4> entered; // in place of 10, 20, 3, 4
+        const char* state;
+        bool inScope;
     } const cases[] = {
-        {0, "Single Pixel Defect", "10,20,[3],[4]"}, {1, "Pixel Column Defect", "10,20,[3],4"},
-        {2, "Pixel Row Defect", "10,20,3,[4]"},      {3, "", "10,20,3,4"},
-        {4, "Column Defect", "10,[20],[3],[4]"},     {5, "Row Defect", "[10],20,[3],[4]"},
+        {0, "Single Pixel Defect", {}, "10,20,[3],[4]", true},
+        {1, "Pixel Column Defect", {}, "10,20,[3],4", true},
+        {2, "Pixel Row Defect", {}, "10,20,3,[4]", true},
+        {4, "Column Defect", {}, "10,[20],[3],[4]", true},
+        {5, "Row Defect", {}, "[10],20,[3],[4]", true},
+        {3, "", {"97", "76"}, "97,76,3,4", true},
+        {3, "", {"98", nullptr, "1", "1"}, "98,20,1,1", false}, // the width before counts, not the new one
+        {3, "", {nullptr, "77", nullptr, "1"}, "10,77,3,1", false},
+        {3, "", {nullptr, nullptr, "90", "60"}, "10,20,90,60", true},
+        {3, "", {nullptr, nullptr, "91"}, "10,20,91,4", false},
+        {3, "", {nullptr, nullptr, nullptr, "61"}, "10,20,3,61", false},
+        {3, "", {"97", nullptr, "90"}, "97,20,90,4", true}, // the room before counts
+        {3, "", {"-1"}, "-1,20,3,4", false},
+        {3, "", {"2147483647"}, "2147483647,20,3,4", false},
     };
     for (const auto& c : cases)
     {
-        const EditPixelDialog dialog(nullptr, c.kind, 10, 20, SensorWidth, SensorHeight, 3, 4);
+        EditPixelDialog dialog(nullptr, c.kind, 10, 20, SensorWidth, SensorHeight, 3, 4);
+        Enter(dialog, c.entered);
         const auto& box = Find<QComboBox>(dialog, "comboBox");
-        EXPECT_EQ(box.currentText(), QLatin1String(c.text));
-        EXPECT_FALSE(box.isEnabled());
-        EXPECT_EQ(State(dialog), c.state) << c.kind;
-    }
-}
-
-TEST(EditPixelDialogTest, ScopeAndResult)
-{
-    const std::pair<std::array<const char*, 4>, bool> cases[] = {
-        {{"97", "76", "3", "4"}, true},   {{"98", "20", "1", "1"}, false}, // the width before counts, not the new one
-        {{"10", "77", "3", "1"}, false},  {{"10", "20", "90", "60"}, true},        {{"10", "20", "91", "4"}, false},
-        {{"10", "20", "3", "61"}, false}, {{"97", "20", "90", "4"}, true}, // the room before counts
-        {{"-1", "20", "3", "4"}, false},  {{"2147483647", "20", "3", "4"}, false},
-    };
-    for (const auto& [entered, inScope] : cases) // in place of 10, 20, 3, 4
-    {
-        EditPixelDialog dialog(nullptr, 3, 10, 20, SensorWidth, SensorHeight, 3, 4);
-        Enter(dialog, entered);
-        EXPECT_EQ(SaysInScope(dialog), inScope) << State(dialog);
+        EXPECT_TRUE(box.currentText() == QLatin1String(c.text) && !box.isEnabled());
+        EXPECT_EQ(State(dialog), c.state);
+        EXPECT_EQ(SaysInScope(dialog), c.inScope) << c.state;
         Click(dialog, "confirmButton");
         const QRect result = dialog.GetNewPixelPoint();
-        const std::string values = std::to_string(result.x()) + "," + std::to_string(result.y()) + "," +
-                                   std::to_string(result.width()) + "," + std::to_string(result.height());
-        EXPECT_EQ(values, inScope ? State(dialog) : "-1,-1,-1,-1");
-        EXPECT_EQ(dialog.result(), inScope ? QDialog::Accepted : QDialog::Rejected);
+        const QString values =
+            QStringLiteral("%1,%2,%3,%4").arg(result.x()).arg(result.y()).arg(result.width()).arg(result.height());
+        EXPECT_EQ(values, c.inScope ? QString(c.state).remove('[').remove(']') : QStringLiteral("-1,-1,-1,-1"));
     }
 }
 
 TEST(EntryDialogTest, NothingChangesWithoutConfirmation)
 {
-    const auto escape = [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); };
-    const auto cancel = [](QDialog& dialog) { Click(dialog, "cancelButton"); };
-    const auto exit = [](QDialog& dialog) { Click(dialog, "exitButton"); };
-    for (const ModalAnswers::Answer& answer : {ModalAnswers::Answer(escape), {cancel}, {exit}})
+    for (const char* const way : {"cancelButton", "exitButton", "Escape"})
     {
         EditPixelDialog dialog(nullptr, 0, 10, 20, SensorWidth, SensorHeight, 1, 1);
         AddDialog another(nullptr, SensorWidth, SensorHeight, {0});
         const QSignalSpy sent(&another, &AddDialog::SendDataBack);
-        Enter(another, {"1", "1", nullptr, nullptr});
         ModalAnswers answers;
-        answers.Then(answer).Then(answer);
-        EXPECT_EQ(Lorvane::ExecuteModal(dialog), QDialog::Rejected);
+        answers.Always([way](QDialog& shown)
+                       { *way == 'E' ? QTest::keyClick(&shown, Qt::Key_Escape) : Click(shown, way); });
+        EXPECT_EQ(Lorvane::ExecuteModal(dialog) + Lorvane::ExecuteModal(another), 2 * QDialog::Rejected);
         EXPECT_EQ(dialog.GetNewPixelPoint(), QRect(-1, -1, -1, -1));
-        EXPECT_EQ(Lorvane::ExecuteModal(another), QDialog::Rejected);
         EXPECT_TRUE(sent.isEmpty());
     }
 }

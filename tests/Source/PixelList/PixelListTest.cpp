@@ -3,12 +3,9 @@
 #include "PixelColumnDefect.h"
 #include "PixelListXml.h"
 #include "SensorDefectConversion.h"
-
-#include <QFile>
-#include <QTemporaryDir>
+#include "WorkingFolder.h"
 
 #include <boost/make_shared.hpp>
-#include <gtest/gtest.h>
 
 using namespace KTR::DPC;
 
@@ -37,30 +34,24 @@ const char* const OnePixel = R"(
  </Pixel>
 </Camera>)";
 
-class PixelListXml : public ::testing::Test
+class PixelListXml : public ::testing::Test, protected WorkingFolder
 {
 protected:
-    std::optional<QVector<DefectInfo>> ReadBytes(const QByteArray& bytes, const std::vector<int>& types = AllTypes)
+    static std::optional<QVector<DefectInfo>> ReadBytes(const QByteArray& bytes,
+                                                        const std::vector<int>& types = AllTypes)
     {
-        QFile file(m_path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-        file.close();
-        return ReadXmlPixelList(m_path, SensorWidth, SensorHeight, types);
+        WriteFile("list.xml", bytes);
+        return ReadXmlPixelList("list.xml", SensorWidth, SensorHeight, types);
     }
-
-    QTemporaryDir m_folder;
-    QString m_path = m_folder.filePath(QStringLiteral("list.xml"));
 };
 
 TEST_F(PixelListXml, SavesTheLayoutToTheByteAndOnlyWhatIsThere)
 {
-    SaveAsXmlImpl(m_path, {});
-    EXPECT_FALSE(QFile::exists(m_path));
-    SaveAsXmlImpl(m_folder.filePath(QStringLiteral("absent/list.xml")), {{1, 2, 1, 1, 0, 0, 0}});
-    SaveAsXmlImpl(m_path, {{10, 20, 1, 1, 0, 0, 7}});
-    QFile file(m_path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), QByteArray(OnePixel));
+    SaveAsXmlImpl("list.xml", {});
+    EXPECT_FALSE(QFile::exists("list.xml"));
+    SaveAsXmlImpl("absent/list.xml", {{1, 2, 1, 1, 0, 0, 0}});
+    SaveAsXmlImpl("list.xml", {{10, 20, 1, 1, 0, 0, 7}});
+    EXPECT_EQ(ReadFile("list.xml"), QByteArray(OnePixel));
 }
 
 TEST_F(PixelListXml, AcceptsAndRefusesByTheValues)
@@ -83,7 +74,7 @@ TEST_F(PixelListXml, AcceptsAndRefusesByTheValues)
             EXPECT_EQ(ReadBytes(bytes, {0, 1, 2, 4, 5}).has_value(), changes == accepted) << change.data();
         }
     }
-    EXPECT_FALSE(ReadXmlPixelList(m_folder.filePath(QStringLiteral("absent.xml")), 9, 9, AllTypes));
+    EXPECT_FALSE(ReadXmlPixelList("absent.xml", 9, 9, AllTypes));
     for (const QByteArray& bytes :
          {QByteArray(), QByteArray("<Camera/>"), QByteArray(OnePixel) + OnePixel, QByteArray("<a>").repeated(1000000)})
     {
