@@ -4,12 +4,9 @@
 #include "FrameScanner.h"
 #include "LiteralDetection.h"
 
-#include <QThread>
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <atomic>
 #include <random>
 
 namespace
@@ -39,7 +36,7 @@ public:
     }
 
     QMutex mutex;
-    std::atomic<int> looks{0};
+    int looks = 0;
 
 protected:
     bool IsRunning() override
@@ -138,33 +135,6 @@ TEST_F(Detection, StopLeavesWhatWasFoundSoFar)
         EXPECT_EQ(finished, 1);
         EXPECT_LT(worker.looks, look + 5) << "each later step looks once";
         EXPECT_EQ(setup.defects.size(), found) << look;
-    }
-}
-
-TEST_F(Detection, StopFromAnotherThreadActsAtOnce)
-{
-    for (const bool isMutexHeld : {false, true})
-    {
-        LiteralDetection setup;
-        setup.image = QImage(4000, 3000, QImage::Format_RGB32);
-        setup.image.fill(Qt::white);
-        SteppedDetection worker(setup);
-        QThread thread;
-        worker.moveToThread(&thread);
-        QObject::connect(&thread, &QThread::started, &worker, &AutomaticDetectionThread::Start);
-        QObject::connect(&worker, &AutomaticDetectionThread::DetectionFinished, &thread, &QThread::quit,
-                         Qt::DirectConnection);
-        // Held as by a dialog that stops the worker before its first step and waits for it.
-        const QMutexLocker locker(isMutexHeld ? &worker.mutex : nullptr);
-        thread.start();
-        while (!isMutexHeld && worker.looks == 0)
-        {
-            QThread::yieldCurrentThread();
-        }
-        worker.Stop();
-        ASSERT_TRUE(thread.wait(20000));
-        EXPECT_LT(setup.defects.size(), 4000 * 3000);
-        EXPECT_TRUE(!isMutexHeld || setup.defects.isEmpty());
     }
 }
 

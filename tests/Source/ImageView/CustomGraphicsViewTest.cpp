@@ -254,28 +254,6 @@ TEST_F(ImageViewTest, WheelAndDoubleClickBringThePointToTheMiddle)
     EXPECT_LT((ViewMiddle() - wanted).manhattanLength(), 0.3);
 }
 
-TEST_F(ImageViewTest, StandsMissingSceneAndImageWithoutSize)
-{
-    QGraphicsScene empty;
-    empty.addPixmap(QPixmap());
-    for (QGraphicsScene* shown : {static_cast<QGraphicsScene*>(nullptr), &empty})
-    {
-        view.setScene(shown);
-        view.ZoomingIn();
-        view.ZoomingOut();
-        Wheel({5, 5}, 120);
-        view.GoToPixel({3, 4});
-        Press({5, 5});
-        Move({9, 9});
-        Release({9, 9});
-        Send(QEvent::MouseButtonDblClick, {5, 5}, Qt::LeftButton, Qt::LeftButton);
-        AddMarkers({1});
-        view.ShowHideRects(2);
-        view.RemoveAllRects();
-        EXPECT_TRUE(view.transform().isInvertible());
-    }
-}
-
 TEST_F(ImageViewTest, MarkersFollowTheRows)
 {
     AddMarkers({10, 20, 30});
@@ -298,29 +276,6 @@ TEST_F(ImageViewTest, MarkersFollowTheRows)
     EXPECT_EQ(cameraMarker->pen().color(), NewColour) << "edited, so it is new";
     view.RemoveAllRects();
     EXPECT_THAT(MarkerColumns(), IsEmpty());
-}
-
-TEST_F(ImageViewTest, MarkersAndSelectionOutliveTheSceneContent)
-{
-    AddMarkers({10, 20, 30});
-    view.ChangeCurrentCursor(1);
-    Press({5, 5});
-    scene.clear();
-    EXPECT_THAT(MarkerColumns(), IsEmpty());
-    scene.addPixmap(QPixmap(Width, Height));
-    AddMarkers({40});
-    view.DeleteSceneRect(0);
-    Release({5, 5});
-    QTest::qWait(1);
-    EXPECT_EQ(Rectangles().size(), 3);
-    {
-        QGraphicsScene brief;
-        view.setScene(&brief);
-        AddMarkers({60});
-    }
-    view.setScene(&scene);
-    view.ShowHideRects(2);
-    EXPECT_THAT(MarkerColumns(), ElementsAre(20, 30, 40, 60));
 }
 
 TEST_F(ImageViewTest, GrabAndScrollBarsMoveTheVisiblePart)
