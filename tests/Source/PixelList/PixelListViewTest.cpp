@@ -110,16 +110,15 @@ TEST_F(PixelListView, SurvivesAnyOrderOfChanges)
 TEST_F(PixelListView, FollowsTheLanguage)
 {
     using namespace KTR::DPC;
-    const SensorDefectList list{boost::make_shared<ClusterDefect>(std::vector<PixelDefect>{{2, 2}})};
-    m_model.setupModelData(list, 30, 30);
+    m_model.setupModelData({boost::make_shared<ClusterDefect>(std::vector<PixelDefect>{{2, 2}})}, 30, 30);
     Fill(1);
     const QModelIndex pixel = m_model.index(0, 0, m_model.index(0, 0));
-    const QModelIndexList cells{m_model.index(1, 1), pixel.siblingAtColumn(1), m_model.index(2, 1, pixel)};
-    const char* const english[] = {"Single Pixel", "Single Pixel", "Width"};
     const OtherLanguage language;
-    for (int i = 0; i < cells.size(); ++i)
+    for (const auto& [cell, english] : {std::pair(m_model.index(1, 1), "Single Pixel"),
+                                        {pixel.siblingAtColumn(1), "Single Pixel"},
+                                        {m_model.index(2, 1, pixel), "Width"}})
     {
-        EXPECT_EQ(m_model.data(cells[i]).toString(), OtherLanguage::Of(english[i]));
+        EXPECT_EQ(m_model.data(cell).toString(), OtherLanguage::Of(english));
     }
 }
 

@@ -32,30 +32,24 @@ protected:
     TreeModelTest()
     {
         using Model = TreeModel;
+        const auto note = [this](const char* name) { return [=](auto... numbers) { Note(name, {numbers...}); }; };
         const auto range = [this](const char* name) {
             return [=](const QModelIndex& parent, int first, int last) { Note(name, {parent.row(), first, last}); };
         };
-        const auto number = [this](const char* name) { return [=](int value) { Note(name, {value}); }; };
+        const auto rect = [this](const char* name) {
+            return [=](QRect r, auto... more) { Note(name, {r.x(), r.y(), r.width(), r.height(), more...}); };
+        };
         QObject::connect(&m_model, &Model::rowsAboutToBeInserted, range("inserting"));
         QObject::connect(&m_model, &Model::rowsInserted, range("inserted"));
         QObject::connect(&m_model, &Model::rowsAboutToBeRemoved, range("removing"));
         QObject::connect(&m_model, &Model::rowsRemoved, range("removed"));
-        QObject::connect(&m_model, &Model::modelReset, [=] { Note("reset", {}); });
-        QObject::connect(&m_model, &Model::SendClearingList, [=] { Note("clear", {}); });
-        QObject::connect(&m_model, &Model::SendIndexToDelete, number("delete"));
-        QObject::connect(&m_model, &Model::SendNumberOfDefects, number("count"));
-        QObject::connect(&m_model, &Model::SendPointToRect,
-                         [=](QRect r, int color) {
-                             Note("rect", {r.x(), r.y(), r.width(), r.height(), color});
-                         });
-        QObject::connect(&m_model, &Model::SendNewPixelPoint,
-                         [=](QRect& r, int type, int row) {
-                             Note("moved", {r.x(), r.y(), r.width(), r.height(), type, row});
-                         });
-        QObject::connect(&m_model, &Model::startItemEditor,
-                         [=](int x, int y, int width, int height, int type) {
-                             Note("edit", {x, y, width, height, type});
-                         });
+        QObject::connect(&m_model, &Model::modelReset, [this] { Note("reset", {}); });
+        QObject::connect(&m_model, &Model::SendClearingList, note("clear"));
+        QObject::connect(&m_model, &Model::SendIndexToDelete, note("delete"));
+        QObject::connect(&m_model, &Model::SendNumberOfDefects, note("count"));
+        QObject::connect(&m_model, &Model::SendPointToRect, rect("rect"));
+        QObject::connect(&m_model, &Model::SendNewPixelPoint, rect("moved"));
+        QObject::connect(&m_model, &Model::startItemEditor, note("edit"));
     }
 
     void Note(const char* name, std::initializer_list<int> numbers)
