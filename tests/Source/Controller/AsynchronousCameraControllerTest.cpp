@@ -252,10 +252,8 @@ TEST_F(ControllerTest, EntrySetupAndReset)
     camera->Add("DeviceFamilyName", ZltFeatureDataString, std::string("OSTREL"));
     std::vector<int> kinds = {77};
     bool dpc = false;
-    QPoint size(1, 2);
-    Start().GetEntryCamerasSetup(kinds, dpc, size);
-    EXPECT_EQ(size, QPoint(1, 2)) << "nothing selected, nothing touched";
-    controller->SetNewIndex(0, "A");
+    QPoint size;
+    Start().SetNewIndex(0, "A");
     controller->GetEntryCamerasSetup(kinds, dpc, size);
     EXPECT_TRUE(dpc);
     EXPECT_EQ(size, QPoint(1936, 1216));

@@ -177,17 +177,6 @@ TEST_F(MainWindowTest, OverviewIsTheLargestFractionBelowItsLimit)
     EXPECT_TRUE(panel->isVisible());
 }
 
-TEST_F(MainWindowTest, SpeaksGermanAndEnglishAndClipsNothing)
-{
-    for (const auto& [name, cameras] : {std::pair("Deutsch", "Kameras"), {"English", "Cameras"}})
-    {
-        Find<QComboBox>("languageBox")->setCurrentText(name);
-        EXPECT_TRUE(
-            QTest::qWaitFor([&, text = QString(cameras)] { return Find<QLabel>("labelCameras")->text() == text; }));
-        ExpectNothingClipped(*window);
-    }
-}
-
 TEST(ScreenScale, TakesQuartersAndNeverShrinks)
 {
     for (const auto& [dotsPerInch, scale] : {std::pair{72.0, 1.0}, {100.0, 1.0}, {144.3, 1.5}, {192.0, 2.0}})
