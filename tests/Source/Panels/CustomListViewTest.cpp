@@ -2,7 +2,6 @@
 #include "CustomListView.h"
 
 #include "CamerasList.h"
-#include "DpcMarker.h"
 #include "LeftPanel.h"
 #include "OtherLanguage.h"
 #include "Widgets.h"
@@ -97,12 +96,6 @@ TEST_F(CameraListPanel, Badges)
     list->ChangeCurrentDpcSupport(2, false);
     EXPECT_EQ(Badges(), "000") << "it goes whatever the new value is";
     EXPECT_FALSE(list->GetCamerasList().at(2)->dpc);
-    list->ClearCurrentList();
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(view->findChildren<DpcMarker*>().isEmpty());
-    Add("F", true);
-    Add("G", false);
-    EXPECT_EQ(Badges(), "01");
 }
 
 TEST_F(CameraListPanel, NothingIsCoveredOrCutOff)
