@@ -7,10 +7,9 @@
 #include "DpcAdapterRivoU.h"
 #include "DpcAdapterTamorinPro.h"
 #include "Failure.h"
+#include "FileCameras.h"
 #include "FlashCamera.h"
 #include "MaskCamera.h"
-#include "OstrelCamera.h"
-#include "TamorinProCamera.h"
 
 #include <gmock/gmock.h>
 

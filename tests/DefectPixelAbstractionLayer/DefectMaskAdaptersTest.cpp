@@ -3,8 +3,8 @@
 #include "DpcAdapterEstablishedGigE.h"
 #include "DpcAdapterLoadDefects.h"
 #include "Failure.h"
+#include "FileCameras.h"
 #include "MaskCamera.h"
-#include "OstrelCamera.h"
 
 #include <gmock/gmock.h>
 

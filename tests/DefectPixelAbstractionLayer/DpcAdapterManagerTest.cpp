@@ -1,6 +1,6 @@
 // Which camera gets which adapter.
 #include "DpcAdapterManager.h"
-#include "OstrelCamera.h"
+#include "FileCameras.h"
 
 #include <boost/core/demangle.hpp>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // The Ostrel adapter: what it says when a camera fails, and which calls it makes.
 #include "DpcAdapterOstrel.h"
 #include "AdapterCalls.h"
-#include "OstrelCamera.h"
+#include "FileCameras.h"
 #include "ScopedOpenFile.h"
 
 using namespace KTR::DPC;

@@ -1,7 +1,7 @@
 // The Rivo U adapter: what it says when a camera fails, and which calls it makes.
 #include "DpcAdapterRivoU.h"
 #include "AdapterCalls.h"
-#include "OstrelCamera.h"
+#include "FileCameras.h"
 
 using namespace KTR::DPC;
 using testing::ElementsAre;

@@ -1,7 +1,7 @@
 // The Tamorin Pro adapter: bytes, what it says when a camera fails, and which calls it makes.
 #include "DpcAdapterTamorinPro.h"
 #include "AdapterCalls.h"
-#include "TamorinProCamera.h"
+#include "FileCameras.h"
 
 using namespace KTR::DPC;
 using testing::ElementsAre;
