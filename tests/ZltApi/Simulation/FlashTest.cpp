@@ -64,10 +64,7 @@ struct Host
     // The status after that one.
     std::uint32_t After(std::uint32_t busy)
     {
-        for (int i = 0; i < 400 && Status() == busy; ++i)
-        {
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
-        }
+        BecomesTrue([&] { return Status() != busy; });
         return Status();
     }
     ZltErrorType Command(std::uint32_t command)

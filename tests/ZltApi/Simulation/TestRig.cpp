@@ -48,8 +48,7 @@ void TestRig::StartAgain()
 
 ZltApi::CameraPtr TestRig::Camera()
 {
-    std::vector<ZltApi::CameraPtr> cameras;
-    provider.GetCameras(cameras);
+    const auto cameras = CamerasOf(provider);
     return cameras.empty() ? nullptr : cameras.front();
 }
 
@@ -158,7 +157,7 @@ Bytes ReadFile(const ZltApi::CameraPtr& camera, const std::string& file)
 std::vector<FrameLog::Entry> Grab(const ZltApi::CameraPtr& camera, std::size_t count)
 {
     const auto log = std::make_shared<FrameLog>(camera);
-    EXPECT_EQ(ZltErrorSuccess, camera->StartContinuousImageAcquisition(3, log, ZltApi::FrameAllocationAnnounced));
+    EXPECT_EQ(ZltErrorSuccess, Start(camera, log));
     EXPECT_TRUE(log->WaitFor(count));
     EXPECT_EQ(ZltErrorSuccess, camera->StopContinuousImageAcquisition());
     EXPECT_EQ(ZltErrorSuccess, camera->ReleaseAllFrames());
