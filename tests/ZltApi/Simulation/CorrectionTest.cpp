@@ -3,6 +3,7 @@
 
 #include "Firmware/Ostrel/OstrelFile.h"
 #include "Firmware/RivoU/RivoUFile.h"
+#include "Firmware/TamorinPro/TamorinProFile.h"
 
 #include <gtest/gtest.h>
 
@@ -174,6 +175,45 @@ TEST(Correction, PowerLastsBetweenPrograms)
     camera = rig.Opened();
     EXPECT_EQ("Preset", Get<std::string>(camera, "CorrectionSet"));
     EXPECT_EQ("Mono8", Get<std::string>(camera, "PixelFormat"));
+}
+
+TEST(Correction, ATamorinProAppliesTheDatasetThatIsChosen)
+{
+    TestRig rig(R"({"firmware": "tamorin-pro", "reverseX": false, "darkCurrent": 1.5})");
+    auto camera = rig.Opened();
+    const auto brightWith = [&](const char* feature, const auto& value)
+    {
+        EXPECT_EQ(ZltErrorSuccess, Set(camera, feature, value));
+        return BrightPixels(Grab(camera).front().image).size();
+    };
+    // The camera's own choice, as delivered.
+    for (const auto& [exposure, dataset] : {std::pair(1e3, 0x2001), {8e3, 0x2000}, {2e5, 0x2002}, {4e5, 0x2003}})
+    {
+        brightWith("ExposureTime", exposure);
+        EXPECT_EQ(dataset, Get<std::int64_t>(camera, "DPCDatasetFileId")) << exposure;
+    }
+    brightWith("ExposureTime", 1e4);
+    const auto factory = brightWith("DPCDatasetAuto", "Off");
+    const auto raw = brightWith("DPCMode", "Off");
+    EXPECT_GT(factory, raw / 4);
+    EXPECT_LT(factory, raw * 3 / 4);
+
+    const TamorinProDataset dataset{BrightPixels(Grab(camera).front().image), 40.0F, 0, 20'000.0F};
+    EXPECT_EQ("Success", WriteFile(camera, EncodeTamorinProFile(dataset, Width, Height), "DPC_User_8"));
+    EXPECT_EQ(ZltErrorInvalidValue, Set(camera, "DPCDatasetFileId", std::int64_t{0x2004}));
+    brightWith("DPCDatasetFileId", std::int64_t{0x2808});
+    EXPECT_EQ(raw, brightWith("DPCMode", "On")) << "written, but not loaded";
+
+    EXPECT_EQ(ZltErrorSuccess, Set(camera, "FileDescriptionBuffer", "from 40 degrees"));
+    EXPECT_EQ("Success", Execute(camera, "DPC_User_8", "WriteDescription"));
+    camera = rig.Restarted(camera);
+    EXPECT_EQ(0U, brightWith("ExposureTime", 15'000.0)) << "the user's dataset is the next one";
+    for (const char* text : {"from 40 degrees", ""})
+    {
+        EXPECT_EQ(ZltErrorSuccess, Set(camera, "FileSelector", "DPC_User_8"));
+        EXPECT_EQ(text, Get<std::string>(camera, "FileDescriptionBuffer"));
+        EXPECT_EQ("Success", Execute(camera, "DPC_User_8", "Delete"));
+    }
 }
 
 } // namespace Simulation
