@@ -66,8 +66,7 @@ TEST(Features, AccessFollowsTheStream)
     const auto log = std::make_shared<FrameLog>(camera);
     for (const bool streaming : {false, true, false})
     {
-        ASSERT_TRUE(!streaming || camera->StartContinuousImageAcquisition(3, log, ZltApi::FrameAllocationAnnounced) ==
-                                      ZltErrorSuccess);
+        ASSERT_TRUE(!streaming || Start(camera, log) == ZltErrorSuccess);
         for (const char* name : {"Width", "Height", "OffsetX", "OffsetY", "ReverseX", "ReverseY", "PixelFormat"})
         {
             EXPECT_EQ(!streaming, IsWritable(camera, name)) << name;
@@ -89,11 +88,16 @@ TEST(Features, Values)
     TestRig rig;
     const auto camera = rig.Opened();
     using Integer = std::int64_t;
-    EXPECT_EQ(ZltErrorInvalidValue, Set(camera, "Width", Integer{66}));
-    EXPECT_EQ(ZltErrorInvalidValue, Set(camera, "OffsetX", Integer{2})) << "no room beside the full width";
-    EXPECT_EQ(ZltErrorSuccess, Set(camera, "Width", Integer{32}));
-    EXPECT_EQ(ZltErrorSuccess, Set(camera, "OffsetX", Integer{20}));
-    EXPECT_EQ(ZltErrorInvalidValue, Set(camera, "Width", Integer{46}));
+    const std::tuple<const char*, Integer, ZltErrorType> sizes[] = {
+        {"Width", 66, ZltErrorInvalidValue},
+        {"OffsetX", 2, ZltErrorInvalidValue}, // no room beside the full width
+        {"Width", 32, ZltErrorSuccess},
+        {"OffsetX", 20, ZltErrorSuccess},
+        {"Width", 46, ZltErrorInvalidValue}};
+    for (const auto& [name, value, result] : sizes)
+    {
+        EXPECT_EQ(result, Set(camera, name, value)) << name << ' ' << value;
+    }
     EXPECT_EQ(32 * 48, Get<Integer>(camera, "PayloadSize"));
     EXPECT_EQ(ZltErrorInvalidValue, Set(camera, "Gain", 24.1));
     EXPECT_EQ(ZltErrorInvalidValue, Set(camera, "Gain", std::nan("")));
