@@ -20,21 +20,13 @@ constexpr Mirroring AllMirrorings[] = {{false, false}, {true, false}, {false, tr
 
 using Positions = std::vector<PixelPosition>;
 
-// The sensor of the test rig's camera.
+// The hot pixels of the test rig's camera.
 Positions Hot()
 {
-    SensorConfig config;
-    config.width = Width;
-    config.height = Height;
-    config.seed = 3;
-    const Sensor sensor(config);
     Positions positions;
-    for (const PixelFault& fault : sensor.Faults())
+    for (const PixelFault& fault : SeedFaults(Width, Height, 3))
     {
-        if (fault.kind == FaultKind::Hot)
-        {
-            positions.push_back({fault.x, fault.y});
-        }
+        fault.kind == FaultKind::Hot ? positions.push_back({fault.x, fault.y}) : void();
     }
     return positions;
 }
@@ -50,6 +42,12 @@ std::size_t Visible(const Bytes& image, const Positions& pixels, Mirroring mirro
         count += image.at(y * Width + x) > 40 ? 1 : 0;
     }
     return count;
+}
+
+void Mirror(const ZltApi::CameraPtr& camera, Mirroring mirroring)
+{
+    EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseX", mirroring.x));
+    EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseY", mirroring.y));
 }
 
 } // namespace
@@ -87,8 +85,7 @@ TEST(Correction, WrittenSetWorksAfterRestartOnly)
     EXPECT_EQ(clean, GrabDark(camera)) << "a restart switches the correction on";
     for (const Mirroring mirroring : AllMirrorings)
     {
-        EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseX", mirroring.x));
-        EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseY", mirroring.y));
+        Mirror(camera, mirroring);
         for (const char* const mode : {"Off", "On"})
         {
             EXPECT_EQ(ZltErrorSuccess, Set(camera, "CorrectionMode", mode));
@@ -117,8 +114,7 @@ TEST(Correction, ARivoUTakesItsSetsAtOnce)
     ASSERT_EQ("Success", WriteFile(camera, EncodeRivoUFile(hot, Size, {true, true}), file));
     for (const Mirroring mirroring : AllMirrorings)
     {
-        EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseX", mirroring.x));
-        EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseY", mirroring.y));
+        Mirror(camera, mirroring);
         EXPECT_EQ(0U, Visible(GrabDark(camera), hot, mirroring)) << mirroring.x << mirroring.y;
     }
     rig.StartAgain(); // another program finds it so

@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <numeric>
-
 namespace Simulation
 {
 
@@ -84,13 +82,7 @@ TEST(Lifecycle, CoverAndEraseFromOutside)
     ASSERT_TRUE(log->WaitFor(1));
     // The control program as a process of its own.
     ASSERT_EQ(0, std::system(CONTROL_PROGRAM " cover CAM off"));
-    const auto brightness = [&]
-    {
-        const Bytes image = log->Entries().back().image;
-        return std::accumulate(image.begin(), image.end(), std::size_t{0}) / image.size();
-    };
-    EXPECT_TRUE(BecomesTrue([&] { return brightness() >= 20; }));
-    camera->StopContinuousImageAcquisition();
+    EXPECT_TRUE(BecomesTrue([&] { return BrightPixels(log->Entries().back().image).size() > 1000; }));
     ASSERT_EQ("Success", WriteFile(camera, {1, 2, 3}));
     ASSERT_EQ(ZltErrorSuccess, camera->Close());
     ASSERT_EQ(0, rig.Control({"erase", CameraId}));
