@@ -1,7 +1,6 @@
-// Defect records, correction sets and the byte builder.
+// Defect records and correction sets.
 #include "CorrectionSet.h"
 #include "DefectText.h"
-#include "Exception.h"
 
 #include <gtest/gtest.h>
 
@@ -38,25 +37,4 @@ TEST(CorrectionSet, EqualsWhenNoSharedKeyDiffers)
     other.setMetadata("Gain", 2);
     EXPECT_TRUE(gain1 != other);
     EXPECT_TRUE(CorrectionSet("a") != CorrectionSet("b"));
-}
-
-TEST(DataHelper, PushesAndReadsInOppositeOrders)
-{
-    for (const bool order : {false, true})
-    {
-        DataHelper pushed(order);
-        pushed.pushBack16(0x0203);
-        pushed.pushBack32(0x04050607);
-        pushed.pushBack64(0x08090A0B0C0D0E0F);
-        const Bytes first = bytesFrom("0203 04050607 08090A0B0C0D0E0F"),
-                    last = bytesFrom("0302 07060504 0F0E0D0C0B0A0908");
-        EXPECT_EQ(pushed.getData(), order ? first : last);
-        const DataHelper reader(order ? last : first, order);
-        EXPECT_EQ(reader.read16(0), 0x0203);
-        EXPECT_EQ(reader.read32(2), 0x04050607U);
-        EXPECT_EQ(reader.read64(6), 0x08090A0B0C0D0E0FU);
-        EXPECT_THROW(reader.read16(13), KTR::System::Exception);
-        EXPECT_THROW(reader.read32(0xFFFFFFFE), KTR::System::Exception);
-        EXPECT_THROW(DataHelper(order).read8(0), KTR::System::Exception);
-    }
 }

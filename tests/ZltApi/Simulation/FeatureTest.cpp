@@ -12,25 +12,6 @@ namespace Simulation
 namespace
 {
 
-// Every typed operation on a feature; the number of those that fit its type.
-int FittingCalls(ZltApi::Feature& feature)
-{
-    bool flag = false;
-    std::int64_t integer = 0;
-    double number = 0.0;
-    std::string text;
-    Bytes bytes;
-    int fitting = 0;
-    for (const ZltErrorType result :
-         {feature.GetValue(flag), feature.GetValue(integer), feature.GetValue(number), feature.GetValue(text),
-          feature.GetValue(bytes), feature.GetRange(integer, integer), feature.GetRange(number, number)})
-    {
-        EXPECT_TRUE(result == ZltErrorSuccess || result == ZltErrorWrongType) << result;
-        fitting += result == ZltErrorSuccess ? 1 : 0;
-    }
-    return fitting;
-}
-
 bool IsReadable(const ZltApi::CameraPtr& camera, const char* name)
 {
     bool readable = false;
@@ -39,25 +20,6 @@ bool IsReadable(const ZltApi::CameraPtr& camera, const char* name)
 }
 
 } // namespace
-
-TEST(Features, TakeTheCallsOfTheirType)
-{
-    TestRig rig(R"({"nonuniformityCorrection": true, "temperatureControl": true})");
-    std::vector<ZltApi::FeaturePtr> all;
-    ASSERT_EQ(ZltErrorSuccess, rig.Opened()->GetFeatures(all));
-    ASSERT_GT(all.size(), 40U);
-    for (const auto& feature : all)
-    {
-        std::string name;
-        ZltFeatureDataType type = ZltFeatureDataUnknown;
-        feature->GetName(name);
-        feature->GetDataType(type);
-        const bool hasTwoForms = type == ZltFeatureDataInteger || type == ZltFeatureDataFloat ||
-                                 type == ZltFeatureDataEnumeration; // value and range, or number and name
-        EXPECT_EQ(type == ZltFeatureDataCommand ? 0 : hasTwoForms ? 2 : 1, FittingCalls(*feature)) << name;
-        EXPECT_TRUE(type == ZltFeatureDataCommand || feature->RunCommand() == ZltErrorWrongType) << name;
-    }
-}
 
 TEST(Features, AccessFollowsTheStream)
 {
