@@ -29,6 +29,20 @@ template <typename Call> void MayRefuse(Call&& call)
     }
 }
 
+// Runs what must take any input.
+template <typename Call> auto NeverRefuses(Call&& call) noexcept
+{
+    return call();
+}
+
+// What a target of the formats does with its input, unless that is refused.
+void FuzzOrRefuse(const Bytes& input);
+
+void Fuzz(const Bytes& input)
+{
+    MayRefuse([&] { FuzzOrRefuse(input); });
+}
+
 // By row and column, as files hold them; what has the same place keeps its order.
 inline SensorDefectList inFileOrder(SensorDefectList defects)
 {

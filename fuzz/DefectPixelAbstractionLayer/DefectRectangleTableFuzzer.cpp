@@ -3,17 +3,13 @@
 #include "DefectLists.h"
 #include "DefectRectangleTable.h"
 
-void Fuzz(const Bytes& input)
+void FuzzOrRefuse(const Bytes& input)
 {
-    MayRefuse(
-        [&]
-        {
-            auto defects = decodeDefectTable(input, Width, Height);
-            const auto isCluster = [](const auto& defect)
-            { return defect->GetSensorDefectType() == SensorDefectType::Cluster; };
-            defects.erase(std::remove_if(defects.begin(), defects.end(), isCluster), defects.end());
-            const auto memory = encodeDefectTable(defects, Width, Height);
-            assert(std::equal(memory.end() - 8, memory.end(), endOfDefinition().begin()));
-            assert(areEqual(decodeDefectTable(memory, Width, Height), defects));
-        });
+    auto defects = decodeDefectTable(input, Width, Height);
+    const auto isCluster = [](const auto& defect)
+    { return defect->GetSensorDefectType() == SensorDefectType::Cluster; };
+    defects.erase(std::remove_if(defects.begin(), defects.end(), isCluster), defects.end());
+    const auto memory = encodeDefectTable(defects, Width, Height);
+    assert(std::equal(memory.end() - 8, memory.end(), endOfDefinition().begin()));
+    assert(areEqual(decodeDefectTable(memory, Width, Height), defects));
 }

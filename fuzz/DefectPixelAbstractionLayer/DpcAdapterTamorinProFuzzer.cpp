@@ -4,10 +4,10 @@
 
 #include <string_view>
 
-void Fuzz(const Bytes& input)
+void FuzzOrRefuse(const Bytes& input)
 {
     using Adapter = DpcAdapterTamorinPro;
-    const auto metadata = Adapter::GetCorrectionSetMetadata(input);
+    const auto metadata = NeverRefuses([&] { return Adapter::GetCorrectionSetMetadata(input); });
     assert(metadata.size() <= 3);
     // A file that ends inside the size behind its tag ends the process, as the adapter says.
     const std::string_view tag = "PDA1";
@@ -16,16 +16,12 @@ void Fuzz(const Bytes& input)
     {
         return;
     }
-    MayRefuse(
-        [&]
-        {
-            const auto defects = Adapter::getSensorDefectsListFromRawData(input);
-            CorrectionSet set("DPC_User_1");
-            for (const auto& [key, value] : metadata)
-            {
-                set.setMetadata(key, value);
-            }
-            const auto file = Adapter::ConvertDefectsListToBinary(set, defects, Width, Height);
-            assert(areEqual(Adapter::getSensorDefectsListFromRawData(file), inFileOrder(defects)));
-        });
+    const auto defects = Adapter::getSensorDefectsListFromRawData(input);
+    CorrectionSet set("DPC_User_1");
+    for (const auto& [key, value] : metadata)
+    {
+        set.setMetadata(key, value);
+    }
+    const auto file = Adapter::ConvertDefectsListToBinary(set, defects, Width, Height);
+    assert(areEqual(Adapter::getSensorDefectsListFromRawData(file), inFileOrder(defects)));
 }

@@ -13,8 +13,8 @@ void checkReadsBack(const SensorDefectList& defects)
 
 } // namespace
 
-void Fuzz(const Bytes& input)
+void FuzzOrRefuse(const Bytes& input)
 {
-    checkReadsBack(DpcFileOstrel::parseSensorDefectsFromDataBlock(input, Width));
-    MayRefuse([&] { checkReadsBack(DpcFileOstrel::getSensorDefectsListFromRawData(input, Width)); });
+    NeverRefuses([&] { checkReadsBack(DpcFileOstrel::parseSensorDefectsFromDataBlock(input, Width)); });
+    checkReadsBack(DpcFileOstrel::getSensorDefectsListFromRawData(input, Width));
 }

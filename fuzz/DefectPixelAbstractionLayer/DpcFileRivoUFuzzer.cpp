@@ -2,10 +2,10 @@
 #include "DefectLists.h"
 #include "DpcFileRivoU.h"
 
-void Fuzz(const Bytes& input)
+void FuzzOrRefuse(const Bytes& input)
 {
     constexpr std::size_t MostWords = 0x7FFF; // of a data set that reads back whole
-    const auto defects = DpcFileRivoU::getSensorDefectsListFromRawData(input, Width);
+    const auto defects = NeverRefuses([&] { return DpcFileRivoU::getSensorDefectsListFromRawData(input, Width); });
     DpcFileRivoU file(ReverseCapability::XY, Width, Height);
     DpcAdapterOstrel::addDefects(file, defects);
     const auto words = file.calculateDataSet(ReverseCapability::Non).size() + 1;

@@ -17,7 +17,7 @@ void decode(const Bytes& file, const CameraInfo& info)
         });
 }
 
-void encode(const Bytes& input, const CameraInfo& info)
+void encode(const Bytes& input, const CameraInfo& info) noexcept
 {
     std::vector<PixelCoords> list;
     for (std::size_t i = 0; i + 1 < input.size() && i < 200; i += 2)
@@ -47,7 +47,7 @@ void encode(const Bytes& input, const CameraInfo& info)
 
 } // namespace
 
-void Fuzz(const Bytes& input)
+void FuzzOrRefuse(const Bytes& input)
 {
     const CameraInfo mono = {"", "", "Mono", 200, 100, 0};
     const CameraInfo bayer = {"", "", "Bayer", 100, 100, 0};

@@ -39,14 +39,10 @@ void use(std::uint64_t window, const Bytes& input, Arguments... arguments)
 
 void Fuzz(const Bytes& input)
 {
-    for (const std::uint64_t window : {0x19300U, 0x19100U})
-    {
-        use<RectangleTable>(window, input, Capacity, Size);
-    }
-    for (const std::uint64_t window : {0x19108U, 0x19100U})
-    {
-        use<ColumnTable>(window, input);
-    }
+    use<RectangleTable>(0x19300, input, Capacity, Size);
+    use<RectangleTable>(0x19100, input, Capacity, Size);
+    use<ColumnTable>(0x19108, input);
+    use<ColumnTable>(0x19100, input);
     RectangleTable stored(Capacity, Size);
     stored.Load(input);
     assert(stored.Pixels(Size).size() <= Size.width * Size.height);
