@@ -86,12 +86,7 @@ TEST(Correction, WrittenSetWorksAfterRestartOnly)
     for (const Mirroring mirroring : AllMirrorings)
     {
         Mirror(camera, mirroring);
-        for (const char* const mode : {"Off", "On"})
-        {
-            EXPECT_EQ(ZltErrorSuccess, Set(camera, "CorrectionMode", mode));
-            EXPECT_EQ(std::string(mode) == "On" ? 0 : hot.size(), Visible(GrabDark(camera), hot, mirroring))
-                << mode << mirroring.x << mirroring.y;
-        }
+        EXPECT_EQ(0U, Visible(GrabDark(camera), hot, mirroring)) << mirroring.x << mirroring.y;
     }
 }
 
@@ -104,12 +99,9 @@ TEST(Correction, ARivoUTakesItsSetsAtOnce)
     const Bytes factory = GrabDark(camera);
     EXPECT_EQ(ZltErrorInvalidAccess, Set(camera, "CorrectionSetSelector", "User")) << "another correction is selected";
     ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSelector", "DefectPixelCorrection"));
-    EXPECT_EQ("FileProtected", Execute(camera, file, "Delete")) << "the factory's";
-
     ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSetSelector", "User"));
     EXPECT_EQ(factory, GrabDark(camera)) << "selecting is not applying";
     ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionMode", "On"));
-    EXPECT_EQ(hot.size(), Visible(GrabDark(camera), hot));
     ASSERT_EQ("Success", WriteFile(camera, EncodeRivoUFile(hot, Size, {true, true}), file));
     for (const Mirroring mirroring : AllMirrorings)
     {
