@@ -163,7 +163,7 @@ TEST(OstrelFile, DataSets)
         {"no end mark", {0}, {Y, 1}, ""},
         {"a pixel without a row", {0}, {1, Y, 1, End}, ""},
         {"half a run", {0}, {Y, R | 1, Y | 1, 1, End}, ""},
-        {"a run that ends before it starts", {0}, {Y, R | 9, R | 7, End}, ""},
+        {"a run that ends before it starts", {0}, {Y, 5, R | 9, R | 7, End}, ""},
         {"rows that descend", {0}, {Y | 1, 1, Y, 1, End}, ""},
         {"a row twice", {0}, {Y | 1, 1, Y | 1, 2, End}, ""},
         {"pixels that descend", {0}, {Y | 1, 2, 1, End}, ""},
@@ -241,7 +241,7 @@ TEST(RivoUFile, DataSets)
         {"a pixel without a row", {0}, {1, Y, 1, End}, ""},
         {"a row without pixels", {0}, {Y, Y | 1, 1, End}, ""},
         {"half a run", {0}, {Y, R | 1, 2, End}, ""},
-        {"a run that ends before it starts", {0}, {Y, R | 9, R | 7, End}, ""},
+        {"a run that ends before it starts", {0}, {Y, 5, R | 9, R | 7, End}, ""},
         {"rows that descend", {0}, {Y | 1, 1, Y, 1, End}, ""},
         {"pixels that descend", {0}, {Y | 1, 2, 1, End}, ""},
     };
