@@ -49,6 +49,7 @@ CameraDevice::CameraDevice(const CameraConfig& config, const std::filesystem::pa
     : m_config(config),
       m_connectionLost(std::move(connectionLost)),
       m_state(folder),
+      m_faults(m_config.faults, m_state.FaultsPath()),
       m_gate(m_faults, [this] { LoseConnection(); }),
       m_camera{m_gate, {}, [this] { KeepSettings(); }},
       m_streamFeatures{m_gate, {}, {}},
@@ -66,8 +67,6 @@ CameraDevice::CameraDevice(const CameraConfig& config, const std::filesystem::pa
     AddSensorControl();
     m_firmware->AddFeatures(m_camera.features);
     HideFeatures();
-    m_faults.Replace(m_config.faults);
-    UpdateFaults();
 }
 
 FirmwareServices CameraDevice::Services()
@@ -313,17 +312,6 @@ ZltErrorType CameraDevice::Restart()
     m_state.PowerDown();
     m_connectionLost();
     return ZltErrorSuccess;
-}
-
-void CameraDevice::UpdateFaults()
-{
-    const std::lock_guard lock(m_gate.Mutex());
-    std::string text = m_state.FaultsText();
-    if (text != m_faultsText)
-    {
-        m_faultsText = std::move(text);
-        m_faults.Replace(m_state.Faults().value_or(m_config.faults));
-    }
 }
 
 ZltErrorType CameraDevice::ReadMemory(std::uint64_t address, std::vector<unsigned char>& data)

@@ -53,9 +53,8 @@ public:
     ZltErrorType ReadMemory(std::uint64_t address, std::vector<unsigned char>& data);
     ZltErrorType WriteMemory(std::uint64_t address, const std::vector<unsigned char>& data);
 
-    // What reaches the camera from outside of the programs that use it.
+    // Reaches the camera from outside of the programs that use it.
     void SetCovered(bool covered) { m_covered = covered; }
-    void UpdateFaults();
 
 private:
     // What one exposure was begun with, for the stream's thread.
@@ -110,8 +109,7 @@ private:
     EnumNode* m_acquisitionMode = nullptr;
     std::unique_ptr<Sensor> m_sensor; // made at the first need, used for exposures by the stream's thread alone
     std::shared_ptr<const CorrectionMap> m_correction; // null: to be made from what the firmware says now
-    std::string m_faultsText;
-    std::string m_unknownFeature; // of those that are to be missing; empty when all are known
+    std::string m_unknownFeature;                      // of those that are to be missing; empty when all are known
 
     // The stream's thread only.
     Exposure m_exposure;

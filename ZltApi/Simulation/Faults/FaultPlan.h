@@ -3,7 +3,11 @@
 
 #include "Faults/FaultRule.h"
 
+#include <array>
+#include <cstdint>
+#include <filesystem>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,10 +18,11 @@ namespace Simulation
 class FaultPlan
 {
 public:
-    // Replaces all rules; every count starts again.
-    void Replace(std::vector<FaultRule> rules);
+    // The file takes the place of the built-in rules while it is there and can be read. It is looked at before each
+    // operation, so that a fault written by another process holds for the next one.
+    FaultPlan(std::vector<FaultRule> builtIn, std::filesystem::path file);
 
-    // Counts one call of an operation and tells what happens to it.
+    // Counts one call of an operation and tells what happens to it. Every count starts again when the rules change.
     FaultEffect Hit(const char* operation, const std::string& feature);
 
 private:
@@ -27,7 +32,15 @@ private:
         std::uint64_t calls = 0;
     };
 
+    // One writing of the file, to be told from the next: its node and time of change in seconds and nanoseconds.
+    using Writing = std::array<std::int64_t, 3>;
+
+    void Update();
+
+    const std::vector<FaultRule> m_builtIn;
+    const std::filesystem::path m_file;
     std::mutex m_mutex;
+    std::optional<Writing> m_seen; // all zero: no file
     std::vector<Counted> m_rules;
 };
 

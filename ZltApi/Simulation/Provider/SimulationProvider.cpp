@@ -199,7 +199,6 @@ void SimulationProvider::Reconcile(Slot& slot, std::vector<Change>& changes)
     }
     CameraDevice& device = slot.camera->Device();
     device.SetCovered(control.covered.value_or(slot.config.covered));
-    device.UpdateFaults();
     const bool heldElsewhere = device.IsHeldElsewhere();
     if (std::exchange(slot.heldElsewhere, heldElsewhere) != heldElsewhere)
     {

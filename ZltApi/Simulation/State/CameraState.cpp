@@ -97,27 +97,19 @@ void CameraState::ChangeControl(const std::function<void(ControlState&)>& change
     ReplaceStateFile(m_folder / "control.json", json.dump());
 }
 
-std::optional<std::vector<FaultRule>> CameraState::Faults() const
+std::filesystem::path CameraState::FaultsPath() const
 {
-    const std::string text = FaultsText();
-    try
-    {
-        return text.empty() ? std::nullopt : std::optional(ParseFaultRules(text));
-    }
-    catch (const std::runtime_error&)
-    {
-        return std::nullopt;
-    }
+    return m_folder / "faults.json";
 }
 
 std::string CameraState::FaultsText() const
 {
-    return ReadText(m_folder / "faults.json");
+    return ReadText(FaultsPath());
 }
 
 void CameraState::SetFaults(const std::string& json)
 {
-    ReplaceStateFile(m_folder / "faults.json", json);
+    ReplaceStateFile(FaultsPath(), json);
 }
 
 std::optional<FileBytes> CameraState::File(const std::string& name, std::uint64_t limit) const

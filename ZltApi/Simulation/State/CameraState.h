@@ -1,7 +1,6 @@
 // What a simulated camera remembers on disk, and what other processes tell it through there.
 #pragma once
 
-#include "Faults/FaultRule.h"
 #include "State/StateFile.h"
 
 #include <chrono>
@@ -49,9 +48,9 @@ public:
     ControlState Control() const;
     void ChangeControl(const std::function<void(ControlState&)>& change);
 
-    // Faults that the control program has set; none means that the rig's own hold.
-    std::optional<std::vector<FaultRule>> Faults() const;
-    std::string FaultsText() const; // as it stands in the file, empty without one
+    // Faults that the control program has set; without the file the rig's own hold.
+    std::filesystem::path FaultsPath() const;
+    std::string FaultsText() const; // empty without the file
     void SetFaults(const std::string& json);
 
     std::optional<FileBytes> File(const std::string& name, std::uint64_t limit) const;

@@ -60,11 +60,7 @@ protected:
         EXPECT_TRUE(answers.Seen().back().contains(Restart));
         EXPECT_FALSE(Loader().isVisible());
     }
-    void Fault(const char* json) const
-    {
-        Control({"fault", "MONO", json});
-        QTest::qWait(500); // the camera looks at it on a thread of its own
-    }
+    void Fault(const char* json) const { Control({"fault", "MONO", json}); }
 };
 
 TEST_F(CorrectionSetsTest, TheRoadOfAnUpload)

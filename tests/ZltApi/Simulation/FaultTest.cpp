@@ -76,7 +76,7 @@ TEST(Faults, SetAndClearedWhileRunning)
                                        {"clear", 0}})
     {
         ASSERT_EQ(0, rig.Control({"fault", CameraId, rule}));
-        EXPECT_TRUE(BecomesTrue([&, &wanted = wanted] { return Set(camera, "Gain", 1.0) == wanted; })) << rule;
+        EXPECT_EQ(wanted, Set(camera, "Gain", 1.0)) << rule;
     }
 }
 
