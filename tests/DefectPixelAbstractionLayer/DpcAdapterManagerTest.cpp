@@ -48,7 +48,8 @@ TEST(DpcAdapterManager, MatchesFamilyThenModelThenMaskFeature)
         mask ? void(camera->features["DefectMaskEnable"]), void(camera->features[mask]) : void();
         EXPECT_EQ(DpcAdapterManager::IsCompatible(camera), compatible) << family << " / " << model;
         const auto adapter = DpcAdapterManager::GetCompatibleDpcAdapter(camera);
-        EXPECT_EQ(adapter ? boost::core::demangle(typeid(*adapter).name()) : "",
+        const DpcAdapter* const found = adapter.get();
+        EXPECT_EQ(found ? boost::core::demangle(typeid(*found).name()) : "",
                   expected.empty() ? "" : "KTR::DPC::DpcAdapter" + expected)
             << family << " / " << model;
     }

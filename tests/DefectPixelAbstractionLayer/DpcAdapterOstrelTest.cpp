@@ -80,7 +80,7 @@ TEST_F(DpcAdapterOstrelTest, StoresWhatTheFamilyCanStore)
     camera->features["ReverseY"] = {};
     EXPECT_THROW(erase(user), KTR::System::Exception) << "no file for mirroring in y alone";
     EXPECT_EQ(text(adapter.ReadCorrectionSet(user)), "P7,5 ");
-    for (const std::uint64_t sizeMax : {174, 175}) // an empty list takes 174 bytes, and a file may not be full
+    for (const std::uint64_t sizeMax : {174U, 175U}) // an empty list takes 174 bytes, and a file may not be full
     {
         EXPECT_EQ(DpcAdapterOstrel(makeOstrelCamera(sizeMax)).IsSpaceSufficient(user, {}), sizeMax == 175);
     }

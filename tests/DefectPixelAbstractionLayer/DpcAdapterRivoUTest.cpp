@@ -71,7 +71,7 @@ TEST_F(DpcAdapterRivoUTest, SelectsTheSetBeforeItTouchesTheFileAndKnowsItsSize)
     adapter.WriteCorrectionSet(user, defectsOf("P65543,5 R3")); // cut to 16 bits
     EXPECT_EQ(text(adapter.ReadCorrectionSet(user)), "R3 P7,5 ");
     EXPECT_TRUE(adapter.IsCorrectionSetWritable(boost::make_shared<CorrectionSet>("Factory")));
-    for (const std::uint64_t sizeMax : {45, 46}) // an empty list takes 46 bytes
+    for (const std::uint64_t sizeMax : {45U, 46U}) // an empty list takes 46 bytes
     {
         DpcAdapterRivoU small(makeRivoUCamera(sizeMax));
         EXPECT_EQ(small.IsSpaceSufficient(user, {}), sizeMax == 46);

@@ -105,7 +105,7 @@ TEST_F(DpcAdapterTamorinProTest, WritesPixelsAndTheirDescription)
     write(user);
     EXPECT_THAT(log(), ElementsAre("GetFile" + file, "GetFile" + file, "Delete" + file));
     EXPECT_FALSE(adapter.IsCorrectionSetReadable(user));
-    for (const std::uint64_t sizeMax : {156, 157}) // 152 bytes and 4 for each pixel must stay below the largest size
+    for (const std::uint64_t sizeMax : {156U, 157U}) // 152 bytes and 4 for each pixel must stay below the largest size
     {
         DpcAdapterTamorinPro small(makeTamorinProCamera(sizeMax));
         EXPECT_EQ(small.IsSpaceSufficient(user, defectsOf("P1,1")), sizeMax == 157);

@@ -11,7 +11,7 @@ namespace Simulation
 namespace
 {
 
-std::string Code(std::int64_t result)
+template <typename Number> std::string Code(Number result)
 {
     return std::to_string(result);
 }
