@@ -63,9 +63,10 @@ TEST(FileAccess, ListsTheAvailableFilesAsLongAsTheirNamesAreSound)
     EXPECT_FALSE(access.GetFile("D"));
     EXPECT_FALSE(access.GetFile(""));
     // The call, its number that fails when files are listed and when one is picked, and the text.
-    const std::tuple<const char*, unsigned, unsigned, std::string> failures[] = {{"Entries FileSelector", 1, 1, "Could not get file name entries. (Error code: -13)"},
-                    {"EntryName", 3, 3, "Could not get file entry name. (Error code: -13)"},
-                    {"Available FileSelector", 3, 1, "Could not get file entry availability. (Error code: -13)"}};
+    const std::tuple<const char*, unsigned, unsigned, std::string> failures[] = {
+        {"Entries FileSelector", 1, 1, "Could not get file name entries. (Error code: -13)"},
+        {"EntryName", 3, 3, "Could not get file entry name. (Error code: -13)"},
+        {"Available FileSelector", 3, 1, "Could not get file entry availability. (Error code: -13)"}};
     for (const auto& [call, listing, picking, text] : failures)
     {
         camera->Fail(call, listing);
