@@ -20,7 +20,7 @@ class FaultPlan
 public:
     // The file takes the place of the built-in rules while it is there and can be read. It is looked at before each
     // operation, so that a fault written by another process holds for the next one.
-    FaultPlan(std::vector<FaultRule> builtIn, std::filesystem::path file);
+    explicit FaultPlan(std::vector<FaultRule> builtIn = {}, std::filesystem::path file = {});
 
     // Counts one call of an operation and tells what happens to it. Every count starts again when the rules change.
     FaultEffect Hit(const char* operation, const std::string& feature);
