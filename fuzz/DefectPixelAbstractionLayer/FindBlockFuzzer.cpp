@@ -1,33 +1,15 @@
 // A walk for an arbitrary tag through arbitrary bytes: a position inside of them, or an exception.
-#include "DpcFileOstrel.h"
-#include "Exception.h"
+#include "DefectLists.h"
 
 #include <boost/make_shared.hpp>
 
-#include <cassert>
-
-using namespace KTR::DPC;
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void FuzzOrRefuse(const Bytes& input)
 {
-    constexpr std::size_t ArgumentsSize = 8;
-    if (size < ArgumentsSize)
-    {
-        return 0;
-    }
-    const DataHelper arguments({data, data + ArgumentsSize}, true);
+    constexpr std::ptrdiff_t ArgumentsSize = 8;
+    const DataHelper arguments(input, true); // what is too short for them is refused here
     const auto tag = arguments.read32(0);
     const auto start = arguments.read32(4);
-    const auto bytes =
-        boost::make_shared<DataHelper>(std::vector<std::uint8_t>(data + ArgumentsSize, data + size), true);
-    try
-    {
-        const auto position = DpcFileOstrel::findBlock(bytes, tag, start);
-        assert(position == start ? bytes->read32(0) == tag : bytes->read32(position) == tag);
-    }
-    catch (const KTR::System::Exception& exception)
-    {
-        assert(!exception.ToString().empty());
-    }
-    return 0;
+    const auto bytes = boost::make_shared<DataHelper>(Bytes(input.begin() + ArgumentsSize, input.end()), true);
+    const auto position = DpcFileOstrel::findBlock(bytes, tag, start);
+    assert(bytes->read32(position == start ? 0 : position) == tag);
 }

@@ -2,45 +2,32 @@
 // can be; and arbitrary lists against the plain search for neighbours.
 #include "DefectLists.h"
 #include "DpcAdapterQuorsalinWithPython.h"
-#include "Exception.h"
-
-#include <algorithm>
-#include <cassert>
-
-using namespace KTR::DPC;
 
 namespace
 {
 
-void decode(const std::vector<unsigned char>& file, const CameraInfo& info)
+void decode(const Bytes& file, const CameraInfo& info)
 {
-    try
-    {
-        const auto defects = DpcAdapterQuorsalinWithPython::DecodeBinaryDefectFile(file);
-        const auto again = DpcAdapterQuorsalinWithPython::DecodeBinaryDefectFile(
-            DpcAdapterQuorsalinWithPython::CreateBinaryDefectFile(defects, info));
-        assert(areEqual(again, defects));
-    }
-    catch (const KTR::System::Exception& exception)
-    {
-        assert(!exception.ToString().empty());
-    }
+    using Adapter = DpcAdapterQuorsalinWithPython;
+    MayRefuse(
+        [&]
+        {
+            const auto defects = Adapter::DecodeBinaryDefectFile(file);
+            assert(areEqual(Adapter::DecodeBinaryDefectFile(Adapter::CreateBinaryDefectFile(defects, info)), defects));
+        });
 }
 
-void encode(const std::uint8_t* data, std::size_t size, const CameraInfo& info)
+void encode(const Bytes& input, const CameraInfo& info) noexcept
 {
     std::vector<PixelCoords> list;
-    for (std::size_t i = 0; i + 1 < size && i < 200; i += 2)
+    for (std::size_t i = 0; i + 1 < input.size() && i < 200; i += 2)
     {
-        list.push_back({static_cast<std::uint16_t>(data[i] % 4 * 0x5555), data[i + 1]});
+        list.push_back({static_cast<std::uint16_t>(input[i] % 4 * 0x5555), input[i + 1]});
     }
     NeighborByteEncoding encoding;
     encoding.Initialize(info, list);
-    if (!encoding.Generate1DNbEncodingFromDefectList())
-    {
-        return;
-    }
-    for (std::uint32_t i = 0; i < list.size(); ++i)
+    const bool isMade = encoding.Generate1DNbEncodingFromDefectList();
+    for (std::uint32_t i = 0; isMade && i < list.size(); ++i)
     {
         DefectivePixelInfo result;
         encoding.GetDpcInfoAt(i, result);
@@ -60,18 +47,17 @@ void encode(const std::uint8_t* data, std::size_t size, const CameraInfo& info)
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void FuzzOrRefuse(const Bytes& input)
 {
     const CameraInfo mono = {"", "", "Mono", 200, 100, 0};
     const CameraInfo bayer = {"", "", "Bayer", 100, 100, 0};
-    decode({data, data + size}, mono);
-    encode(data, size, mono);
-    encode(data, size, bayer);
+    decode(input, mono);
+    encode(input, mono);
+    encode(input, bayer);
     // Short inputs reach the records by a head of their own.
-    std::vector<unsigned char> file(DpcHeader::Size, 0xFF);
-    std::fill_n(file.begin() + 12, 4, static_cast<unsigned char>(0));
-    file[12] = static_cast<unsigned char>(size / DpcHeader::RecordSize);
-    file.insert(file.end(), data, data + size);
+    Bytes file(DpcHeader::Size, 0xFF);
+    std::fill_n(file.begin() + 12, 4, std::uint8_t{0});
+    file[12] = static_cast<std::uint8_t>(input.size() / DpcHeader::RecordSize);
+    file.insert(file.end(), input.begin(), input.end());
     decode(file, bayer);
-    return 0;
 }

@@ -1,26 +1,16 @@
 // Arbitrary bytes as a defect file inside a camera of the Ostrel family: never a crash, never a pixel outside the
-// sensor.
+// sensor, and what the camera accepts comes back when it is written again.
+#include "CameraFiles.h"
 #include "Firmware/Ostrel/OstrelFile.h"
 
-#include <cassert>
-#include <cstddef>
-#include <cstdint>
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void Fuzz(const Bytes& input)
 {
-    using namespace Simulation;
-    constexpr SensorSize sensor{40, 32};
-    const FileBytes file(data, data + size);
-    // Lists that the camera accepts come back when they are written again.
-    for (const Mirroring mirroring : {Mirroring{false, false}, {true, false}, {false, true}, {true, true}})
+    constexpr SensorSize Size{40, 32};
+    for (const Mirroring mirroring : Mirrorings)
     {
-        const auto pixels = DecodeOstrelFile(file, sensor, mirroring);
-        for (const PixelPosition& pixel : pixels)
-        {
-            assert(pixel.x < sensor.width && pixel.y < sensor.height);
-        }
-        const auto again = DecodeOstrelFile(EncodeOstrelFile(pixels, sensor, true, true), sensor, mirroring);
-        assert(again.size() == pixels.size());
+        const auto pixels = DecodeOstrelFile(input, Size, mirroring);
+        CheckInside(pixels, Size);
+        const FileBytes again = EncodeOstrelFile(pixels, Size, true, true);
+        assert(DecodeOstrelFile(again, Size, mirroring).size() == pixels.size());
     }
-    return 0;
 }

@@ -1,30 +1,19 @@
 // Arbitrary bytes as a defect file inside a camera of the Rivo U family: never a crash, never a pixel outside the
-// sensor.
+// sensor, and what the camera accepts comes back when it is written again.
+#include "CameraFiles.h"
 #include "Firmware/RivoU/RivoUFile.h"
 
-#include <cassert>
-#include <cstddef>
-#include <cstdint>
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void Fuzz(const Bytes& input)
 {
-    using namespace Simulation;
-    constexpr SensorSize sensor{41, 35};
-    constexpr Mirroring ways[] = {{false, false}, {true, false}, {false, true}, {true, true}};
-    const FileBytes file(data, data + size);
-    // Lists that the camera accepts come back when they are written again.
-    for (const Mirroring able : ways)
+    constexpr SensorSize Size{41, 35};
+    for (const Mirroring able : Mirrorings)
     {
-        for (const Mirroring mirroring : ways)
+        for (const Mirroring mirroring : Mirrorings)
         {
-            const auto pixels = DecodeRivoUFile(file, sensor, able, mirroring);
-            for (const PixelPosition& pixel : pixels)
-            {
-                assert(pixel.x < sensor.width && pixel.y < sensor.height);
-            }
-            const auto again = DecodeRivoUFile(EncodeRivoUFile(pixels, sensor, able), sensor, able, mirroring);
-            assert(again.size() == pixels.size());
+            const auto pixels = DecodeRivoUFile(input, Size, able, mirroring);
+            CheckInside(pixels, Size);
+            const FileBytes again = EncodeRivoUFile(pixels, Size, able);
+            assert(DecodeRivoUFile(again, Size, able, mirroring).size() == pixels.size());
         }
     }
-    return 0;
 }

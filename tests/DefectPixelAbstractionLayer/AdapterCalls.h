@@ -1,16 +1,16 @@
-// The operations of an adapter as calls of their own, and what each says when the camera refuses it.
+// An adapter on a camera in memory, its operations as calls of their own, and what each says when it is refused.
 #pragma once
 
+#include "DefectText.h"
 #include "DpcAdapter.h"
 #include "Failure.h"
 #include "MemoryCamera.h"
 
-#include <boost/make_shared.hpp>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <functional>
 
-struct AdapterCalls
+template <typename Adapter> struct AdapterTest : testing::Test
 {
     using Set = KTR::DPC::DpcAdapter::CorrectionSetPtr;
     using Call = std::function<void(const Set&)>;
@@ -18,34 +18,43 @@ struct AdapterCalls
     {
         std::string refused; // the camera's call that fails, whose words follow the text
         Call call;
-        std::string set, text;
+        std::string text;
+        std::string set = {}; // else the user's
     };
 
-    KTR::DPC::DpcAdapter& adapter;
-    MemoryCamera& camera;
-    Call sets = [this](const Set&) { adapter.GetAvailableCorrectionSets(); };
-    Call getDefault = [this](const Set&) { adapter.GetDefaultCorrectionSet(); };
-    Call setDefault = [this](const Set& set) { adapter.SetDefaultCorrectionSet(set); };
-    Call isOn = [this](const Set& set) { adapter.IsCorrectionSetEnabled(set); };
-    Call on = [this](const Set& set) { adapter.SetCorrectionSetEnabled(set, true); };
-    Call off = [this](const Set& set) { adapter.SetCorrectionSetEnabled(set, false); };
-    Call readable = [this](const Set& set) { adapter.IsCorrectionSetReadable(set); };
-    Call writable = [this](const Set& set) { adapter.IsCorrectionSetWritable(set); };
-    Call read = [this](const Set& set) { adapter.ReadCorrectionSet(set); };
-    Call write = [this](const Set& set) { adapter.WriteCorrectionSet(set, {}); };
-    Call space = [this](const Set& set) { adapter.IsSpaceSufficient(set, {}); };
-    Call erase = [this](Set set) { adapter.EraseCorrectionSet(set); };
-    Call restore = [this](const Set& set) { adapter.RestoreFactorySettings(set); };
-
-    void ExpectRefusals(const std::vector<Refusal>& cases) const
+    AdapterTest(boost::shared_ptr<MemoryCamera> made, const std::string& userSet)
+        : camera(std::move(made)),
+          user(boost::make_shared<KTR::DPC::CorrectionSet>(userSet))
     {
-        for (const auto& [refused, call, set, text] : cases)
-        {
-            camera.log.refused = refused;
-            const std::string cause = refused.empty() ? "" : "Refused: " + refused;
-            EXPECT_EQ(FailureOf([&, &c = call, &name = set] { c(boost::make_shared<KTR::DPC::CorrectionSet>(name)); }),
-                      text + cause);
-        }
-        camera.log = {};
+        camera->log = {};
     }
+    // What was asked of the camera since the last time.
+    std::vector<std::string> log() { return std::exchange(camera->log, CallLog()).calls; }
+    void ExpectRefusals(const std::vector<Refusal>& cases)
+    {
+        for (const auto& [refused, call, text, name] : cases)
+        {
+            camera->log.refused = refused;
+            const auto set = boost::make_shared<KTR::DPC::CorrectionSet>(name.empty() ? user->getName() : name);
+            EXPECT_EQ(FailureOf([&, &c = call] { c(set); }), text + (refused.empty() ? "" : "Refused: " + refused));
+        }
+        camera->log = {};
+    }
+
+    boost::shared_ptr<MemoryCamera> camera;
+    Adapter adapter{camera};
+    Set user;
+    const Call sets = [this](const Set&) { adapter.GetAvailableCorrectionSets(); },
+               getDefault = [this](const Set&) { adapter.GetDefaultCorrectionSet(); },
+               setDefault = [this](const Set&set) { adapter.SetDefaultCorrectionSet(set); },
+               isOn = [this](const Set&set) { adapter.IsCorrectionSetEnabled(set); },
+               on = [this](const Set&set) { adapter.SetCorrectionSetEnabled(set, true); },
+               off = [this](const Set&set) { adapter.SetCorrectionSetEnabled(set, false); },
+               readable = [this](const Set&set) { adapter.IsCorrectionSetReadable(set); },
+               writable = [this](const Set&set) { adapter.IsCorrectionSetWritable(set); },
+               read = [this](const Set&set) { adapter.ReadCorrectionSet(set); },
+               write = [this](const Set&set) { adapter.WriteCorrectionSet(set, {}); },
+               space = [this](const Set&set) { adapter.IsSpaceSufficient(set, {}); },
+               erase = [this](Set set) { adapter.EraseCorrectionSet(set); },
+               restore = [this](const Set&set) { adapter.RestoreFactorySettings(set); };
 };

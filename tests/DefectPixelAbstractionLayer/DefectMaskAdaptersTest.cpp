@@ -1,9 +1,9 @@
-// The adapters of the established GigE cameras: packets, switches, and what they say when a camera is not as it should
-// be.
+// The adapters of the established GigE cameras: packets, switches, and what they say when a camera is wrong.
 #include "DefectText.h"
 #include "DpcAdapterEstablishedGigE.h"
 #include "DpcAdapterLoadDefects.h"
 #include "Failure.h"
+#include "FileCameras.h"
 #include "MaskCamera.h"
 
 #include <gmock/gmock.h>
@@ -34,11 +34,7 @@ struct DefectMaskAdapters : testing::Test
 
 TEST_F(DefectMaskAdapters, MoveTheirTablesInPieces)
 {
-    const struct
-    {
-        std::uint32_t count;
-        std::vector<std::string> writes, reads;
-    } cases[] = {
+    const std::tuple<std::uint32_t, MemoryCamera::Names, MemoryCamera::Names> cases[] = {
         {0, {"Write 19300 8"}, {"Read 19104 4"}},
         {31, {"Write 19300 256"}, {"Read 19104 4", "Read 19300 248"}},
         {32, {"Write 19300 256", "Write 193f8 16"}, {"Read 19104 4", "Read 19300 256"}},
@@ -106,12 +102,7 @@ TEST_F(DefectMaskAdapters, SwitchByTheFeatureOfTheCamera)
 
 TEST_F(DefectMaskAdapters, SayWhatFailed)
 {
-    struct ListsNothing : MemoryCamera
-    {
-        Names GetAvailableFeatures() override { return {}; }
-    };
-    const auto bare = boost::make_shared<ListsNothing>();
-    bare->features = camera->features;
+    const auto bare = makeOstrelCamera();
     DpcAdapterEstablishedGigE anyKind(camera, AllTypes);
     rectangles.WriteCorrectionSet(set, pixels(1));
     columns.WriteCorrectionSet(set, pixels(1));

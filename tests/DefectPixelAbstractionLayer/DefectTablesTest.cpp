@@ -2,12 +2,9 @@
 #include "ColumnMaskTable.h"
 #include "DefectRectangleTable.h"
 #include "DefectText.h"
-#include "DpcAdapterQuorsalinWithPython.h"
 #include "Failure.h"
 
 #include <gmock/gmock.h>
-
-#include <random>
 
 using namespace KTR::DPC;
 
@@ -69,7 +66,6 @@ TEST(ColumnMaskTable, WritesAndReadsTheBytesOfTheFormat)
 {
     const auto read = [](const std::string& hex) { return text(decodeColumnMask(bytesFrom(hex), 480)); };
     const std::tuple<std::string, std::string, std::string> cases[] = {
-        {"", "", ""},
         {"P10,4660 C8,9,3", "000A 1234 1234 0008 0009 000B", "P10,4660 C8,9,3 "},
         {"V7 C6,0,480 C5,1,480", "0007 0000 01DF 0006 0000 01DF 0005 0001 01E0", "V7 V6 V5 "},
         {"C65538,65538,1", "0002 0002 0002", "P2,2 "}, // cut to 16 bits
@@ -77,8 +73,7 @@ TEST(ColumnMaskTable, WritesAndReadsTheBytesOfTheFormat)
     for (const auto& [defects, hex, expected] : cases)
     {
         EXPECT_EQ(encodeColumnMask(defectsOf(defects), 480), bytesFrom(hex)) << defects;
-        EXPECT_EQ(read(hex), expected);
-        EXPECT_EQ(read(hex + "0001 0002 00"), expected) << "less than an entry";
+        EXPECT_EQ(read(hex + "0001 0002 00"), expected) << "less than an entry behind them";
     }
     EXPECT_EQ(FailureOf([] { encodeColumnMask(defectsOf("R1"), 480); }), "Unsupported Sensor Defect!");
     EXPECT_EQ(FailureOf([&] { read("0001 0005 0004"); }),
@@ -87,50 +82,17 @@ TEST(ColumnMaskTable, WritesAndReadsTheBytesOfTheFormat)
               "The column masking table has 65 entries, more than its 64.");
 }
 
-TEST(DefectTables, ReadBackRandomLists)
-{
-    std::mt19937 random(4);
-    for (int round = 0; round < 50; ++round)
-    {
-        std::string pixels, rectangles, stretches;
-        for (auto i = random() % 64 + 1; i > 0; --i)
-        {
-            const auto x = std::to_string(random() % 640), place = x + "," + std::to_string(random() % 280) + " ";
-            const auto run = place.substr(0, place.size() - 1) + "," + std::to_string(random() % 199 + 2) + " ";
-            pixels += "P" + place;
-            rectangles += i % 3 == 0 ? "P" + place : (i % 3 == 1 ? "L" : "C") + run;
-            stretches += i % 3 == 0 ? "P" + place : i % 3 == 1 ? "C" + run : "V" + x + " ";
-        }
-        EXPECT_EQ(text(decodeDefectTable(encodeDefectTable(defectsOf(rectangles), 640, 480), 640, 480)), rectangles);
-        EXPECT_EQ(text(decodeColumnMask(encodeColumnMask(defectsOf(stretches), 480), 480)), stretches);
-        using Flash = DpcAdapterQuorsalinWithPython;
-        const CameraInfo info{"", "", "Mono", 640, 480, 0};
-        EXPECT_EQ(text(Flash::DecodeBinaryDefectFile(Flash::CreateBinaryDefectFile(defectsOf(pixels), info))), pixels);
-    }
-}
-
 TEST(ColumnMaskTable, HasNoNeighbouringColumns)
 {
-    const std::pair<std::string, bool> cases[] = {
-        {"", true},
-        {"V10 V12 V10 P10,3", true},
-        {"C10,5,5 C11,9,4", false},
-        {"C11,9,4 C10,5,4", true},
-        {"C11,5,4 C12,9,4 C11,13,9", true},
-        {"P10,20 C11,1,3 P11,4 C11,2,19", false},
-        {"P12,470 C13,0,400 C13,5,9 V14", false},
-        {"C10,5,90 C10,7,2 C11,20,3", false},
-        {"C11,5,90 C11,7,2 C10,20,3", false},
-        {"P639,479", true},
-        {"P640,0", false},
-        {"P0,480", false},
-        {"C0,479,2", false},
-        {"C0,9,0", false},
-        {"P0,0 R3", false},
-    };
-    for (const auto& [defects, valid] : cases)
+    for (const char* mask : {"", "V10 V12 V10 P10,3", "C11,9,4 C10,5,4", "C11,5,4 C12,9,4 C11,13,9", "P639,479"})
     {
-        EXPECT_EQ(isColumnMask(defectsOf(defects), 640, 480), valid) << defects;
+        EXPECT_TRUE(isColumnMask(defectsOf(mask), 640, 480)) << mask;
+    }
+    for (const char* none : {"C10,5,5 C11,9,4", "P10,20 C11,1,3 P11,4 C11,2,19", "P12,470 C13,0,400 C13,5,9 V14",
+                             "C10,5,90 C10,7,2 C11,20,3", "C11,5,90 C11,7,2 C10,20,3", "P640,0", "P0,480", "C0,479,2",
+                             "C0,9,0", "P0,0 R3"})
+    {
+        EXPECT_FALSE(isColumnMask(defectsOf(none), 640, 480)) << none;
     }
 }
 

@@ -70,13 +70,13 @@ inline KTR::DPC::SensorDefectList defectsOf(const std::string& text)
     return defects;
 }
 
-// Single pixels beside each other, in row 300.
-inline KTR::DPC::SensorDefectList pixels(std::uint32_t count)
+// Single pixels in row 300.
+inline KTR::DPC::SensorDefectList pixels(std::uint32_t count, std::uint32_t step = 1)
 {
-    KTR::DPC::SensorDefectList list;
-    for (std::uint32_t x = 0; x < count; ++x)
+    std::string words;
+    for (std::uint32_t x = 0; x < count * step; x += step)
     {
-        list.push_back(boost::make_shared<KTR::DPC::PixelDefect>(x, 300));
+        words += "P" + std::to_string(x) + ",300 ";
     }
-    return list;
+    return defectsOf(words);
 }

@@ -1,63 +1,56 @@
 // Which camera gets which adapter.
 #include "DpcAdapterManager.h"
-#include "DpcAdapterEstablishedGigE.h"
-#include "DpcAdapterLoadDefects.h"
-#include "DpcAdapterOstrel.h"
-#include "DpcAdapterRivoU.h"
-#include "MaskCamera.h"
-#include "OstrelCamera.h"
+#include "FileCameras.h"
 
-#include <gmock/gmock.h>
+#include <boost/core/demangle.hpp>
+#include <gtest/gtest.h>
 
 using namespace KTR::DPC;
 
-TEST(DpcAdapterManager, MatchesFamilyThenModel)
+TEST(DpcAdapterManager, MatchesFamilyThenModelThenMaskFeature)
 {
     struct Case
     {
-        const char *family, *model; // "-": the camera has no such feature
-        bool compatible, ostrel;
+        std::string family, model; // "-": the camera has no such feature
+        bool compatible;
+        std::string adapter;
+        const char* mask = nullptr; // a feature of the older cameras
     };
     std::vector<Case> cases = {
-        {"OSTREL", "Rivo U", true, true},
-        {"OSTREL", "-", false, true}, // an adapter, although the camera does not count as compatible
-        {"-", "my OSTREL 5", true, true},
-        {"-", "OSTREL or Rivo U", true, false}, // of two keys the later one
-        {"-", "OSTREL, not Dreli G-301", true, true},
-        {"Dreli G-301", "OSTREL", true, false}, // without a mask feature
-        {"unknown", "Dreli G-30", false, false},
-        {"", "", false, false},
-        {"-", "-", false, false},
+        {"OSTREL", "Rivo U", true, "Ostrel"},
+        {"OSTREL", "-", false, "Ostrel"}, // an adapter, although the camera does not count as compatible
+        {"-", "my OSTREL 5", true, "Ostrel"},
+        {"-", "OSTREL or Rivo U", true, "RivoU"}, // of two keys the later one
+        {"-", "OSTREL, not Dreli G-301", true, "Ostrel"},
+        {"-", "Rivo U", true, "RivoU"},
+        {"-", "Tamorin Pro", true, "TamorinPro"},
+        {"Dreli G-301", "OSTREL", true, ""},
+        {"unknown", "Dreli G-30", false, ""},
+        {"", "", false, ""},
+        {"-", "-", false, ""},
     };
-    for (const char* name : {"Rivo U", "Tamorin Pro", "Dreli G-1310", "Dreli G-1320", "Dreli G-1330", "Dreli G-301",
-                             "Dreli G-302", "Dreli G-303", "Rivo G-011", "Rivo G-012", "Rivo G-013", "Rivo G-014"})
+    for (const char* name : {"Dreli G-1310", "Dreli G-1320", "Dreli G-1330", "Dreli G-301", "Dreli G-302",
+                             "Dreli G-303", "Rivo G-011", "Rivo G-012", "Rivo G-013", "Rivo G-014"})
     {
-        cases.push_back({"-", name, true, false});
+        cases.push_back({"-", name, true, ""});
+        cases.push_back({"-", name, true, "EstablishedGigE", "DefectMaskEnable"});
+        cases.push_back({"-", name, true, "LoadDefects", "DefectMaskColumnEnable"});
     }
-    for (const auto& [family, model, compatible, ostrel] : cases)
+    for (const auto& [family, model, compatible, expected, mask] : cases)
     {
         const auto camera = makeOstrelCamera();
         camera->features["DPCDatasetAuto"].entries = {"Off"};
-        camera->features["DeviceFamilyName"].text = family;
-        camera->features["DeviceModelName"].text = model;
-        for (const char* name : {"DeviceFamilyName", "DeviceModelName"})
+        for (const auto& [name, value] : {std::pair("DeviceFamilyName", family), {"DeviceModelName", model}})
         {
-            camera->features[name].text == "-" ? camera->features.erase(name) : 0;
+            camera->features[name].text = value;
+            value == "-" ? camera->features.erase(name) : 0;
         }
+        mask ? void(camera->features["DefectMaskEnable"]), void(camera->features[mask]) : void();
         EXPECT_EQ(DpcAdapterManager::IsCompatible(camera), compatible) << family << " / " << model;
         const auto adapter = DpcAdapterManager::GetCompatibleDpcAdapter(camera);
-        const bool rivoU = dynamic_cast<DpcAdapterRivoU*>(adapter.get()) != nullptr;
-        EXPECT_EQ(!rivoU && dynamic_cast<DpcAdapterOstrel*>(adapter.get()), ostrel) << family << " / " << model;
-        EXPECT_EQ(rivoU, !ostrel && std::string(model).find("Rivo U") != std::string::npos) << model;
+        const DpcAdapter* const found = adapter.get();
+        EXPECT_EQ(found ? boost::core::demangle(typeid(*found).name()) : "",
+                  expected.empty() ? "" : "KTR::DPC::DpcAdapter" + expected)
+            << family << " / " << model;
     }
-}
-
-TEST(DpcAdapterManager, AsksTheOlderCamerasForTheirMasks)
-{
-    const auto camera = boost::make_shared<MaskCamera>(MaskCamera::Rectangles, "DefectMaskEnable");
-    const auto adapter = DpcAdapterManager::GetCompatibleDpcAdapter(camera);
-    ASSERT_TRUE(dynamic_cast<DpcAdapterEstablishedGigE*>(adapter.get()));
-    EXPECT_THAT(adapter->GetAvailableDefectTypes(), testing::ElementsAre(SensorDefectType::Pixel));
-    camera->features["DefectMaskColumnEnable"] = {};
-    EXPECT_TRUE(dynamic_cast<DpcAdapterLoadDefects*>(DpcAdapterManager::GetCompatibleDpcAdapter(camera).get()));
 }

@@ -1,11 +1,8 @@
 // The Ostrel adapter: what it says when a camera fails, and which calls it makes.
 #include "DpcAdapterOstrel.h"
 #include "AdapterCalls.h"
-#include "DefectText.h"
-#include "OstrelCamera.h"
+#include "FileCameras.h"
 #include "ScopedOpenFile.h"
-
-#include <gmock/gmock.h>
 
 using namespace KTR::DPC;
 using testing::ElementsAre;
@@ -24,101 +21,82 @@ struct TestAdapter final : DpcAdapterOstrel
     }
 };
 
-struct DpcAdapterOstrelTest : testing::Test
+struct DpcAdapterOstrelTest : AdapterTest<TestAdapter>
 {
-    boost::shared_ptr<MemoryCamera> camera = makeOstrelCamera();
-    TestAdapter adapter{camera};
-    AdapterCalls calls{adapter, *camera};
-    DpcAdapter::CorrectionSetPtr user = boost::make_shared<CorrectionSet>("User");
-
-    void SetUp() override { camera->log = {}; }
+    DpcAdapterOstrelTest() : AdapterTest(makeOstrelCamera(), "User") {}
 };
 
 TEST_F(DpcAdapterOstrelTest, SaysWhatFailed)
 {
-    const std::string selector = "Set CorrectionSelector=DefectPixelCorrection";
-    calls.ExpectRefusals({
-        {selector, calls.sets, "User", "Could not set CorrectionSelector: "},
-        {selector, calls.getDefault, "User", "Could not set CorrectionSelector: "},
-        {selector, calls.on, "User", "Could not set CorrectionSelector: "},
-        {"Set CorrectionSet=User", calls.on, "User", "Could not set CorrectionSetSelector for CorrectionSetUser.\n"},
-        {"List CorrectionSet", calls.sets, "User", "Could not get enum values of CorrectionSetSelect : "},
-        {"Get CorrectionSetDefault", calls.getDefault, "User", "Could not get enum value of CorrectionSetDefault: "},
-        {"List CorrectionSetDefault", calls.setDefault, "User", "Could not get enum values of CorrectionSetDefault: "},
-        {"", calls.setDefault, "Lost", "The given CorrectionSet Lost is not valid for CorrectionSetDefault"},
-        {"Set CorrectionSetDefault=User", calls.setDefault, "User", "Could not set value of CorrectionSetDefault: "},
-        {"Set CorrectionMode=On", calls.on, "User",
-         "Could not set value of Correction mode for Correction Set User.\n"},
-        {"Set CorrectionMode=Off", calls.off, "User",
-         "Could not set value of Correction mode for Correction Set User.\n"},
-        {"", calls.read, "Secret", "CorrectionSet Secret is not readable!"},
-        {"", calls.read, "Lost", "Could not get file DefectPixelCorrection"},
-        {"", calls.writable, "Gone", "Could not get file DefectPixelCorrection"},
-        {"", calls.write, "Preset", "The given correction set cannot be overwritten"},
-        {"", calls.erase, "Preset", "The given correction set cannot be overwritten"},
-        {"", calls.write, "Lost", "Could not get file for correction set Lost"},
-        {"", calls.space, "Lost", "Could not get file for correction set Lost"},
-        {"", calls.restore, "User", "RestoreFactorySettings is not available for Ostrel Cameras"},
+    const std::string selector = "Set CorrectionSelector=DefectPixelCorrection", noFile = "Could not get file ";
+    const std::string mode = "Could not set value of Correction mode for Correction Set User.\n";
+    ExpectRefusals({
+        {selector, sets, "Could not set CorrectionSelector: "},
+        {selector, getDefault, "Could not set CorrectionSelector: "},
+        {selector, on, "Could not set CorrectionSelector: "},
+        {"Set CorrectionSet=User", on, "Could not set CorrectionSetSelector for CorrectionSetUser.\n"},
+        {"List CorrectionSet", sets, "Could not get enum values of CorrectionSetSelect : "},
+        {"Get CorrectionSetDefault", getDefault, "Could not get enum value of CorrectionSetDefault: "},
+        {"List CorrectionSetDefault", setDefault, "Could not get enum values of CorrectionSetDefault: "},
+        {"", setDefault, "The given CorrectionSet Lost is not valid for CorrectionSetDefault", "Lost"},
+        {"Set CorrectionSetDefault=User", setDefault, "Could not set value of CorrectionSetDefault: "},
+        {"Set CorrectionMode=On", on, mode},
+        {"Set CorrectionMode=Off", off, mode},
+        {"", read, "CorrectionSet Secret is not readable!", "Secret"},
+        {"", read, noFile + "DefectPixelCorrection", "Lost"},
+        {"", writable, noFile + "DefectPixelCorrection", "Gone"},
+        {"", write, "The given correction set cannot be overwritten", "Preset"},
+        {"", erase, "The given correction set cannot be overwritten", "Preset"},
+        {"", write, noFile + "for correction set Lost", "Lost"},
+        {"", space, noFile + "for correction set Lost", "Lost"},
+        {"", restore, "RestoreFactorySettings is not available for Ostrel Cameras"},
     });
 }
 
 TEST_F(DpcAdapterOstrelTest, MovesOnlyTheSelectorsThatItNeeds)
 {
-    adapter.SetCorrectionSetEnabled(user, true);
-    EXPECT_THAT(camera->log.calls, ElementsAre("Set CorrectionSelector=DefectPixelCorrection", "Set CorrectionSet=User",
-                                               "Set CorrectionMode=On"));
-    camera->log = {};
+    const std::string name = " DefectPixelCorrectionUser";
+    on(user);
+    EXPECT_THAT(log(), ElementsAre("Set CorrectionSelector=DefectPixelCorrection", "Set CorrectionSet=User",
+                                   "Set CorrectionMode=On"));
     EXPECT_TRUE(adapter.IsCorrectionSetEnabled(user));
     EXPECT_FALSE(adapter.IsCorrectionSetEnabled(boost::make_shared<CorrectionSet>("Preset")));
-    EXPECT_THAT(camera->log.calls, testing::Each(testing::StartsWith("Get ")));
+    EXPECT_THAT(log(), testing::Each(testing::StartsWith("Get ")));
     camera->features.erase("CorrectionMode");
     EXPECT_FALSE(adapter.IsCorrectionSetEnabled(user)) << "a camera that cannot tell";
     camera->features["CorrectionSet"].unavailable = "User";
     EXPECT_FALSE(adapter.IsCorrectionSetAvailable(user));
-    camera->log = {};
+    log();
     EXPECT_TRUE(adapter.ReadCorrectionSet(user).empty());
-    const std::string name = " DefectPixelCorrectionUser";
-    EXPECT_THAT(camera->log.calls, ElementsAre("GetFiles", "OpenRead" + name, "GetSize" + name, "Close" + name));
+    EXPECT_THAT(log(), ElementsAre("GetFiles", "OpenRead" + name, "GetSize" + name, "Close" + name));
 }
 
 TEST_F(DpcAdapterOstrelTest, StoresWhatTheFamilyCanStore)
 {
     adapter.WriteCorrectionSet(user, defectsOf("V3 P65543,65541")); // cut to 16 bits
-    EXPECT_EQ(text(adapter.ReadCorrectionSet(user)), "P7,5 ");
-    EXPECT_THAT(adapter.GetAvailableDefectTypes(),
-                ElementsAre(SensorDefectType::Pixel, SensorDefectType::Row, SensorDefectType::PixelRow));
-
     camera->features["ReverseX"] = {};
     EXPECT_EQ(adapter.ConvertDefectsListToBinary({}).size(), 52U + 3 * 80 + 8 + 3 * 34);
     camera->features.erase("ReverseX");
     camera->features["ReverseY"] = {};
-    EXPECT_THROW(adapter.EraseCorrectionSet(user), KTR::System::Exception) << "no file for mirroring in y alone";
-    EXPECT_EQ(adapter.ReadCorrectionSet(user).size(), 1U);
-
-    EXPECT_FALSE(DpcAdapterOstrel(makeOstrelCamera(174)).IsSpaceSufficient(user, {})) << "a file of just this size";
-    EXPECT_TRUE(DpcAdapterOstrel(makeOstrelCamera(175)).IsSpaceSufficient(user, {}));
+    EXPECT_THROW(erase(user), KTR::System::Exception) << "no file for mirroring in y alone";
+    EXPECT_EQ(text(adapter.ReadCorrectionSet(user)), "P7,5 ");
+    for (const std::uint64_t sizeMax : {174U, 175U}) // an empty list takes 174 bytes, and a file may not be full
+    {
+        EXPECT_EQ(DpcAdapterOstrel(makeOstrelCamera(sizeMax)).IsSpaceSufficient(user, {}), sizeMax == 175);
+    }
 }
 
-TEST(ScopedOpenFile, ClosesOnEveryWayOut)
+TEST(ScopedOpenFile, TellsTheFirstFailure)
 {
     const auto camera = makeOstrelCamera();
     const auto file = camera->files.front();
-    camera->log.failAt = 0;
-    EXPECT_THROW(ScopedOpenFile(file, FileInterface::FileOpenMode::Read), KTR::System::Exception);
-    EXPECT_THAT(camera->log.calls, testing::SizeIs(1)) << "nothing to close";
-    camera->log.failAt = 2;
-    EXPECT_THROW(ScopedOpenFile(file, FileInterface::FileOpenMode::Read)->GetSize(), KTR::System::Exception);
-    EXPECT_FALSE(file->IsOpen());
-    camera->log = {};
-    camera->log.refused = "Close " + file->GetName();
-    EXPECT_EQ(FailureOf([&] { ScopedOpenFile(file, FileInterface::FileOpenMode::Read)->Delete(); }),
-              "Delete is not allowed now on the file OtherUser.")
-        << "the first of two failures";
-    EXPECT_EQ(FailureOf([&] { ScopedOpenFile(file, FileInterface::FileOpenMode::Read).Close(); }),
-              "Refused: Close OtherUser");
+    const auto open = [&] { return ScopedOpenFile(file, FileInterface::FileOpenMode::Read); };
+    camera->log = {{}, "Close OtherUser"};
+    EXPECT_EQ(FailureOf([&] { open()->Delete(); }), "Delete is not allowed now on the file OtherUser.");
+    EXPECT_EQ(FailureOf([&] { open().Close(); }), "Refused: Close OtherUser");
     EXPECT_THAT(camera->log.calls, ElementsAre("OpenRead OtherUser", "Delete OtherUser", "Close OtherUser",
                                                "OpenRead OtherUser", "Close OtherUser"));
-    EXPECT_DEATH(ScopedOpenFile(file, FileInterface::FileOpenMode::Read), "") << "a failure that nobody hears of";
+    EXPECT_DEATH(open(), "") << "a failure that nobody hears of";
 }
 
 } // namespace

@@ -1,12 +1,7 @@
 // The Tamorin Pro adapter: bytes, what it says when a camera fails, and which calls it makes.
 #include "DpcAdapterTamorinPro.h"
 #include "AdapterCalls.h"
-#include "DefectText.h"
-#include "TamorinProCamera.h"
-
-#include <gmock/gmock.h>
-
-#include <fstream>
+#include "FileCameras.h"
 
 using namespace KTR::DPC;
 using testing::ElementsAre;
@@ -16,63 +11,49 @@ namespace
 
 using Metadata = std::map<std::string, double>;
 
-struct DpcAdapterTamorinProTest : testing::Test
+struct DpcAdapterTamorinProTest : AdapterTest<DpcAdapterTamorinPro>
 {
-    boost::shared_ptr<MemoryCamera> camera = makeTamorinProCamera();
-    DpcAdapterTamorinPro adapter{camera};
-    AdapterCalls calls{adapter, *camera};
-    DpcAdapter::CorrectionSetPtr user = boost::make_shared<CorrectionSet>("DPC_User_1");
+    DpcAdapterTamorinProTest() : AdapterTest(makeTamorinProCamera(), "DPC_User_1") {}
     std::vector<std::uint8_t>& userFile = camera->files.back()->content;
-
-    void SetUp() override { camera->log = {}; }
 };
 
 TEST_F(DpcAdapterTamorinProTest, SaysWhatFailed)
 {
-    const std::string listing = "Could not get enum values of CorrectionSetSelect : ";
-    const std::string mode = "Could not set value of Correction mode for Correction Set DPC_User_1.\n";
-    const auto metadata = [&](const auto&) { adapter.GetAvailableCorrectionSetsWithMetadata(); };
-    const auto write = [&](const auto& set) { adapter.WriteCorrectionSet(set, defectsOf("P1,1")); };
-    calls.ExpectRefusals({
-        {"List FileSelector", calls.sets, "DPC_User_1", listing},
-        {"OpenRead DPC_User_1", metadata, "DPC_User_1", listing},
-        {"", calls.setDefault, "DPC_User_1", "SetDefaultCorrectionSet not available on Tamorin Pro"},
-        {"Set DPCMode=On", calls.on, "DPC_User_1", mode},
-        {"Set DPCDatasetFileId", calls.on, "DPC_User_1", mode},
-        {"", calls.on, "DPC_99999999999999999999",
-         "The name of correction set DPC_99999999999999999999 does not end in the number of a dataset."},
-        {"", calls.readable, "DPC_7", "Could not get file DPC_7"},
-        {"", calls.read, "DPC_7", "Could not get file DPC_7"},
-        {"", write, "User_1", "The given correction set cannot be overwritten"},
-        {"", write, "DPC_User_9", "Could not get file for correction set DPC_User_9"},
-        {"", calls.space, "7", "Could not get file for correction set 7"},
-        {"", calls.erase, "7", "Could not get file for correction set 7"},
-        {"", calls.restore, "DPC_User_1", "RestoreFactorySettings is not available for Tamorin Pro Cameras"},
+    const std::string listing = "Could not get enum values of CorrectionSetSelect : ", noFile = "Could not get file ",
+                      mode = "Could not set value of Correction mode for Correction Set DPC_User_1.\n";
+    const Call metadata = [&](auto&) { adapter.GetAvailableCorrectionSetsWithMetadata(); };
+    const Call writePixel = [&](auto& set) { adapter.WriteCorrectionSet(set, defectsOf("P1,1")); };
+    const auto number = [&](const char* set)
+    { return adapter.GetDatasetFileId(boost::make_shared<CorrectionSet>(set)); };
+    ExpectRefusals({
+        {"List FileSelector", sets, listing},
+        {"OpenRead DPC_User_1", metadata, listing},
+        {"", setDefault, "SetDefaultCorrectionSet not available on Tamorin Pro"},
+        {"Set DPCMode=On", on, mode},
+        {"Set DPCMode=Off", off, ""},
+        {"Set DPCDatasetFileId", on, mode},
+        {"", on, "The name of correction set DPC_99999999999999999999 does not end in the number of a dataset.",
+         "DPC_99999999999999999999"},
+        {"", readable, noFile + "DPC_7", "DPC_7"},
+        {"", read, noFile + "DPC_7", "DPC_7"},
+        {"", writePixel, "The given correction set cannot be overwritten", "User_1"},
+        {"", writePixel, noFile + "for correction set DPC_User_9", "DPC_User_9"},
+        {"", space, noFile + "for correction set 7", "7"},
+        {"", erase, noFile + "for correction set 7", "7"},
+        {"", restore, "RestoreFactorySettings is not available for Tamorin Pro Cameras"},
     });
-    camera->log.refused = "Set DPCMode=Off";
-    EXPECT_EQ(FailureOf([&] { calls.off(user); }), "Refused: Set DPCMode=Off");
-    camera->log = {};
-    EXPECT_THROW(adapter.GetDatasetFileId(boost::make_shared<CorrectionSet>("DPC_")), std::invalid_argument);
-}
-
-TEST_F(DpcAdapterTamorinProTest, SwitchesDatasetsByNumber)
-{
-    EXPECT_EQ(adapter.GetDatasetFileId(boost::make_shared<CorrectionSet>("DPC_003")), 0x2003);
-    EXPECT_EQ(adapter.GetDatasetFileId(boost::make_shared<CorrectionSet>("DPC_User_012b")), 0x280C);
-    EXPECT_EQ(camera->features["DPCDatasetAuto"].text, "Off") << "since the adapter was made";
-    adapter.SetCorrectionSetEnabled(user, true);
-    EXPECT_FALSE(adapter.IsCorrectionSetEnabled(adapter.GetDefaultCorrectionSet()));
-    camera->features["DPCDatasetAuto"].text = "On";
-    EXPECT_FALSE(adapter.IsCorrectionSetEnabled(user));
+    EXPECT_THROW(number("DPC_"), std::invalid_argument);
+    EXPECT_EQ(number("DPC_003"), 0x2003);
+    EXPECT_EQ(number("DPC_User_012b"), 0x280C);
 }
 
 TEST_F(DpcAdapterTamorinProTest, ListsSetsWithTheMetadataOfTheirFirstBytes)
 {
     userFile = bytesFrom(std::string(376, '0') + " 'TMP1 08000000 0000A041 00000000"); // ends behind byte 200
-    const auto sets = adapter.GetAvailableCorrectionSetsWithMetadata();
-    ASSERT_EQ(sets.size(), 2U);
-    EXPECT_EQ(sets[0]->getMetadataSize(), 0U);
-    EXPECT_EQ(sets[1]->getAllMetadata(), (Metadata{{"Temperature", -999999}}));
+    const auto found = adapter.GetAvailableCorrectionSetsWithMetadata();
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_EQ(found[0]->getMetadataSize(), 0U);
+    EXPECT_EQ(found[1]->getAllMetadata(), (Metadata{{"Temperature", -999999}}));
     EXPECT_EQ(adapter.GetAvailableCorrectionSets().size(), 4U) << "behind those of the first listing";
     const std::pair<const char*, Metadata> cases[] = {
         {"'AGAN 00", {{"Gain", -999999}}},
@@ -103,36 +84,32 @@ TEST_F(DpcAdapterTamorinProTest, ReadsPixels)
     };
     for (const auto& [hex, expected] : cases)
     {
-        std::string read;
-        read += FailureOf([&, hex = hex] { read = text(adapter.getSensorDefectsListFromRawData(bytesFrom(hex))); });
-        EXPECT_EQ(read, expected) << hex;
+        std::string pixels;
+        pixels += FailureOf([&, hex = hex] { pixels = text(adapter.getSensorDefectsListFromRawData(bytesFrom(hex))); });
+        EXPECT_EQ(pixels, expected) << hex;
     }
     EXPECT_DEATH(adapter.getSensorDefectsListFromRawData(bytesFrom("'PDA1 080000")), "pos \\+ 3 < data.size\\(\\)");
 }
 
-TEST_F(DpcAdapterTamorinProTest, WritesTheFileThatTheDocumentationShows)
+TEST_F(DpcAdapterTamorinProTest, WritesPixelsAndTheirDescription)
 {
-    std::ifstream page(FORMATS_PAGE);
-    std::string example((std::istreambuf_iterator<char>(page)), {});
-    example.erase(0, example.find("```hex\n", example.find("## Tamorin Pro\n")) + 7);
+    const std::string file = " DPC_User_1";
     user->setMetadata("Gain", 1.5);
     adapter.WriteCorrectionSet(user, defectsOf("P2,9 P5,1 P1,9"));
-    EXPECT_EQ(userFile, bytesFrom(example.substr(0, example.find("```"))));
-    const std::string file = " DPC_User_1";
-    const std::string description = "Set FileDescriptionBuffer=Gain 1.5, 20.0 \xC2\xB0\x43, 10000 \xC2\xB5S";
-    EXPECT_THAT(camera->log.calls,
-                ElementsAre("GetFile" + file, "OpenWrite" + file, "Write" + file, "Close" + file,
-                            "Set FileSelector=DPC_User_1", description, "Set FileOperationSelector=WriteDescription",
-                            "Run FileOperationExecute"));
+    EXPECT_THAT(log(), ElementsAre("GetFile" + file, "OpenWrite" + file, "Write" + file, "Close" + file,
+                                   "Set FileSelector=DPC_User_1",
+                                   "Set FileDescriptionBuffer=Gain 1.5, 20.0 \xC2\xB0\x43, 10000 \xC2\xB5S",
+                                   "Set FileOperationSelector=WriteDescription", "Run FileOperationExecute"));
     EXPECT_EQ(text(adapter.ReadCorrectionSet(user)), "P5,1 P1,9 P2,9 ");
-    camera->log = {};
-    adapter.WriteCorrectionSet(user, {});
-    EXPECT_THAT(camera->log.calls, ElementsAre("GetFile" + file, "GetFile" + file, "Delete" + file));
+    log();
+    write(user);
+    EXPECT_THAT(log(), ElementsAre("GetFile" + file, "GetFile" + file, "Delete" + file));
     EXPECT_FALSE(adapter.IsCorrectionSetReadable(user));
-
-    // 152 bytes and 4 for each pixel must stay below the largest size.
-    EXPECT_FALSE(DpcAdapterTamorinPro(makeTamorinProCamera(156)).IsSpaceSufficient(user, defectsOf("P1,1")));
-    EXPECT_TRUE(DpcAdapterTamorinPro(makeTamorinProCamera(157)).IsSpaceSufficient(user, defectsOf("P1,1")));
+    for (const std::uint64_t sizeMax : {156U, 157U}) // 152 bytes and 4 for each pixel must stay below the largest size
+    {
+        DpcAdapterTamorinPro small(makeTamorinProCamera(sizeMax));
+        EXPECT_EQ(small.IsSpaceSufficient(user, defectsOf("P1,1")), sizeMax == 157);
+    }
 }
 
 } // namespace

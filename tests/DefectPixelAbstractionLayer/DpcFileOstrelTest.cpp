@@ -38,11 +38,7 @@ TEST(DpcFileOstrel, WritesAndReadsTheBytesOfTheFormat)
     const std::string mirrored = NoIndex + "7B81 0700 00C0 "; // row 379
     const std::string first =
         Head + info("00", "00000000 26000000", "00000000") + info("01", "26000000 26000000", "00000040");
-    const struct
-    {
-        ReverseCapability capability;
-        std::string added, hex, read;
-    } cases[] = {
+    const std::tuple<ReverseCapability, const char*, std::string, std::string> cases[] = {
         {ReverseCapability::Non, "",
          Head + info("00", "00000000 22000000", "00000000") + "50444131 22000000" + NoIndex + "00C0", ""},
         {ReverseCapability::Non, "L10,100,11 R3 P7,100", OneSet, "R3 P7,100 L10,100,11 "},
@@ -66,15 +62,8 @@ TEST(DpcFileOstrel, WritesAndReadsTheBytesOfTheFormat)
 
 TEST(DpcFileOstrel, OrdersRowsAndIndexesSegments)
 {
-    const struct
-    {
-        std::uint32_t height;
-        std::string defects;
-        ReverseCapability reverse;
-        std::size_t segment;    // the table holds 0 before this segment,
-        std::uint16_t position; // and this from it on
-        Words body;
-    } cases[] = {
+    // The table holds 0 before the segment, and the position from it on.
+    const std::tuple<std::uint32_t, const char*, ReverseCapability, std::size_t, std::uint16_t, Words> cases[] = {
         {1600, "P1,260 P1,250 P1,50", ReverseCapability::X, 2, 2, {0x8032, 1, 0x80FA, 1, 0x8104, 1, 0xC000}},
         // A first row outside of segment 0 starts at word 0, which reads as not yet set.
         {1600, "P1,250 P1,260", ReverseCapability::Non, 2, 2, {0x80FA, 1, 0x8104, 1, 0xC000}},
@@ -151,26 +140,29 @@ TEST(DpcFileOstrel, RefusesWhatIsNoWholeFileAndNoSensor)
     EXPECT_EQ(FailureOf([] { DpcFileOstrel(Capability::X, 640, 0x10000); }), "Height must be set!");
 }
 
-struct FileWithInfoBlock final : DpcFileOstrel
-{
-    FileWithInfoBlock(std::uint16_t size, std::uint32_t h) : DpcFileOstrel(32, size, ReverseCapability::Non, 640, h) {}
-};
-
 TEST(DpcFileOstrel, IndexesBandsByPairsOfWords)
 {
-    const auto block = [](std::uint16_t elementSize, std::uint32_t height)
+    struct FileWithInfoBlock final : DpcFileOstrel
+    {
+        FileWithInfoBlock(std::uint16_t element, std::uint32_t h)
+            : DpcFileOstrel(32, element, ReverseCapability::Non, 640, h)
+        {
+        }
+    };
+    // Rows 0, 40, 41 and 479; the last word has no pair.
+    const Words words = {0x8000, 1, 2, 0x8028, 0x8029, 3, 0x81DF, 4, 0x8000};
+    const std::tuple<std::uint16_t, std::uint32_t, Bytes> cases[] = {
+        {2, 480, fromWords({0, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 3})}, // bands of 30 rows
+        {2, 8, Bytes(32, 0)},                                                  // all rows are in band 0
+        {3, 320, fromWords({0, 0, 1, 0, 1, 0, 1, 0, 1, 0, 1, 0, 1, 0, 1, 0, 1, 0, 1, 0})},
+        {4, 480, {}},
+    };
+    for (const auto& [elementSize, height, index] : cases)
     {
         const auto helper = boost::make_shared<DataHelper>(false);
-        // Rows 0, 40, 41 and 479; the last word has no pair.
-        const Words words = {0x8000, 1, 2, 0x8028, 0x8029, 3, 0x81DF, 4, 0x8000};
         FileWithInfoBlock(elementSize, height).pushBackInfoBlock(words, helper);
-        return helper->getData();
-    };
-    EXPECT_EQ(block(2, 480), fromWords({0, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 3})) << "bands of 30 rows";
-    EXPECT_EQ(block(2, 8), Bytes(32, 0)) << "all rows are in band 0";
-    EXPECT_EQ(block(3, 320).size(), 10 * 4U) << "code 3 stands for 32 bits";
-    EXPECT_EQ(block(1, 480).size(), 32U);
-    EXPECT_TRUE(block(4, 480).empty());
+        EXPECT_EQ(helper->getData(), index) << elementSize;
+    }
 }
 
 } // namespace

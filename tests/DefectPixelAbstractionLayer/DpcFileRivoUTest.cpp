@@ -27,11 +27,7 @@ std::string read(const Bytes& bytes)
 TEST(DpcFileRivoU, WritesAndReadsTheBytesOfTheFormat)
 {
     const std::string first = "0000 0000 0000 ", none = first + std::string(13 * 4, '0'), second = " 0100 0100 0100 ";
-    const struct
-    {
-        ReverseCapability capability;
-        std::string added, hex, read;
-    } cases[] = {
+    const std::tuple<ReverseCapability, const char*, std::string, std::string> cases[] = {
         {ReverseCapability::Non, "", "0200 0400 2E000000 0200 2000" + none + "00C0", ""},
         {ReverseCapability::XY, "", "0200 0400 54000000 0200 2000" + none + "00C0 00C0" + none + "00C0 00C0", ""},
         // Bands of 30 rows. Row 100 opens band 3 in the second word of pair 1.
@@ -66,17 +62,13 @@ TEST(DpcFileRivoU, WritesAndReadsTheBytesOfTheFormat)
 
 TEST(DpcFileRivoU, MirrorsCoordinatesAndKeepsTheOrder)
 {
-    const auto dataSet = [](const std::string& defects, std::uint32_t width, std::uint32_t height, unsigned reverse)
-    {
-        return fileOf(defects, ReverseCapability::XY, width, height)
-            .calculateDataSet(static_cast<ReverseCapability>(reverse));
-    };
-    const std::string list = "P5,1 L5,1,5 P5,1 P3,1 P0,7";
-    EXPECT_EQ(dataSet(list, 640, 8, 0), (Words{0x8001, 3, 5, 0x4005, 0x4009, 5, 0x8007, 0}));
-    EXPECT_EQ(dataSet(list, 640, 8, 3), (Words{0x8006, 636, 634, 0x427A, 0x4276, 634, 0x8000, 639}));
+    const auto mirrored = [](const std::string& defects, std::uint32_t width, std::uint32_t height)
+    { return fileOf(defects, ReverseCapability::XY, width, height).calculateDataSet(ReverseCapability::XY); };
+    EXPECT_EQ(mirrored("P5,1 L5,1,5 P5,1 P3,1 P0,7", 640, 8),
+              (Words{0x8006, 636, 634, 0x427A, 0x4276, 634, 0x8000, 639}));
     // What lies outside of the sensor still is a row and a pixel when it is mirrored, and never an end.
-    EXPECT_EQ(dataSet("P640,480", 640, 480, 3), (Words{0xBFFF, 0x3FFF}));
-    EXPECT_EQ(dataSet("P0,0 L16390,16384,2", 65535, 65535, 3), (Words{0xBFFE, 0x3FFE, 0x7FF8, 0x7FF7}));
+    EXPECT_EQ(mirrored("P640,480", 640, 480), (Words{0xBFFF, 0x3FFF}));
+    EXPECT_EQ(mirrored("P0,0 L16390,16384,2", 65535, 65535), (Words{0xBFFE, 0x3FFE, 0x7FF8, 0x7FF7}));
 }
 
 TEST(DpcFileRivoU, ReadsBackWhatItsSizeFieldTells)

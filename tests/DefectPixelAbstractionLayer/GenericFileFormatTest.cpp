@@ -13,12 +13,6 @@ namespace
 
 TEST(GenericFileFormat, WritesDefectFiles)
 {
-    EXPECT_EQ(CreateFileDpcTamorinPro(bytesFrom("0140 0200 00C000C0"), 480, 640, 1.5F, -12.5F, 1000.0F, 0),
-              bytesFrom(R"(
-        'PTY1 04000000 'DPC1 'FCO1 08000000 0000000000000002 'DCT1 04000000 03000000 'DFMT 04000000 11000000
-        'IF01 54000000 'INDX 04000000 00000000
-        'DSET 1C000000 00000000 04000000 00000000 E0010000 80020000 00000000 00000000
-        'TMP1 04000000 000048C1 'AGAN 04000000 983A0000 'EXP1 04000000 00007A44 'PDA1 08000000 0140 0200 00C000C0)"));
     // An offset counts the end mark of the payload before it, a size does not; so an empty payload has less than none.
     EXPECT_EQ(
         CreateFileDpcOstrel(std::vector<Bytes>{bytesFrom("01 00C000C0"), {}}, 480, 640, 20.0F, 1000.0F, 0xAABBCCDD),
@@ -30,8 +24,6 @@ TEST(GenericFileFormat, WritesDefectFiles)
         'IF01 48000000 'INDX 04000000 01000000
         'DSET 1C000000 05000000 FCFFFFFF 00000000 E0010000 80020000 00000000 00000000
         'TMP1 04000000 0000A041 'EXP1 04000000 00007A44 'PDA1 05000000 01 00C000C0)"));
-    EXPECT_EQ(CreateFileDpcOstrel(Bytes{9}, 1, 2, 3.0F, 4.0F, 5),
-              CreateFileDpcOstrel(std::vector<Bytes>{{9}}, 1, 2, 3.0F, 4.0F, 5));
     for (const auto& [gain, hex] :
          {std::pair(-1.0F, "00000000"), {0.00019F, "01000000"}, {1e6F, "FFFFFFFF"}, {NAN, "00000000"}})
     {

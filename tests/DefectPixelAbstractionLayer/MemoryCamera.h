@@ -1,12 +1,97 @@
 // A camera in memory for tests of adapters: features with values, files, and a log of all calls.
 #pragma once
 
-#include "MemoryFile.h"
-
 #include "CameraAbstraction.h"
+#include "Exception.h"
 
 #include <algorithm>
 #include <map>
+#include <optional>
+
+// What was asked of a camera in memory, in order, and which of it fails.
+struct CallLog
+{
+    std::vector<std::string> calls;
+    std::string refused;           // this call fails whenever it comes
+    std::size_t failAt = SIZE_MAX; // the call with this number fails
+
+    void note(const std::string& call)
+    {
+        calls.push_back(call);
+        require(call != refused && calls.size() - 1 != failAt, "Refused: " + call);
+    }
+    static void require(bool rule, const std::string& message)
+    {
+        rule ? void() : throw KTR::System::Exception(message, true);
+    }
+};
+
+class MemoryFile : public KTR::DPC::FileInterface
+{
+public:
+    MemoryFile(std::string fileName, std::uint64_t max, bool mayWrite, CallLog& callLog)
+        : name(std::move(fileName)),
+          sizeMax(max),
+          writable(mayWrite),
+          log(callLog)
+    {
+    }
+
+    std::string GetName() override { return name; }
+    bool IsOpen() override { return mode.has_value(); }
+    void Open(FileOpenMode openMode) override
+    {
+        note(openMode == FileOpenMode::Read ? "OpenRead" : "OpenWrite",
+             !mode && (openMode == FileOpenMode::Read || writable));
+        mode = openMode;
+    }
+    // Closes also when it is refused, as if the answer were lost.
+    void Close() override
+    {
+        const bool wasOpen = IsOpen();
+        mode.reset();
+        note("Close", wasOpen);
+    }
+    void Delete() override
+    {
+        note("Delete", !IsOpen() && writable);
+        content.clear();
+    }
+    void Read(std::vector<std::uint8_t>& data, std::uint64_t size) override
+    {
+        note("Read", mode == FileOpenMode::Read);
+        data = content;
+        data.resize(size == 0 || size > content.size() ? content.size() : size);
+    }
+    void Append(const std::vector<std::uint8_t>&) override { note("Append", false); } // no adapter does
+    void Write(const std::vector<std::uint8_t>& data) override
+    {
+        note("Write", mode == FileOpenMode::Write && data.size() <= sizeMax);
+        content = data;
+    }
+    std::uint64_t GetSize() override
+    {
+        note("GetSize", true);
+        return content.size();
+    }
+    std::uint64_t GetSizeMax() override { return sizeMax; }
+    bool IsWritable() override { return writable; }
+
+    std::vector<std::uint8_t> content;
+
+private:
+    void note(const char* call, bool allowed)
+    {
+        log.note(call + (" " + name));
+        CallLog::require(allowed, std::string(call) + " is not allowed now on the file " + name + ".");
+    }
+
+    std::string name;
+    std::uint64_t sizeMax;
+    bool writable;
+    std::optional<FileOpenMode> mode;
+    CallLog& log;
+};
 
 // Registers, memory and commands do nothing here: a family that has them derives from it.
 class MemoryCamera : public KTR::DPC::CameraAbstraction
@@ -21,6 +106,11 @@ public:
         std::string text; // strings and enumerations
         Names entries;
         std::string unavailable; // an entry that cannot be selected now
+
+        bool offers(const std::string& entry) const
+        {
+            return entry != unavailable && std::count(entries.begin(), entries.end(), entry) != 0;
+        }
     };
 
     bool IsOpen() override { return true; }
@@ -52,18 +142,14 @@ public:
     void SetFeatureEnumValue(const std::string& name, const std::string& entry) override
     {
         Feature& feature = at("Set " + name + "=" + entry, name);
-        const bool known = std::count(feature.entries.begin(), feature.entries.end(), entry) != 0;
-        CallLog::require(known && entry != feature.unavailable,
-                         "The feature " + name + " has no entry " + entry + " now.");
+        CallLog::require(feature.offers(entry), "The feature " + name + " has no entry " + entry + " now.");
         feature.text = entry;
     }
     std::string GetFeatureEnumValue(const std::string& name) override { return get(name).text; }
     Names GetFeatureEnumValues(const std::string& name) override { return at("List " + name, name).entries; }
     bool IsEnumEntryAvailable(const std::string& name, const std::string& entry) override
     {
-        const Feature& feature = at("Ask " + name, name);
-        const bool known = std::count(feature.entries.begin(), feature.entries.end(), entry) != 0;
-        return known && entry != feature.unavailable;
+        return at("Ask " + name, name).offers(entry);
     }
     void RunFeatureCommand(const std::string& name) override { log.note("Run " + name); }
     bool IsFeatureReadable(const std::string& name) override { return features.count(name) != 0; }

@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
+#include <thread>
 
 namespace ProviderTest
 {
@@ -108,6 +110,84 @@ bool IsWritable(const ZltApi::CameraPtr& camera, const char* name)
     bool writable = false;
     EXPECT_EQ(ZltErrorSuccess, FeatureOf(*camera, name)->IsWritable(writable)) << name;
     return writable;
+}
+
+std::uint32_t Permitted(const ZltApi::CameraPtr& camera)
+{
+    std::uint32_t access = 77;
+    EXPECT_EQ(ZltErrorSuccess, camera->GetPermittedAccess(access));
+    return access;
+}
+
+std::vector<ZltApi::CameraPtr> CamerasOf(ZltApi::Provider& provider)
+{
+    std::vector<ZltApi::CameraPtr> cameras;
+    EXPECT_EQ(ZltErrorSuccess, provider.GetCameras(cameras));
+    return cameras;
+}
+
+ZltErrorType Start(const ZltApi::CameraPtr& camera, const std::shared_ptr<FrameLog>& log, std::uint32_t buffers)
+{
+    return camera->StartContinuousImageAcquisition(buffers, log, ZltApi::FrameAllocationAnnounced);
+}
+
+bool BecomesTrue(const std::function<bool()>& condition)
+{
+    const auto end = std::chrono::steady_clock::now() + Patience;
+    while (!condition() && std::chrono::steady_clock::now() < end)
+    {
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+    return condition();
+}
+
+void CheckStream(const ZltApi::CameraPtr& camera, int rounds)
+{
+    ZltApi::FramePtr kept;
+    for (int i = 0; i < rounds; ++i)
+    {
+        std::atomic<bool> stopped{false};
+        std::atomic<bool> late{false};
+        const auto log = std::make_shared<FrameLog>(camera);
+        log->keep = i == 0 ? 1 : 0;
+        log->onFrame = [&](const ZltApi::FramePtr& frame)
+        {
+            late = late || stopped;
+            EXPECT_EQ(ZltErrorInvalidCall, camera->StopContinuousImageAcquisition()) << "from within a callback";
+            EXPECT_EQ(ZltErrorSuccess, camera->QueueFrame(frame));
+            EXPECT_EQ(ZltErrorInvalidCall, camera->QueueFrame(frame)) << "queued already";
+        };
+        EXPECT_EQ(ZltErrorBadParameter, Start(camera, log, 0));
+        EXPECT_EQ(ZltErrorBadParameter, Start(camera, nullptr));
+        ASSERT_EQ(ZltErrorSuccess, Start(camera, log));
+        EXPECT_TRUE(!kept || camera->QueueFrame(kept) == ZltErrorInvalidCall) << "of an earlier acquisition";
+        if (i % 3 == 0)
+        {
+            ASSERT_TRUE(log->WaitFor(2));
+            EXPECT_EQ(ZltErrorInvalidCall, Start(camera, log));
+            EXPECT_EQ(ZltErrorInvalidCall, camera->ReleaseAllFrames());
+        }
+        ASSERT_EQ(ZltErrorSuccess, camera->StopContinuousImageAcquisition());
+        stopped = true;
+        ASSERT_EQ(1, log.use_count()) << "the observer is forgotten";
+        ASSERT_EQ(ZltErrorSuccess, camera->ReleaseAllFrames());
+        EXPECT_FALSE(late);
+        kept = i == 0 ? log->Kept().at(0) : kept;
+    }
+    EXPECT_EQ(1, kept.use_count()) << "nobody else holds what was released";
+    unsigned char* image = nullptr;
+    ASSERT_EQ(ZltErrorSuccess, kept->GetImage(image));
+    image[0] = 1; // the memory is still there
+}
+
+void CheckLost(const ZltApi::CameraPtr& camera, const ZltApi::FeaturePtr& width, const std::shared_ptr<FrameLog>& log)
+{
+    EXPECT_EQ(1, log.use_count()) << "the stream has ended";
+    std::int64_t value = 0;
+    EXPECT_EQ(ZltErrorDeviceNotOpen, width->GetValue(value));
+    EXPECT_EQ(ZltErrorDeviceNotOpen, camera->StopContinuousImageAcquisition());
+    EXPECT_EQ(ZltErrorSuccess, camera->Close());
+    EXPECT_EQ(ZltErrorNotFound, camera->Open(ZltApi::AccessModeFull)) << "what has gone stays gone";
 }
 
 } // namespace ProviderTest

@@ -74,5 +74,15 @@ template <typename Value> ZltErrorType Set(const ZltApi::CameraPtr& camera, cons
 }
 ZltErrorType RunCommand(const ZltApi::CameraPtr& camera, const char* name);
 bool IsWritable(const ZltApi::CameraPtr& camera, const char* name);
+std::uint32_t Permitted(const ZltApi::CameraPtr& camera);
+std::vector<ZltApi::CameraPtr> CamerasOf(ZltApi::Provider& provider);
+ZltErrorType Start(const ZltApi::CameraPtr& camera, const std::shared_ptr<FrameLog>& log, std::uint32_t buffers = 3);
+// Whether it is true within seconds.
+bool BecomesTrue(const std::function<bool()>& condition);
+
+// The rules of a stream, on an open camera that is started and stopped so many times.
+void CheckStream(const ZltApi::CameraPtr& camera, int rounds);
+// What a host finds that had the camera open and started when it went.
+void CheckLost(const ZltApi::CameraPtr& camera, const ZltApi::FeaturePtr& width, const std::shared_ptr<FrameLog>& log);
 
 } // namespace ProviderTest

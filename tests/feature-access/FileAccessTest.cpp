@@ -62,20 +62,17 @@ TEST(FileAccess, ListsTheAvailableFilesAsLongAsTheirNamesAreSound)
     EXPECT_EQ(access.GetFile("B")->GetName(), "B") << "availability does not count for a file by name";
     EXPECT_FALSE(access.GetFile("D"));
     EXPECT_FALSE(access.GetFile(""));
-    const struct
+    // The call, its number that fails when files are listed and when one is picked, and the text.
+    const std::tuple<const char*, unsigned, unsigned, std::string> failures[] = {
+        {"Entries FileSelector", 1, 1, "Could not get file name entries. (Error code: -13)"},
+        {"EntryName", 3, 3, "Could not get file entry name. (Error code: -13)"},
+        {"Available FileSelector", 3, 1, "Could not get file entry availability. (Error code: -13)"}};
+    for (const auto& [call, listing, picking, text] : failures)
     {
-        const char* call;
-        unsigned listing, picking; // the number of the call that fails
-        const char* text;
-    } failures[] = {{"Entries FileSelector", 1, 1, "Could not get file name entries. (Error code: -13)"},
-                    {"EntryName", 3, 3, "Could not get file entry name. (Error code: -13)"},
-                    {"Available FileSelector", 3, 1, "Could not get file entry availability. (Error code: -13)"}};
-    for (const auto& row : failures)
-    {
-        camera->Fail(row.call, row.listing);
-        EXPECT_EQ(FailureOf(list), row.text);
-        camera->Fail(row.call, row.picking);
-        EXPECT_EQ(FailureOf(pick), row.text);
+        camera->Fail(call, listing);
+        EXPECT_EQ(FailureOf(list), text);
+        camera->Fail(call, picking);
+        EXPECT_EQ(FailureOf(pick), text);
     }
     entries[0]->name = "C";
     EXPECT_EQ(FailureOf(list), "Duplicate file names found.");

@@ -179,12 +179,7 @@ TEST_F(FileTransfer, FailsBeforeItMovesAnything)
 {
     unsigned long size = 3;
     unsigned char byte = 0;
-    const struct
-    {
-        std::string failing;
-        std::function<void()> call;
-        std::string text;
-    } cases[] = {
+    const std::tuple<std::string, std::function<void()>, std::string> cases[] = {
         {"", [&] { file->Write(nullptr, 1, {}); }, "No data passed."},
         {"", [&] { file->Append(nullptr, 1, {}); }, "No data passed."},
         {"", [&] { file->Read(&byte, nullptr, {}); }, "No size passed."},
@@ -198,10 +193,10 @@ TEST_F(FileTransfer, FailsBeforeItMovesAnything)
         {"", [&] { file->Open("Write"); }, "Unsuccessful file operation execution  for file \"A\" (Status: Failure)."},
     };
     content = counting(5);
-    for (const auto& row : cases)
+    for (const auto& [failing, call, text] : cases)
     {
-        camera->Fail(row.failing);
-        EXPECT_EQ(FailureOf(row.call), row.text);
+        camera->Fail(failing);
+        EXPECT_EQ(FailureOf(call), text);
         EXPECT_EQ(content, counting(5));
     }
     tamper("Get FileSize", 1, std::int64_t{-1});

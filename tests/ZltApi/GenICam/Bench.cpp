@@ -19,11 +19,9 @@ Bench::Bench(std::unique_ptr<FakeCamera> camera) : fake(std::move(camera))
 
 ZltApi::CameraPtr Bench::Camera()
 {
-    std::vector<ZltApi::CameraPtr> cameras;
-    EXPECT_EQ(ZltErrorSuccess, provider.GetCameras(cameras));
-    for (const ZltApi::CameraPtr& camera : cameras)
+    std::string id;
+    for (const ZltApi::CameraPtr& camera : CamerasOf(provider))
     {
-        std::string id;
         if (camera->GetID(id) == ZltErrorSuccess && id == FakeId)
         {
             return camera;
@@ -35,11 +33,10 @@ ZltApi::CameraPtr Bench::Camera()
 ZltApi::CameraPtr Bench::Opened()
 {
     ZltApi::CameraPtr camera = Camera();
-    if (!camera)
+    if (!camera || camera->Open(ZltApi::AccessModeFull) != ZltErrorSuccess)
     {
-        throw std::runtime_error("No camera was found.");
+        throw std::runtime_error("No camera was found, or it does not open.");
     }
-    EXPECT_EQ(ZltErrorSuccess, camera->Open(ZltApi::AccessModeFull));
     return camera;
 }
 
@@ -50,18 +47,6 @@ ZltApi::CameraPtr Bench::Small()
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "Height", std::int64_t{48}));
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "AcquisitionFramePeriod", std::int64_t{2000}));
     return camera;
-}
-
-std::uint32_t Permitted(const ZltApi::CameraPtr& camera)
-{
-    std::uint32_t access = 77;
-    EXPECT_EQ(ZltErrorSuccess, camera->GetPermittedAccess(access));
-    return access;
-}
-
-ZltErrorType Start(const ZltApi::CameraPtr& camera, const std::shared_ptr<FrameLog>& log, std::uint32_t buffers)
-{
-    return camera->StartContinuousImageAcquisition(buffers, log, ZltApi::FrameAllocationAnnounced);
 }
 
 } // namespace GenICam

@@ -32,7 +32,4 @@ struct Bench
     std::unique_ptr<FakeCamera> fake;
 };
 
-std::uint32_t Permitted(const ZltApi::CameraPtr& camera);
-ZltErrorType Start(const ZltApi::CameraPtr& camera, const std::shared_ptr<FrameLog>& log, std::uint32_t buffers = 3);
-
 } // namespace GenICam

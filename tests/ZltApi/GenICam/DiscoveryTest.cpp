@@ -27,26 +27,23 @@ TEST(GenICamDiscovery, AnswersOfTheControlPort)
     const int socket = ::socket(AF_INET, SOCK_DGRAM, 0);
     ASSERT_EQ(0, ::bind(socket, reinterpret_cast<const sockaddr*>(&own), sizeof(own)));
     // Status, command, length, request, then the payload. A request of 0 stands for the one that came.
-    const struct
-    {
-        Bytes answer;
-        ControlState state;
-    } rows[] = {{{0, 0, 0, 0x81, 0, 4, 0, 0, 0, 0, 0, 0}, ControlState::Free},
-                {{0, 0, 0, 0x81, 0, 4, 0, 0, 0, 0, 0, 1}, ControlState::Held},
-                {{0, 0, 0, 0x81, 0, 4, 0, 0, 0, 0, 0, 2}, ControlState::Held},
-                {{0x80, 6, 0, 0x81, 0, 0, 0, 0}, ControlState::Held},                   // not even to be read
-                {{0x80, 1, 0, 0x81, 0, 4, 0, 0, 0, 0, 0, 2}, ControlState::Unknown},    // does not know the register
-                {{0, 0, 0, 0x81, 0, 4, 0, 0, 0, 0}, ControlState::Unknown},             // cut off
-                {{0, 0, 0, 0x81, 0xFF, 0xFF, 0, 0, 0, 0, 0, 2}, ControlState::Held},    // says it is longer
-                {{0, 0, 0, 0x81, 0, 4, 0x55, 0x55, 0, 0, 0, 2}, ControlState::Unknown}, // to another request
-                {{0, 0, 0, 0x85, 0, 4, 0, 0, 0, 0, 0, 2}, ControlState::Unknown},       // to another command
-                {{0, 0}, ControlState::Unknown},
-                {{}, ControlState::Unknown}};
-    for (const auto& row : rows)
+    const std::pair<Bytes, ControlState> rows[] = {
+        {{0, 0, 0, 0x81, 0, 4, 0, 0, 0, 0, 0, 0}, ControlState::Free},
+        {{0, 0, 0, 0x81, 0, 4, 0, 0, 0, 0, 0, 1}, ControlState::Held},
+        {{0, 0, 0, 0x81, 0, 4, 0, 0, 0, 0, 0, 2}, ControlState::Held},
+        {{0x80, 6, 0, 0x81, 0, 0, 0, 0}, ControlState::Held},                   // not even to be read
+        {{0x80, 1, 0, 0x81, 0, 4, 0, 0, 0, 0, 0, 2}, ControlState::Unknown},    // does not know the register
+        {{0, 0, 0, 0x81, 0, 4, 0, 0, 0, 0}, ControlState::Unknown},             // cut off
+        {{0, 0, 0, 0x81, 0xFF, 0xFF, 0, 0, 0, 0, 0, 2}, ControlState::Held},    // says it is longer
+        {{0, 0, 0, 0x81, 0, 4, 0x55, 0x55, 0, 0, 0, 2}, ControlState::Unknown}, // to another request
+        {{0, 0, 0, 0x85, 0, 4, 0, 0, 0, 0, 0, 2}, ControlState::Unknown},       // to another command
+        {{0, 0}, ControlState::Unknown},
+        {{}, ControlState::Unknown}};
+    for (const auto& [sent, state] : rows)
     {
         std::atomic<bool> finished{false};
         std::thread camera(
-            [&]
+            [&, &sent = sent]
             {
                 unsigned char request[64];
                 sockaddr_in host{};
@@ -59,7 +56,7 @@ TEST(GenICamDiscovery, AnswersOfTheControlPort)
                         std::this_thread::sleep_for(std::chrono::milliseconds(1));
                         continue;
                     }
-                    Bytes answer = row.answer;
+                    Bytes answer = sent;
                     if (answer.size() >= 8 && answer[6] == 0)
                     {
                         std::copy_n(request + 6, 2, answer.begin() + 6);
@@ -67,7 +64,7 @@ TEST(GenICamDiscovery, AnswersOfTheControlPort)
                     ::sendto(socket, answer.data(), answer.size(), 0, reinterpret_cast<const sockaddr*>(&host), size);
                 }
             });
-        EXPECT_EQ(row.state, ControlPort(Address).ReadControlState()) << testing::PrintToString(row.answer);
+        EXPECT_EQ(state, ControlPort(Address).ReadControlState()) << testing::PrintToString(sent);
         finished = true;
         camera.join();
     }

@@ -69,54 +69,45 @@ TEST(GenICamFeature, ValuesRangesAndRefusals)
     using Integer = std::int64_t;
     EXPECT_EQ("Bench Family", Get<std::string>(camera, "DeviceFamilyName"));
     EXPECT_EQ(2048, Get<Integer>(camera, "SensorWidth"));
-    const struct
+    const std::tuple<const char*, Integer, ZltErrorType> integers[] = {
+        {"Width", 64, ZltErrorSuccess},           {"Width", 2048, ZltErrorSuccess},
+        {"Width", 2052, ZltErrorInvalidValue},    {"Width", 12, ZltErrorInvalidValue},
+        {"Width", 66, ZltErrorInvalidValue},      {"SensorWidth", 64, ZltErrorInvalidAccess},
+        {"Sharpness", 1, ZltErrorInvalidAccess},  {"ExposureTimeAbs", 100, ZltErrorWrongType},
+        {"DeviceUserID", 1, ZltErrorWrongType},   {"PixelFormat", 0x01080009, ZltErrorSuccess},
+        {"PixelFormat", 1, ZltErrorInvalidValue}, {"PixelFormat", 0x01100005, ZltErrorInvalidValue},
+        {"GainRaw", 7, ZltErrorSuccess},          {"Sharpness", 9, ZltErrorSuccess}};
+    for (const auto& [feature, value, result] : integers)
     {
-        const char* feature;
-        Integer value;
-        ZltErrorType result;
-    } integers[] = {{"Width", 64, ZltErrorSuccess},           {"Width", 2048, ZltErrorSuccess},
-                    {"Width", 2052, ZltErrorInvalidValue},    {"Width", 12, ZltErrorInvalidValue},
-                    {"Width", 66, ZltErrorInvalidValue},      {"SensorWidth", 64, ZltErrorInvalidAccess},
-                    {"Sharpness", 1, ZltErrorInvalidAccess},  {"ExposureTimeAbs", 100, ZltErrorWrongType},
-                    {"DeviceUserID", 1, ZltErrorWrongType},   {"PixelFormat", 0x01080009, ZltErrorSuccess},
-                    {"PixelFormat", 1, ZltErrorInvalidValue}, {"PixelFormat", 0x01100005, ZltErrorInvalidValue},
-                    {"GainRaw", 7, ZltErrorSuccess},          {"Sharpness", 9, ZltErrorSuccess}};
-    for (const auto& row : integers)
-    {
-        EXPECT_EQ(row.result, Set(camera, row.feature, row.value)) << row.feature << ' ' << row.value;
-        EXPECT_TRUE(row.result != ZltErrorSuccess || row.value == Get<Integer>(camera, row.feature)) << row.feature;
+        EXPECT_EQ(result, Set(camera, feature, value)) << feature << ' ' << value;
+        EXPECT_TRUE(result != ZltErrorSuccess || value == Get<Integer>(camera, feature)) << feature;
     }
-    const struct
+    const std::tuple<double, ZltErrorType, double> floats[] = {{5000, ZltErrorSuccess, 5000},
+                                                               {7004, ZltErrorSuccess, 7000},
+                                                               {100000, ZltErrorSuccess, 100000},
+                                                               {100001, ZltErrorInvalidValue, 100000},
+                                                               {std::nan(""), ZltErrorInvalidValue, 100000}};
+    for (const auto& [value, result, read] : floats)
     {
-        double value;
-        ZltErrorType result;
-        double read;
-    } floats[] = {{5000, ZltErrorSuccess, 5000},
-                  {7004, ZltErrorSuccess, 7000},
-                  {100000, ZltErrorSuccess, 100000},
-                  {100001, ZltErrorInvalidValue, 100000},
-                  {std::nan(""), ZltErrorInvalidValue, 100000}};
-    for (const auto& row : floats)
-    {
-        EXPECT_EQ(row.result, Set(camera, "ExposureTimeAbs", row.value)) << row.value;
-        EXPECT_EQ(row.read, Get<double>(camera, "ExposureTimeAbs")) << row.value;
+        EXPECT_EQ(result, Set(camera, "ExposureTimeAbs", value)) << value;
+        EXPECT_EQ(read, Get<double>(camera, "ExposureTimeAbs")) << value;
     }
-    Integer low = 0;
-    Integer high = 0;
-    Integer step = 0;
-    double least = 0;
-    double most = 0;
-    const ZltApi::FeaturePtr width = FeatureOf(*camera, "Width");
-    EXPECT_EQ(ZltErrorSuccess, width->GetRange(low, high));
-    EXPECT_EQ(ZltErrorSuccess, width->GetIncrement(step));
-    EXPECT_EQ(std::tuple(16, 2048, 4), std::tuple(low, high, step));
-    EXPECT_EQ(ZltErrorWrongType, width->GetRange(least, most));
-    EXPECT_EQ(ZltErrorSuccess, FeatureOf(*camera, "PayloadSize")->GetRange(low, high)) << "a formula without limits";
-    EXPECT_EQ(ZltErrorSuccess, FeatureOf(*camera, "ExposureTimeAbs")->GetRange(least, most));
-    EXPECT_EQ(std::pair(10.0, 100000.0), std::pair(least, most));
-    EXPECT_EQ(ZltErrorSuccess, FeatureOf(*camera, "ExposureTimeAbs")->GetIncrement(least));
-    EXPECT_EQ(10.0, least);
-    EXPECT_EQ(ZltErrorNotSupported, FeatureOf(*camera, "DefectThreshold")->GetIncrement(least));
+    // Least, most and step, and what the two calls say.
+    const auto range = [&](const char* name, auto low)
+    {
+        auto high = low;
+        auto step = low;
+        const ZltApi::FeaturePtr feature = FeatureOf(*camera, name);
+        const ZltErrorType result = feature->GetRange(low, high);
+        const ZltErrorType stepped = feature->GetIncrement(step);
+        return std::tuple(result, low, high, stepped, step);
+    };
+    constexpr ZltErrorType Good = ZltErrorSuccess;
+    EXPECT_EQ(std::tuple(Good, 16, 2048, Good, 4), range("Width", Integer{}));
+    EXPECT_EQ(ZltErrorWrongType, std::get<0>(range("Width", 0.0)));
+    EXPECT_EQ(Good, std::get<0>(range("PayloadSize", Integer{}))) << "a formula without limits";
+    EXPECT_EQ(std::tuple(Good, 10.0, 100000.0, Good, 10.0), range("ExposureTimeAbs", 0.0));
+    EXPECT_EQ(ZltErrorNotSupported, std::get<3>(range("DefectThreshold", 0.0)));
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "DefectThreshold", -0.1));
     EXPECT_EQ(-0.1, Get<double>(camera, "DefectThreshold"));
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "DefectMaskEnable", true));

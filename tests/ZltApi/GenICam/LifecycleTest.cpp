@@ -65,9 +65,8 @@ TEST(GenICamLifecycle, NoNetwork)
     GenICamProvider provider;
     ASSERT_EQ(ZltErrorSuccess, provider.Startup(events));
     EXPECT_EQ(ZltErrorInvalidCall, provider.Startup(events));
-    std::vector<ZltApi::CameraPtr> cameras;
+    std::vector<ZltApi::CameraPtr> cameras = CamerasOf(provider);
     std::vector<ZltApi::InterfacePtr> interfaces;
-    EXPECT_EQ(ZltErrorSuccess, provider.GetCameras(cameras));
     EXPECT_EQ(ZltErrorSuccess, provider.GetInterfaces(interfaces));
     EXPECT_TRUE(!g_hasOwnNetwork || (cameras.empty() && interfaces.size() == 1)) << "nothing but USB";
     provider.Shutdown();
@@ -98,7 +97,7 @@ TEST(GenICamLifecycle, KilledInTheMiddleOfAStream)
 {
     Bench bench;
     const ZltApi::CameraPtr camera = bench.Small();
-    const ZltApi::FeaturePtr feature = FeatureOf(*camera, "GainRaw");
+    const ZltApi::FeaturePtr width = FeatureOf(*camera, "Width");
     const auto log = std::make_shared<FrameLog>(camera);
     ASSERT_EQ(ZltErrorSuccess, Start(camera, log));
     ASSERT_TRUE(log->WaitFor(10));
@@ -106,14 +105,9 @@ TEST(GenICamLifecycle, KilledInTheMiddleOfAStream)
     const auto begin = std::chrono::steady_clock::now();
     ASSERT_EQ(camera, bench.events.Next(ZltApi::UpdateTriggerUnplugged));
     EXPECT_GT(std::chrono::seconds(8), std::chrono::steady_clock::now() - begin) << "Aravis needs six to notice";
-    EXPECT_EQ(1, log.use_count()) << "the stream has ended";
     EXPECT_FALSE(bench.Camera());
     EXPECT_EQ(0U, Permitted(camera));
-    std::int64_t gain = 0;
-    EXPECT_EQ(ZltErrorDeviceNotOpen, feature->GetValue(gain));
-    EXPECT_EQ(ZltErrorDeviceNotOpen, camera->StopContinuousImageAcquisition());
-    EXPECT_EQ(ZltErrorSuccess, camera->Close());
-    EXPECT_EQ(ZltErrorNotFound, camera->Open(ZltApi::AccessModeFull));
+    CheckLost(camera, width, log);
     bench.fake = std::make_unique<FakeCamera>();
     const ZltApi::CameraPtr back = bench.events.Next(ZltApi::UpdateTriggerPluggedIn);
     ASSERT_TRUE(back);

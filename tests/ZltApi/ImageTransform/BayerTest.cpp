@@ -12,46 +12,30 @@ namespace
 // The colours of the four pixels of which each mosaic repeats, row by row.
 constexpr const char* Tiles[] = {"GRBG", "RGGB", "GBRG", "BGGR"};
 
-// Nibbles: 3 bytes for 2 pixels.
-enum class Packing
-{
-    Words,
-    Nibbles,
-    Bits
-};
-
 constexpr struct Depth
 {
     const char* Suffix;
-    unsigned Bits;
-    Packing Form;
-} Depths[] = {{"8", 8, Packing::Bits},
-              {"10", 10, Packing::Words},
-              {"12", 12, Packing::Words},
-              {"16", 16, Packing::Words},
-              {"10p", 10, Packing::Bits},
-              {"10Packed", 10, Packing::Nibbles},
-              {"12Packed", 12, Packing::Nibbles},
-              {"12p", 12, Packing::Bits}};
+    unsigned Bits, Stored;   // of a pixel, and from pixel to pixel
+    bool HasNibbles = false; // 3 bytes for 2 pixels, the low nibbles in the middle one
+} Depths[] = {{"8", 8, 8},
+              {"10", 10, 16},
+              {"12", 12, 16},
+              {"16", 16, 16},
+              {"10p", 10, 10},
+              {"10Packed", 10, 12, true},
+              {"12Packed", 12, 12, true},
+              {"12p", 12, 12}};
 
 // Puts each bit of the mosaic's bytes, and random low bits below them, where the packing has it.
 Bytes Pack(const Depth& depth, const Bytes& mosaic, std::mt19937& random)
 {
     const unsigned low = depth.Bits - 8;
-    const auto position = [&](std::size_t pixel, unsigned bit) -> std::size_t
+    const auto position = [&](std::size_t pixel, unsigned bit)
     {
-        switch (depth.Form)
-        {
-        case Packing::Words:
-            return pixel * 16 + bit;
-        case Packing::Nibbles:
-            return pixel / 2 * 24 + (bit < low ? 8 + pixel % 2 * 4 + bit : pixel % 2 * 16 + bit - low);
-        default:
-            return pixel * depth.Bits + bit;
-        }
+        const std::size_t inPair = bit < low ? 8 + pixel % 2 * 4 + bit : pixel % 2 * 16 + bit - low;
+        return depth.HasNibbles ? pixel / 2 * 24 + inPair : pixel * depth.Stored + bit;
     };
-    const unsigned stored = depth.Form == Packing::Words ? 16 : depth.Form == Packing::Nibbles ? 12 : depth.Bits;
-    Bytes packed((mosaic.size() * stored + 7) / 8);
+    Bytes packed((mosaic.size() * depth.Stored + 7) / 8);
     for (std::size_t pixel = 0; pixel < mosaic.size(); ++pixel)
     {
         const auto value = static_cast<unsigned>(mosaic[pixel] << low | static_cast<int>(random() % (1U << low)));

@@ -5,17 +5,12 @@
 #include <cstring>
 #include <functional>
 #include <limits>
+#include <tuple>
 
 TEST(ImageCheck, DescribesFormats)
 {
-    const struct
-    {
-        const char* Name;
-        std::uint32_t Format;
-        Size Pixels;
-        std::uint64_t BytesPerLine, BufferSize;
-        std::uint32_t Bits;
-    } cases[] = {
+    // Name, number, size, then bytes a line, bytes, and bits a pixel.
+    const std::tuple<const char*, std::uint32_t, Size, std::uint64_t, std::uint64_t, std::uint32_t> cases[] = {
         {"Mono8", 0x01080001, {1936, 1216}, 1936, 2354176, 8},
         {"Mono14", 0x01100025, {3, 2}, 6, 12, 16},
         {"Mono10p", 0x010A0046, {3, 3}, 4, 12, 10},
@@ -25,41 +20,43 @@ TEST(ImageCheck, DescribesFormats)
         {"BGRA32", 0x02200017, {5, 2}, 20, 40, 32},
         {"Mono8", 0x01080001, {0x80000000U, 1}, 0x80000000U, 0x80000000U, 8},
     };
-    for (const auto& row : cases)
+    for (const auto& [name, format, size, bytesPerLine, bytes, bits] : cases)
     {
-        const ZltImage image = Describe(row.Name, row.Pixels);
+        const ZltImage image = Describe(name, size);
         ZltImage same{};
         same.Size = sizeof same;
-        EXPECT_EQ(ZltSetImageInfoFromPixelFormat(row.Format, row.Pixels.Width, row.Pixels.Height, &same), 0);
-        EXPECT_EQ(std::memcmp(&image, &same, sizeof same), 0) << row.Name;
-        EXPECT_EQ(image.BytesPerLine, row.BytesPerLine) << row.Name;
-        EXPECT_EQ(image.BufferSize, row.BufferSize) << row.Name;
-        EXPECT_EQ(image.BitsPerPixel, row.Bits) << row.Name;
+        EXPECT_EQ(ZltSetImageInfoFromPixelFormat(format, size.Width, size.Height, &same), 0);
+        EXPECT_EQ(std::memcmp(&image, &same, sizeof same), 0) << name;
+        EXPECT_EQ(std::tuple(image.BytesPerLine, image.BufferSize, image.BitsPerPixel),
+                  std::tuple(bytesPerLine, bytes, bits))
+            << name;
     }
 }
 
 TEST(ImageCheck, RefusesDescriptions)
 {
-    const auto set = [](const char* name, std::uint32_t width, std::uint32_t height, std::uint32_t size = 56)
-    {
-        ZltImage image{};
-        image.Size = size;
-        const ZltErrorType result = ZltSetImageInfoFromString(name, width, height, &image);
-        EXPECT_EQ(image.BufferSize, 0U);
-        return result;
+    const std::tuple<const char*, std::uint32_t, std::uint32_t, ZltErrorType> cases[] = {
+        {"Mono8", 0, 1, ZltErrorBadParameter},
+        {"Mono8", 1, 0, ZltErrorBadParameter},
+        {nullptr, 1, 1, ZltErrorBadParameter},
+        {"", 1, 1, ZltErrorNotSupported},
+        {"mono8", 1, 1, ZltErrorNotSupported},
+        {"YUV422_8", 3, 1, ZltErrorInvalidValue},
+        {"Mono8", 0x80000000, 0x80000000, ZltErrorInvalidValue}, // 2^65 bits
+        {"Mono16", 0x40000001, 1, ZltErrorInvalidValue},
+        {"BGRA32", 0x10000, 0x10000, ZltErrorInvalidValue}, // 2^34 bytes, none of them in the low 32 bits
     };
-    EXPECT_EQ(set("Mono8", 0, 1), ZltErrorBadParameter);
-    EXPECT_EQ(set("Mono8", 1, 0), ZltErrorBadParameter);
-    EXPECT_EQ(set("Mono8", 1, 1, 48), ZltErrorBadParameter);
-    EXPECT_EQ(set(nullptr, 1, 1), ZltErrorBadParameter);
+    ZltImage image{};
+    image.Size = sizeof image - 8;
+    EXPECT_EQ(ZltSetImageInfoFromString("Mono8", 1, 1, &image), ZltErrorBadParameter);
+    image.Size = sizeof image;
+    for (const auto& [name, width, height, expected] : cases)
+    {
+        EXPECT_EQ(ZltSetImageInfoFromString(name, width, height, &image), expected);
+        EXPECT_EQ(image.BufferSize, 0U);
+    }
     EXPECT_EQ(ZltSetImageInfoFromString("Mono8", 1, 1, nullptr), ZltErrorBadParameter);
     EXPECT_EQ(ZltSetImageInfoFromPixelFormat(ZltPixelFormatMono8, 1, 1, nullptr), ZltErrorBadParameter);
-    EXPECT_EQ(set("", 1, 1), ZltErrorNotSupported);
-    EXPECT_EQ(set("mono8", 1, 1), ZltErrorNotSupported);
-    EXPECT_EQ(set("YUV422_8", 3, 1), ZltErrorInvalidValue);
-    EXPECT_EQ(set("Mono8", 0x80000000, 0x80000000), ZltErrorInvalidValue); // 2^65 bits
-    EXPECT_EQ(set("Mono16", 0x40000001, 1), ZltErrorInvalidValue);
-    EXPECT_EQ(set("BGRA32", 0x10000, 0x10000), ZltErrorInvalidValue); // 2^34 bytes, none of them in the low 32 bits
 }
 
 TEST(ImageCheck, RefusesTransforms)

@@ -3,6 +3,7 @@
 
 #include "Firmware/Ostrel/OstrelFile.h"
 #include "Firmware/RivoU/RivoUFile.h"
+#include "Firmware/TamorinPro/TamorinProFile.h"
 
 #include <gtest/gtest.h>
 
@@ -15,40 +16,35 @@ namespace
 constexpr std::uint32_t Width = 64;
 constexpr std::uint32_t Height = 48;
 constexpr SensorSize Size{Width, Height};
-constexpr Mirroring AllMirrorings[] = {{false, false}, {true, false}, {false, true}, {true, true}};
 
 using Positions = std::vector<PixelPosition>;
 
-// The sensor of the test rig's camera.
+// The hot pixels of the test rig's camera.
 Positions Hot()
 {
-    SensorConfig config;
-    config.width = Width;
-    config.height = Height;
-    config.seed = 3;
-    const Sensor sensor(config);
     Positions positions;
-    for (const PixelFault& fault : sensor.Faults())
+    for (const PixelFault& fault : SeedFaults(Width, Height, 3))
     {
-        if (fault.kind == FaultKind::Hot)
-        {
-            positions.push_back({fault.x, fault.y});
-        }
+        fault.kind == FaultKind::Hot ? positions.push_back({fault.x, fault.y}) : void();
     }
     return positions;
 }
 
-// How many of these sensor pixels stand out from a dark frame.
-std::size_t Visible(const Bytes& image, const Positions& pixels, Mirroring mirroring = {})
+// How many pixels stand out from a dark frame.
+std::size_t Bright(const ZltApi::CameraPtr& camera)
 {
-    std::size_t count = 0;
-    for (const PixelPosition& pixel : pixels)
+    return BrightPixels(GrabDark(camera)).size();
+}
+
+// With the image turned in each way.
+void ExpectClean(const ZltApi::CameraPtr& camera)
+{
+    for (const Mirroring mirroring : {Mirroring{false, false}, {true, false}, {false, true}, {true, true}})
     {
-        const std::uint32_t x = mirroring.x ? Width - 1 - pixel.x : pixel.x;
-        const std::uint32_t y = mirroring.y ? Height - 1 - pixel.y : pixel.y;
-        count += image.at(y * Width + x) > 40 ? 1 : 0;
+        EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseX", mirroring.x));
+        EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseY", mirroring.y));
+        EXPECT_EQ(0U, Bright(camera)) << mirroring.x << mirroring.y;
     }
-    return count;
 }
 
 } // namespace
@@ -62,12 +58,12 @@ TEST(Correction, WrittenSetWorksAfterRestartOnly)
     EXPECT_EQ("Preset", Get<std::string>(camera, "CorrectionSet"));
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "CorrectionMode", "Off"));
     const Bytes raw = GrabDark(camera);
-    EXPECT_EQ(hot.size(), Visible(raw, hot));
+    EXPECT_EQ(hot.size(), BrightPixels(raw).size());
 
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "CorrectionMode", "On"));
     const Bytes factory = GrabDark(camera);
-    EXPECT_GT(Visible(factory, hot), hot.size() / 4) << "the factory knows some";
-    EXPECT_LT(Visible(factory, hot), hot.size() * 3 / 4);
+    EXPECT_GT(BrightPixels(factory).size(), hot.size() / 4) << "the factory knows some";
+    EXPECT_LT(BrightPixels(factory).size(), hot.size() * 3 / 4);
 
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSet", "User"));
     ASSERT_EQ("Success", WriteFile(camera, EncodeOstrelFile(hot, Size, true, true)));
@@ -78,23 +74,13 @@ TEST(Correction, WrittenSetWorksAfterRestartOnly)
     EXPECT_EQ(factory, GrabDark(camera));
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSet", "User"));
     const Bytes clean = GrabDark(camera);
-    EXPECT_EQ(0U, Visible(clean, hot));
+    EXPECT_EQ(0U, BrightPixels(clean).size());
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSetDefault", "User"));
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "CorrectionMode", "Off"));
     camera = rig.Restarted(camera);
     EXPECT_EQ("User", Get<std::string>(camera, "CorrectionSet"));
     EXPECT_EQ(clean, GrabDark(camera)) << "a restart switches the correction on";
-    for (const Mirroring mirroring : AllMirrorings)
-    {
-        EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseX", mirroring.x));
-        EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseY", mirroring.y));
-        for (const char* const mode : {"Off", "On"})
-        {
-            EXPECT_EQ(ZltErrorSuccess, Set(camera, "CorrectionMode", mode));
-            EXPECT_EQ(std::string(mode) == "On" ? 0 : hot.size(), Visible(GrabDark(camera), hot, mirroring))
-                << mode << mirroring.x << mirroring.y;
-        }
-    }
+    ExpectClean(camera);
 }
 
 TEST(Correction, ARivoUTakesItsSetsAtOnce)
@@ -106,28 +92,19 @@ TEST(Correction, ARivoUTakesItsSetsAtOnce)
     const Bytes factory = GrabDark(camera);
     EXPECT_EQ(ZltErrorInvalidAccess, Set(camera, "CorrectionSetSelector", "User")) << "another correction is selected";
     ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSelector", "DefectPixelCorrection"));
-    EXPECT_EQ("FileProtected", Execute(camera, file, "Delete")) << "the factory's";
-
     ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSetSelector", "User"));
-    EXPECT_EQ("Off", Get<std::string>(camera, "CorrectionMode")) << "of this set";
     EXPECT_EQ(factory, GrabDark(camera)) << "selecting is not applying";
     ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionMode", "On"));
-    EXPECT_EQ(hot.size(), Visible(GrabDark(camera), hot));
     ASSERT_EQ("Success", WriteFile(camera, EncodeRivoUFile(hot, Size, {true, true}), file));
-    for (const Mirroring mirroring : AllMirrorings)
-    {
-        EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseX", mirroring.x));
-        EXPECT_EQ(ZltErrorSuccess, Set(camera, "ReverseY", mirroring.y));
-        EXPECT_EQ(0U, Visible(GrabDark(camera), hot, mirroring)) << mirroring.x << mirroring.y;
-    }
+    ExpectClean(camera);
     rig.StartAgain(); // another program finds it so
     camera = rig.Opened();
     ASSERT_EQ("Success", OpenFile(camera, file, "Write"));
-    EXPECT_EQ(0U, Visible(GrabDark(camera), hot, {true, true}));
+    EXPECT_EQ(0U, Bright(camera));
     ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSelector", "DefectPixelCorrection"));
     ASSERT_EQ(ZltErrorSuccess, Set(camera, "CorrectionSetSelector", "Factory"));
     EXPECT_EQ("Success", Execute(camera, file, "Close"));
-    EXPECT_EQ(hot.size(), Visible(GrabDark(camera), hot, {true, true})) << "emptied: the set of the opening";
+    EXPECT_EQ(hot.size(), Bright(camera)) << "emptied: the set of the opening";
     EXPECT_EQ(factory, GrabDark(rig.Restarted(camera)));
 }
 
@@ -135,15 +112,15 @@ TEST(Correction, ATableInMemoryWorksAtOnceAndLasts)
 {
     TestRig rig(R"({"model": "Dreli G-1310", "firmware": "column-mask"})");
     auto camera = rig.Opened();
-    const Positions one = {Hot().front()};
-    const auto x = static_cast<unsigned char>(one[0].x), y = static_cast<unsigned char>(one[0].y);
-    ASSERT_EQ(1U, Visible(GrabDark(camera), one));
+    const Positions hot = Hot();
+    const auto x = static_cast<unsigned char>(hot[0].x), y = static_cast<unsigned char>(hot[0].y);
+    ASSERT_EQ(hot.size(), Bright(camera));
     ASSERT_EQ(ZltErrorSuccess, camera->WriteMemory(0x19108, {0, x, 0, y, 0, y}));
-    EXPECT_EQ(0U, Visible(GrabDark(camera), one));
+    EXPECT_EQ(hot.size() - 1, Bright(camera));
     camera = rig.Restarted(camera);
-    EXPECT_EQ(0U, Visible(GrabDark(camera), one));
+    EXPECT_EQ(hot.size() - 1, Bright(camera));
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "DefectMaskColumnEnable", false));
-    EXPECT_EQ(1U, Visible(GrabDark(camera), one));
+    EXPECT_EQ(hot.size(), Bright(camera));
 }
 
 TEST(Correction, PowerLastsBetweenPrograms)
@@ -174,6 +151,45 @@ TEST(Correction, PowerLastsBetweenPrograms)
     camera = rig.Opened();
     EXPECT_EQ("Preset", Get<std::string>(camera, "CorrectionSet"));
     EXPECT_EQ("Mono8", Get<std::string>(camera, "PixelFormat"));
+}
+
+TEST(Correction, ATamorinProAppliesTheDatasetThatIsChosen)
+{
+    TestRig rig(R"({"firmware": "tamorin-pro", "reverseX": false, "darkCurrent": 1.5})");
+    auto camera = rig.Opened();
+    const auto brightWith = [&](const char* feature, const auto& value)
+    {
+        EXPECT_EQ(ZltErrorSuccess, Set(camera, feature, value));
+        return BrightPixels(Grab(camera).front().image).size();
+    };
+    // The camera's own choice, as delivered.
+    for (const auto& [exposure, dataset] : {std::pair(1e3, 0x2001), {8e3, 0x2000}, {2e5, 0x2002}, {4e5, 0x2003}})
+    {
+        brightWith("ExposureTime", exposure);
+        EXPECT_EQ(dataset, Get<std::int64_t>(camera, "DPCDatasetFileId")) << exposure;
+    }
+    brightWith("ExposureTime", 1e4);
+    const auto factory = brightWith("DPCDatasetAuto", "Off");
+    const auto raw = brightWith("DPCMode", "Off");
+    EXPECT_GT(factory, raw / 4);
+    EXPECT_LT(factory, raw * 3 / 4);
+
+    const TamorinProDataset dataset{BrightPixels(Grab(camera).front().image), 40.0F, 0, 20'000.0F};
+    EXPECT_EQ("Success", WriteFile(camera, EncodeTamorinProFile(dataset, Width, Height), "DPC_User_8"));
+    EXPECT_EQ(ZltErrorInvalidValue, Set(camera, "DPCDatasetFileId", std::int64_t{0x2004}));
+    brightWith("DPCDatasetFileId", std::int64_t{0x2808});
+    EXPECT_EQ(raw, brightWith("DPCMode", "On")) << "written, but not loaded";
+
+    EXPECT_EQ(ZltErrorSuccess, Set(camera, "FileDescriptionBuffer", "from 40 degrees"));
+    EXPECT_EQ("Success", Execute(camera, "DPC_User_8", "WriteDescription"));
+    camera = rig.Restarted(camera);
+    EXPECT_EQ(0U, brightWith("ExposureTime", 15'000.0)) << "the user's dataset is the next one";
+    for (const char* text : {"from 40 degrees", ""})
+    {
+        EXPECT_EQ(ZltErrorSuccess, Set(camera, "FileSelector", "DPC_User_8"));
+        EXPECT_EQ(text, Get<std::string>(camera, "FileDescriptionBuffer"));
+        EXPECT_EQ("Success", Execute(camera, "DPC_User_8", "Delete"));
+    }
 }
 
 } // namespace Simulation

@@ -107,13 +107,4 @@ TEST(FileTransfer, ContentBecomesPermanentWhenClosed)
     EXPECT_EQ(Bytes{5}, stored());
 }
 
-TEST(FileTransfer, EmptyUserFileThatCannotBeRead)
-{
-    TestRig rig(R"({"userReadFailsWhenEmpty": true})");
-    const auto camera = rig.Opened();
-    EXPECT_EQ("Failure", OpenFile(camera, UserFile, "Read"));
-    EXPECT_EQ("Success", WriteFile(camera, Numbered(3)));
-    EXPECT_EQ(Numbered(3), ReadFile(camera, UserFile));
-}
-
 } // namespace Simulation

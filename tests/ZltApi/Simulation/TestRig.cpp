@@ -48,8 +48,7 @@ void TestRig::StartAgain()
 
 ZltApi::CameraPtr TestRig::Camera()
 {
-    std::vector<ZltApi::CameraPtr> cameras;
-    provider.GetCameras(cameras);
+    const auto cameras = CamerasOf(provider);
     return cameras.empty() ? nullptr : cameras.front();
 }
 
@@ -139,17 +138,14 @@ Bytes ReadFile(const ZltApi::CameraPtr& camera, const std::string& file)
     EXPECT_EQ("Success", OpenFile(camera, file, "Read"));
     Bytes bytes;
     const auto size = static_cast<std::size_t>(Get<std::int64_t>(camera, "FileSize"));
-    while (bytes.size() < size)
+    for (bool isMoving = true; isMoving && bytes.size() < size;)
     {
         EXPECT_EQ("Success", Execute(camera, file, "Read"));
-        const Bytes block = Get<Bytes>(camera, "FileAccessBuffer");
-        const auto moved = static_cast<std::size_t>(Get<std::int64_t>(camera, "FileOperationResult"));
-        if (moved == 0 || moved > block.size())
-        {
-            ADD_FAILURE() << "a block of " << moved << " bytes";
-            break;
-        }
-        bytes.insert(bytes.end(), block.begin(), block.begin() + static_cast<std::ptrdiff_t>(moved));
+        Bytes block = Get<Bytes>(camera, "FileAccessBuffer");
+        block.resize(
+            std::min(block.size(), static_cast<std::size_t>(Get<std::int64_t>(camera, "FileOperationResult"))));
+        bytes.insert(bytes.end(), block.begin(), block.end());
+        isMoving = !block.empty();
     }
     EXPECT_EQ("Success", Execute(camera, file, "Close"));
     return bytes;
@@ -158,7 +154,7 @@ Bytes ReadFile(const ZltApi::CameraPtr& camera, const std::string& file)
 std::vector<FrameLog::Entry> Grab(const ZltApi::CameraPtr& camera, std::size_t count)
 {
     const auto log = std::make_shared<FrameLog>(camera);
-    EXPECT_EQ(ZltErrorSuccess, camera->StartContinuousImageAcquisition(3, log, ZltApi::FrameAllocationAnnounced));
+    EXPECT_EQ(ZltErrorSuccess, Start(camera, log));
     EXPECT_TRUE(log->WaitFor(count));
     EXPECT_EQ(ZltErrorSuccess, camera->StopContinuousImageAcquisition());
     EXPECT_EQ(ZltErrorSuccess, camera->ReleaseAllFrames());

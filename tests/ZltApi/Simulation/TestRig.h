@@ -18,18 +18,10 @@
 namespace Simulation
 {
 
-using ProviderTest::Bytes;
+using namespace ProviderTest;
 constexpr const char* CameraId = "CAM";
 constexpr const char* UserFile = "DefectPixelCorrectionUser";
 constexpr const char* PresetFile = "DefectPixelCorrectionPreset";
-
-using ProviderTest::EventLog;
-using ProviderTest::FeatureOf;
-using ProviderTest::FrameLog;
-using ProviderTest::Get;
-using ProviderTest::IsWritable;
-using ProviderTest::RunCommand;
-using ProviderTest::Set;
 
 class TestRig
 {

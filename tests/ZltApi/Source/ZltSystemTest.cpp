@@ -1,5 +1,6 @@
 // Start-up with good and broken providers, and the road of events to the observers.
 #include "ZltApi/ZltSystem.h"
+#include "../ProviderTools.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,12 +11,12 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <future>
 #include <thread>
 
 using namespace ZltApi;
 using namespace std::chrono_literals;
+using ProviderTest::BecomesTrue;
 namespace fs = std::filesystem;
 
 namespace
@@ -40,16 +41,6 @@ struct CountingObserver final : ICameraListObserver, IInterfaceListObserver
     std::function<void()> action = [] {};
 };
 
-bool BecomesTrue(const std::function<bool()>& condition)
-{
-    const auto end = std::chrono::steady_clock::now() + 20s;
-    while (!condition() && std::chrono::steady_clock::now() < end)
-    {
-        std::this_thread::sleep_for(1ms);
-    }
-    return condition();
-}
-
 class ZltSystemTest : public testing::Test
 {
 protected:
@@ -65,10 +56,10 @@ protected:
     {
         std::vector<TransportLayerPtr> layers;
         m_system.GetTransportLayers(layers);
-        Names names(layers.size());
-        for (std::size_t i = 0; i < layers.size(); ++i)
+        Names names;
+        for (const auto& layer : layers)
         {
-            layers[i]->GetName(names[i]);
+            layer->GetName(names.emplace_back());
         }
         return names;
     }

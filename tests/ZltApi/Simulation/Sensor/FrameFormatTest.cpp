@@ -50,6 +50,7 @@ TEST(FrameFormatTest, GivesTheseBytes)
 {
     constexpr ColorFilter Mono = ColorFilter::Mono;
     constexpr ColorFilter BayerRG = ColorFilter::BayerRG;
+    constexpr std::uint32_t Packed = ZltPixelFormatMono12Packed;
     const Counts two{0xABC, 0x123};
     const Counts six{0xABC, 0x123, 0x456, 0x789, 0xDEF, 0x012};
     const Counts grid = FromBytes({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}); // 4 x 3
@@ -58,13 +59,9 @@ TEST(FrameFormatTest, GivesTheseBytes)
              {ZltPixelFormatMono8, Mono, Whole(3, 1), {0xABC, 0x00F, 0xFFF}, {0xAB, 0x00, 0xFF}},
              {ZltPixelFormatMono10, Mono, Whole(2, 1), {0xABC, 0xFFF}, {0xAF, 0x02, 0xFF, 0x03}},
              {ZltPixelFormatMono12, Mono, Whole(2, 1), two, {0xBC, 0x0A, 0x23, 0x01}},
-             {ZltPixelFormatMono12Packed, Mono, Whole(2, 1), two, {0xAB, 0x3C, 0x12}},
-             {ZltPixelFormatMono12Packed, Mono, Whole(1, 1), {0xABC}, {0xAB, 0x0C}},
-             {ZltPixelFormatMono12Packed,
-              Mono,
-              Whole(3, 2),
-              six,
-              {0xAB, 0x3C, 0x12, 0x45, 0x96, 0x78, 0xDE, 0x2F, 0x01}},
+             {Packed, Mono, Whole(2, 1), two, {0xAB, 0x3C, 0x12}},
+             {Packed, Mono, Whole(1, 1), {0xABC}, {0xAB, 0x0C}},
+             {Packed, Mono, Whole(3, 2), six, {0xAB, 0x3C, 0x12, 0x45, 0x96, 0x78, 0xDE, 0x2F, 0x01}},
              {ZltPixelFormatMono12p, Mono, Whole(2, 1), two, {0xBC, 0x3A, 0x12}},
              {ZltPixelFormatMono12p, Mono, Whole(1, 3), {0xABC, 0x123, 0x456}, {0xBC, 0x3A, 0x12, 0x56, 0x04}},
              {ZltPixelFormatMono10p, Mono, Whole(4, 1), {0xABC, 0x123, 0xFFF, 0}, {0xAF, 0x22, 0xF1, 0x3F, 0x00}},
