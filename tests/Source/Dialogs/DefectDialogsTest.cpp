@@ -118,26 +118,26 @@ TEST(EditPixelDialogTest, FieldsScopeAndResult)
 {
     struct
     {
-        int kind;
         const char* text;
         std::array<const char*, 4> entered; // in place of 10, 20, 3, 4
         const char* state;
+        int kind;
         bool inScope;
     } const cases[] = {
-        {0, "Single Pixel Defect", {}, "10,20,[3],[4]", true},
-        {1, "Pixel Column Defect", {}, "10,20,[3],4", true},
-        {2, "Pixel Row Defect", {}, "10,20,3,[4]", true},
-        {4, "Column Defect", {}, "10,[20],[3],[4]", true},
-        {5, "Row Defect", {}, "[10],20,[3],[4]", true},
-        {3, "", {"97", "76"}, "97,76,3,4", true},
-        {3, "", {"98", nullptr, "1", "1"}, "98,20,1,1", false}, // the width before counts, not the new one
-        {3, "", {nullptr, "77", nullptr, "1"}, "10,77,3,1", false},
-        {3, "", {nullptr, nullptr, "90", "60"}, "10,20,90,60", true},
-        {3, "", {nullptr, nullptr, "91"}, "10,20,91,4", false},
-        {3, "", {nullptr, nullptr, nullptr, "61"}, "10,20,3,61", false},
-        {3, "", {"97", nullptr, "90"}, "97,20,90,4", true}, // the room before counts
-        {3, "", {"-1"}, "-1,20,3,4", false},
-        {3, "", {"2147483647"}, "2147483647,20,3,4", false},
+        {"Single Pixel Defect", {}, "10,20,[3],[4]", 0, true},
+        {"Pixel Column Defect", {}, "10,20,[3],4", 1, true},
+        {"Pixel Row Defect", {}, "10,20,3,[4]", 2, true},
+        {"Column Defect", {}, "10,[20],[3],[4]", 4, true},
+        {"Row Defect", {}, "[10],20,[3],[4]", 5, true},
+        {"", {"97", "76"}, "97,76,3,4", 3, true},
+        {"", {"98", nullptr, "1", "1"}, "98,20,1,1", 3, false}, // the width before counts, not the new one
+        {"", {nullptr, "77", nullptr, "1"}, "10,77,3,1", 3, false},
+        {"", {nullptr, nullptr, "90", "60"}, "10,20,90,60", 3, true},
+        {"", {nullptr, nullptr, "91"}, "10,20,91,4", 3, false},
+        {"", {nullptr, nullptr, nullptr, "61"}, "10,20,3,61", 3, false},
+        {"", {"97", nullptr, "90"}, "97,20,90,4", 3, true}, // the room before counts
+        {"", {"-1"}, "-1,20,3,4", 3, false},
+        {"", {"2147483647"}, "2147483647,20,3,4", 3, false},
     };
     for (const auto& c : cases)
     {
