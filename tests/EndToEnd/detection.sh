@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# The road of one automatic detection in the real program, by mouse and keyboard on a virtual display: lens covered, 12-bit
-# format, a longer exposure configured, detection, list taken over, upload, restart, correction on. What was found is held against what the
-# sensor is made of, and then the batch tool looks whether the camera hides it.
+# The road of one automatic detection in the real program, by mouse and keyboard on a virtual display: lens covered,
+# 12-bit format, a longer exposure configured, detection, list taken over, upload, restart, correction on. What was found
+# is held against what the sensor is made of, and then the batch tool looks whether the camera hides it.
 # Usage: detection.sh FOLDER_OF_THE_PROGRAMS FOLDER_FOR_PICTURES CAMERA ROW_IN_THE_LIST
 set -euo pipefail
 
