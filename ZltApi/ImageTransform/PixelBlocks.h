@@ -1,12 +1,10 @@
-// Readers that take 32 pixels of one encoding out of memory, as 8-bit channels in vector registers.
+// Readers that take 32 pixels of one unpacked encoding out of memory, as 8-bit channels in vector registers.
 #pragma once
 
 #include <opencv2/core/hal/intrin.hpp>
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 
 namespace ZltApi::ImageTransform
 {
@@ -44,60 +42,6 @@ template <int Depth> struct WordReader
     static Channel Read(const std::uint8_t* source)
     {
         return {cv::v_pack(Words(source), Words(source + 16)), cv::v_pack(Words(source + 32), Words(source + 48))};
-    }
-};
-
-// The byte in the middle holds low bits only, whether of 10-bit or of 12-bit pixels.
-struct PackedReader
-{
-    static constexpr std::size_t SourceBytes = BlockPixels / 2 * 3;
-    static Channel Read(const std::uint8_t* source)
-    {
-        cv::v_uint8x16 even;
-        cv::v_uint8x16 low;
-        cv::v_uint8x16 odd;
-        cv::v_load_deinterleave(source, even, low, odd);
-        Channel pixels;
-        cv::v_zip(even, odd, pixels.First, pixels.Second);
-        return pixels;
-    }
-};
-
-struct Lsb12Reader
-{
-    static constexpr std::size_t SourceBytes = BlockPixels / 2 * 3;
-    static Channel Read(const std::uint8_t* source)
-    {
-        cv::v_uint8x16 low;
-        cv::v_uint8x16 middle;
-        cv::v_uint8x16 odd;
-        cv::v_load_deinterleave(source, low, middle, odd);
-        // There are no shifts of bytes: shift words, and mask what crossed from the neighbour.
-        const cv::v_uint8x16 right = cv::v_reinterpret_as_u8(cv::v_shr<4>(cv::v_reinterpret_as_u16(low)));
-        const cv::v_uint8x16 left = cv::v_reinterpret_as_u8(cv::v_shl<4>(cv::v_reinterpret_as_u16(middle)));
-        const cv::v_uint8x16 even = (right & cv::v_setall_u8(0x0F)) | (left & cv::v_setall_u8(0xF0));
-        Channel pixels;
-        cv::v_zip(even, odd, pixels.First, pixels.Second);
-        return pixels;
-    }
-};
-
-struct Lsb10Reader
-{
-    static constexpr std::size_t SourceBytes = BlockPixels / 4 * 5;
-    static Channel Read(const std::uint8_t* source)
-    {
-        std::uint32_t pixels[BlockPixels / 4];
-        for (std::size_t group = 0; group < BlockPixels / 4; ++group)
-        {
-            const std::size_t at = std::min(group * 5, SourceBytes - sizeof(std::uint64_t));
-            std::uint64_t bits = 0;
-            std::memcpy(&bits, source + at, sizeof bits);
-            bits >>= (group * 5 - at) * 8;
-            pixels[group] = static_cast<std::uint32_t>((bits >> 2U & 0xFFU) | (bits >> 4U & 0xFF00U) |
-                                                       (bits >> 6U & 0xFF0000U) | (bits >> 8U & 0xFF000000U));
-        }
-        return {cv::v_reinterpret_as_u8(cv::v_load(pixels)), cv::v_reinterpret_as_u8(cv::v_load(pixels + 4))};
     }
 };
 

@@ -1,9 +1,13 @@
 // Conversion of runs of pixels, as long as a whole image: rows follow one another without a gap.
 #include "PixelRuns.h"
 
+#include "PackedPixels.h"
 #include "PixelBlocks.h"
 
+#include <algorithm>
+#include <array>
 #include <cassert>
+#include <cstring>
 
 namespace ZltApi::ImageTransform
 {
@@ -35,7 +39,7 @@ struct BgraWriter
 
 // The pixels after the last whole block go through a block of their own, so that nothing beyond the run is touched.
 template <class Reader, class Writer>
-void ConvertRun(const PixelLayout& layout, const std::uint8_t* source, std::uint8_t* destination, std::size_t pixels)
+void ConvertRun(const std::uint8_t* source, std::uint8_t* destination, std::size_t pixels)
 {
     constexpr std::size_t DestinationBytes = BlockPixels * Writer::PixelBytes;
     for (; pixels >= BlockPixels; pixels -= BlockPixels)
@@ -48,15 +52,15 @@ void ConvertRun(const PixelLayout& layout, const std::uint8_t* source, std::uint
     {
         std::uint8_t last[Reader::SourceBytes] = {};
         std::uint8_t converted[DestinationBytes];
-        std::memcpy(last, source, BytesOfPixels(pixels, layout.BitsPerPixel()));
+        std::memcpy(last, source, pixels * Reader::SourceBytes / BlockPixels);
         Writer::Write(Reader::Read(last), converted);
         std::memcpy(destination, converted, pixels * Writer::PixelBytes);
     }
 }
 
-using Run = void (*)(const PixelLayout&, const std::uint8_t*, std::uint8_t*, std::size_t);
+using Run = void (*)(const std::uint8_t*, std::uint8_t*, std::size_t);
 
-// Null for a colour encoding. The grey readers are wrapped before they meet the writer.
+// Null for a packed and for a colour encoding. The grey readers are wrapped before they meet the writer.
 template <class Writer, template <class> class Wrapped> Run FindGreyRun(Encoding encoding)
 {
     switch (encoding)
@@ -71,12 +75,6 @@ template <class Writer, template <class> class Wrapped> Run FindGreyRun(Encoding
         return &ConvertRun<Wrapped<WordReader<14>>, Writer>;
     case Encoding::Word16:
         return &ConvertRun<Wrapped<WordReader<16>>, Writer>;
-    case Encoding::Packed:
-        return &ConvertRun<Wrapped<PackedReader>, Writer>;
-    case Encoding::Lsb10:
-        return &ConvertRun<Wrapped<Lsb10Reader>, Writer>;
-    case Encoding::Lsb12:
-        return &ConvertRun<Wrapped<Lsb12Reader>, Writer>;
     default:
         return nullptr;
     }
@@ -101,20 +99,44 @@ Run FindBgraRun(Encoding encoding)
     }
 }
 
+// Piece by piece, so that the bytes stay in the nearest cache.
+void ConvertPackedToBgra(const PixelLayout& layout, const std::uint8_t* source, std::uint8_t* destination,
+                         std::size_t pixels)
+{
+    constexpr std::size_t PiecePixels = 4096; // ends with a whole byte in each encoding
+    std::array<std::uint8_t, PiecePixels> bytes;
+    for (std::size_t at = 0; at < pixels; at += PiecePixels)
+    {
+        const std::size_t count = std::min(PiecePixels, pixels - at);
+        UnpackPixels(layout.Code, source + BytesOfPixels(at, layout.BitsPerPixel()), bytes.data(), count);
+        ConvertRun<GreyReader<ByteReader>, BgraWriter>(bytes.data(), destination + at * BgraBytes, count);
+    }
+}
+
 } // namespace
 
 void ReduceToBytes(const PixelLayout& layout, const std::uint8_t* source, std::uint8_t* destination, std::size_t pixels)
 {
+    if (IsPacked(layout.Code))
+    {
+        UnpackPixels(layout.Code, source, destination, pixels);
+        return;
+    }
     const Run run = FindGreyRun<ByteWriter, Plain>(layout.Code);
     assert(run != nullptr);
-    run(layout, source, destination, pixels);
+    run(source, destination, pixels);
 }
 
 void ConvertToBgra(const PixelLayout& layout, const std::uint8_t* source, std::uint8_t* destination, std::size_t pixels)
 {
+    if (IsPacked(layout.Code))
+    {
+        ConvertPackedToBgra(layout, source, destination, pixels);
+        return;
+    }
     const Run run = FindBgraRun(layout.Code);
     assert(run != nullptr);
-    run(layout, source, destination, pixels);
+    run(source, destination, pixels);
 }
 
 } // namespace ZltApi::ImageTransform
