@@ -4,7 +4,7 @@ set -euo pipefail
 
 build=(
   g++ cmake ninja-build ccache pkg-config
-  qtbase5-dev libqt5svg5-dev qttools5-dev qttools5-dev-tools qt5-image-formats-plugins
+  qtbase5-dev libqt5svg5-dev libqt5x11extras5-dev qttools5-dev qttools5-dev-tools qt5-image-formats-plugins
   fonts-open-sans librsvg2-bin imagemagick
   libboost-dev libboost-filesystem-dev libboost-thread-dev
   libopencv-core-dev libopencv-imgproc-dev

@@ -2,6 +2,7 @@
 #include "OnboardDialog.h"
 
 #include "DialogStyle.h"
+#include "WindowBelow.h"
 #include "ui_OnboardDialog.h"
 
 #include <QEvent>
@@ -21,7 +22,10 @@ constexpr QColor Veil(19, 20, 21, 190);
 
 } // namespace
 
-OnboardDialog::OnboardDialog(QWidget* parent) : FramelessDialog(parent), m_ui(std::make_unique<Ui::OnboardDialog>())
+OnboardDialog::OnboardDialog(QWidget* parent)
+    : FramelessDialog(parent),
+      m_ui(std::make_unique<Ui::OnboardDialog>()),
+      m_below(*new WindowBelow(*this))
 {
     setAttribute(Qt::WA_TranslucentBackground);
     // Before the children come: what they look up in the style is kept.
@@ -85,7 +89,9 @@ void OnboardDialog::resizeEvent(QResizeEvent* event)
 
 void OnboardDialog::paintEvent(QPaintEvent*)
 {
-    QPainter(this).fillRect(rect(), Veil);
+    QPainter painter(this);
+    m_below.Draw(painter);
+    painter.fillRect(rect(), Veil);
 }
 
 bool OnboardDialog::eventFilter(QObject* watched, QEvent* event)

@@ -10,6 +10,8 @@ namespace Ui
 class OnboardDialog;
 }
 
+class WindowBelow;
+
 // Not modal. Follows its parent's window while it is shown.
 class OnboardDialog : public FramelessDialog
 {
@@ -41,4 +43,5 @@ private:
     void ArrangeHints(bool sideBySide);
 
     const std::unique_ptr<Ui::OnboardDialog> m_ui;
+    WindowBelow& m_below; // a child
 };

@@ -3,6 +3,7 @@
 
 #include "DefectInfo.h"
 #include "ImageDoubleBuffer.h"
+#include "WindowOverlay.h"
 
 #include <QMainWindow>
 #include <QPixmap>
@@ -301,7 +302,7 @@ private:
     std::unique_ptr<QTranslator> m_translator;
     QString m_apiVersion;
     ImageDoubleBuffer m_imageBuffer;
-    QWidget m_windowOverlay;
+    WindowOverlay m_windowOverlay;
     std::unique_ptr<QThread> m_imageThread; // the controller's
     std::unique_ptr<AsynchronousCameraController> m_controller;
 };

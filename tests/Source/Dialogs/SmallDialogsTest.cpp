@@ -91,6 +91,7 @@ TEST_F(SmallDialogs, TextsOfAnyLengthAreReadable)
 
 TEST_F(SmallDialogs, OnboardingCoversTheWindowAndTellsOfItsEnd)
 {
+    m_window.setStyleSheet(QStringLiteral("background: white"));
     OnboardDialog dialog(&m_window);
     const QSignalSpy closed(&dialog, &OnboardDialog::CloseDialog);
     for (const int width : {600, 1254, 300})
@@ -99,6 +100,7 @@ TEST_F(SmallDialogs, OnboardingCoversTheWindowAndTellsOfItsEnd)
         m_window.resize(width, 500);
         QCoreApplication::processEvents();
         EXPECT_EQ(dialog.geometry(), m_window.geometry());
+        EXPECT_NEAR(qBlue(dialog.grab().toImage().pixel(3, 3)), 81, 2) << "the window shines through";
         ExpectNothingClipped(dialog);
         width == 600 ? Click(dialog, "closeButton") : QTest::keyClick(&dialog, Qt::Key_Escape);
         EXPECT_FALSE(dialog.isVisible());

@@ -145,7 +145,17 @@ TEST_F(MainWindowTest, BusyStateTakesEverythingOutOfUseAndGivesItBack)
 
 TEST_F(MainWindowTest, WelcomesOnceAndRemembersIt)
 {
-    answers.ThenClick("showAroundButton").ThenClick("exitButton");
+    const QImage below = window->grab().toImage();
+    const auto shinesThrough = [&](QDialog& dialog)
+    {
+        const QImage cover = Find<QWidget>("windowOverlay")->grab().toImage();
+        for (const QPoint& place : {QPoint(2, 2), QPoint(20, 400), below.rect().center()})
+        {
+            EXPECT_NEAR(qBlue(cover.pixel(place)), (qBlue(below.pixel(place)) + 255) / 2, 1) << place.y();
+        }
+        ::Click(dialog, "showAroundButton");
+    };
+    answers.Then(shinesThrough).ThenClick("exitButton");
     window->WelcomingDialog();
     EXPECT_TRUE(Check("supportButton")->isChecked()) << "the tour is open";
     Click("aboutButton");
