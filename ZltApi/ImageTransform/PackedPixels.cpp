@@ -1,4 +1,4 @@
-// Pixels that share bytes with their neighbours, as one byte each.
+// Unpacking of pixels that share bytes with their neighbours.
 #include "PackedPixels.h"
 
 #include <algorithm>
@@ -57,15 +57,48 @@ constexpr Packing Lsb10 = FollowingBits(10);
 constexpr Packing Lsb12 = FollowingBits(12);
 constexpr Packing Pairs = BytePairs();
 
-void UnpackGroup(const Packing& packing, const std::uint8_t* source, std::uint8_t* destination, std::size_t pixels)
+std::uint8_t PixelOf(const Packing& packing, const std::uint8_t* group, std::size_t i)
 {
-    for (std::size_t i = 0; i < pixels; ++i)
-    {
-        const unsigned word = source[packing.Bytes[i * 2]] | static_cast<unsigned>(source[packing.Bytes[i * 2 + 1]])
-                                                                 << 8U;
-        destination[i] = static_cast<std::uint8_t>(word * packing.Factors[i] >> 8U);
-    }
+    const unsigned low = group[packing.Bytes[i * 2]];
+    const unsigned high = group[packing.Bytes[i * 2 + 1]];
+    return static_cast<std::uint8_t>((low | high << 8U) * packing.Factors[i] >> 8U);
 }
+
+struct ByteWriter
+{
+    static constexpr std::size_t PixelBytes = 1;
+    static void Write(std::uint8_t grey, std::uint8_t* destination) { *destination = grey; }
+#if defined(__x86_64__)
+    static void Write(__m128i grey, std::uint8_t* destination)
+    {
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(destination), grey);
+    }
+#endif
+};
+
+struct BgraWriter
+{
+    static constexpr std::size_t PixelBytes = 4;
+    static void Write(std::uint8_t grey, std::uint8_t* destination)
+    {
+        std::fill_n(destination, 3, grey);
+        destination[3] = 0xFF;
+    }
+#if defined(__x86_64__)
+    static void Write(__m128i grey, std::uint8_t* destination)
+    {
+        const __m128i opaque = _mm_set1_epi8(-1);
+        const auto store = [&](__m128i blueGreen, __m128i redAlpha)
+        {
+            ByteWriter::Write(_mm_unpacklo_epi16(blueGreen, redAlpha), destination);
+            ByteWriter::Write(_mm_unpackhi_epi16(blueGreen, redAlpha), destination + sizeof(__m128i));
+            destination += 2 * sizeof(__m128i);
+        };
+        store(_mm_unpacklo_epi8(grey, grey), _mm_unpacklo_epi8(grey, opaque));
+        store(_mm_unpackhi_epi8(grey, grey), _mm_unpackhi_epi8(grey, opaque));
+    }
+#endif
+};
 
 #if defined(__x86_64__)
 __m128i Load(const void* bytes)
@@ -80,6 +113,7 @@ __attribute__((target("ssse3"))) __m128i Shuffled(__m128i group, __m128i bytes, 
 }
 
 // Takes two groups at a time for as long as a whole register can be loaded at the second of them. The number of pixels.
+template <class Writer>
 __attribute__((target("ssse3"))) std::size_t UnpackPairsOfGroups(const Packing& packing, const std::uint8_t* source,
                                                                  std::uint8_t* destination, std::size_t pixels)
 {
@@ -91,23 +125,30 @@ __attribute__((target("ssse3"))) std::size_t UnpackPairsOfGroups(const Packing& 
     {
         const __m128i first = Shuffled(Load(source + at), bytes, factors);
         const __m128i second = Shuffled(Load(source + at + packing.GroupBytes), bytes, factors);
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(destination + done), _mm_packus_epi16(first, second));
+        Writer::Write(_mm_packus_epi16(first, second), destination + done * Writer::PixelBytes);
         done += 2 * GroupPixels;
     }
     return done;
 }
 #endif
 
-std::size_t UnpackFast([[maybe_unused]] const Packing& packing, [[maybe_unused]] const std::uint8_t* source,
-                       [[maybe_unused]] std::uint8_t* destination, [[maybe_unused]] std::size_t pixels)
+template <class Writer>
+void Unpack(Encoding encoding, const std::uint8_t* source, std::uint8_t* destination, std::size_t pixels)
 {
+    assert(IsPacked(encoding));
+    const Packing& packing = encoding == Encoding::Lsb10 ? Lsb10 : encoding == Encoding::Lsb12 ? Lsb12 : Pairs;
+    std::size_t done = 0;
 #if defined(__x86_64__)
     if (__builtin_cpu_supports("ssse3") != 0)
     {
-        return UnpackPairsOfGroups(packing, source, destination, pixels);
+        done = UnpackPairsOfGroups<Writer>(packing, source, destination, pixels);
     }
 #endif
-    return 0;
+    for (; done < pixels; ++done)
+    {
+        const std::uint8_t* const group = source + done / GroupPixels * packing.GroupBytes;
+        Writer::Write(PixelOf(packing, group, done % GroupPixels), destination + done * Writer::PixelBytes);
+    }
 }
 
 } // namespace
@@ -117,15 +158,14 @@ bool IsPacked(Encoding encoding)
     return encoding == Encoding::Packed || encoding == Encoding::Lsb10 || encoding == Encoding::Lsb12;
 }
 
-void UnpackPixels(Encoding encoding, const std::uint8_t* source, std::uint8_t* destination, std::size_t pixels)
+void UnpackToBytes(Encoding encoding, const std::uint8_t* source, std::uint8_t* destination, std::size_t pixels)
 {
-    assert(IsPacked(encoding));
-    const Packing& packing = encoding == Encoding::Lsb10 ? Lsb10 : encoding == Encoding::Lsb12 ? Lsb12 : Pairs;
-    for (std::size_t i = UnpackFast(packing, source, destination, pixels); i < pixels; i += GroupPixels)
-    {
-        UnpackGroup(packing, source + i / GroupPixels * packing.GroupBytes, destination + i,
-                    std::min(GroupPixels, pixels - i));
-    }
+    Unpack<ByteWriter>(encoding, source, destination, pixels);
+}
+
+void UnpackToBgra(Encoding encoding, const std::uint8_t* source, std::uint8_t* destination, std::size_t pixels)
+{
+    Unpack<BgraWriter>(encoding, source, destination, pixels);
 }
 
 } // namespace ZltApi::ImageTransform

@@ -1,4 +1,4 @@
-// Pixels that share bytes with their neighbours, as one byte each.
+// Unpacking of pixels that share bytes with their neighbours.
 #pragma once
 
 #include "PixelLayout.h"
@@ -11,7 +11,8 @@ namespace ZltApi::ImageTransform
 
 bool IsPacked(Encoding encoding);
 
-// The high 8 bits of each pixel. Only for packed encodings; the first pixel begins with the first byte.
-void UnpackPixels(Encoding encoding, const std::uint8_t* source, std::uint8_t* destination, std::size_t pixels);
+// The high 8 bits of each pixel, and the grey that they make with 255 for alpha. Only for packed encodings.
+void UnpackToBytes(Encoding encoding, const std::uint8_t* source, std::uint8_t* destination, std::size_t pixels);
+void UnpackToBgra(Encoding encoding, const std::uint8_t* source, std::uint8_t* destination, std::size_t pixels);
 
 } // namespace ZltApi::ImageTransform

@@ -4,8 +4,6 @@
 #include "PackedPixels.h"
 #include "PixelBlocks.h"
 
-#include <algorithm>
-#include <array>
 #include <cassert>
 #include <cstring>
 
@@ -99,27 +97,13 @@ Run FindBgraRun(Encoding encoding)
     }
 }
 
-// Piece by piece, so that the bytes stay in the nearest cache.
-void ConvertPackedToBgra(const PixelLayout& layout, const std::uint8_t* source, std::uint8_t* destination,
-                         std::size_t pixels)
-{
-    constexpr std::size_t PiecePixels = 4096; // ends with a whole byte in each encoding
-    std::array<std::uint8_t, PiecePixels> bytes;
-    for (std::size_t at = 0; at < pixels; at += PiecePixels)
-    {
-        const std::size_t count = std::min(PiecePixels, pixels - at);
-        UnpackPixels(layout.Code, source + BytesOfPixels(at, layout.BitsPerPixel()), bytes.data(), count);
-        ConvertRun<GreyReader<ByteReader>, BgraWriter>(bytes.data(), destination + at * BgraBytes, count);
-    }
-}
-
 } // namespace
 
 void ReduceToBytes(const PixelLayout& layout, const std::uint8_t* source, std::uint8_t* destination, std::size_t pixels)
 {
     if (IsPacked(layout.Code))
     {
-        UnpackPixels(layout.Code, source, destination, pixels);
+        UnpackToBytes(layout.Code, source, destination, pixels);
         return;
     }
     const Run run = FindGreyRun<ByteWriter, Plain>(layout.Code);
@@ -131,7 +115,7 @@ void ConvertToBgra(const PixelLayout& layout, const std::uint8_t* source, std::u
 {
     if (IsPacked(layout.Code))
     {
-        ConvertPackedToBgra(layout, source, destination, pixels);
+        UnpackToBgra(layout.Code, source, destination, pixels);
         return;
     }
     const Run run = FindBgraRun(layout.Code);
