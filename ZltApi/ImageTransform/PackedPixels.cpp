@@ -1,6 +1,8 @@
 // Unpacking of pixels that share bytes with their neighbours.
 #include "PackedPixels.h"
 
+#include <opencv2/core/hal/intrin.hpp>
+
 #include <algorithm>
 #include <cassert>
 
@@ -87,15 +89,8 @@ struct BgraWriter
 #if defined(__x86_64__)
     static void Write(__m128i grey, std::uint8_t* destination)
     {
-        const __m128i opaque = _mm_set1_epi8(-1);
-        const auto store = [&](__m128i blueGreen, __m128i redAlpha)
-        {
-            ByteWriter::Write(_mm_unpacklo_epi16(blueGreen, redAlpha), destination);
-            ByteWriter::Write(_mm_unpackhi_epi16(blueGreen, redAlpha), destination + sizeof(__m128i));
-            destination += 2 * sizeof(__m128i);
-        };
-        store(_mm_unpacklo_epi8(grey, grey), _mm_unpacklo_epi8(grey, opaque));
-        store(_mm_unpackhi_epi8(grey, grey), _mm_unpackhi_epi8(grey, opaque));
+        const cv::v_uint8x16 pixels(grey);
+        cv::v_store_interleave(destination, pixels, pixels, pixels, cv::v_setall_u8(0xFF));
     }
 #endif
 };
