@@ -29,7 +29,7 @@ ExitStatus Write(const Options& options, const Request& request)
 {
     CameraSession session(options.camera, request.adapter);
     const boost::shared_ptr<KTR::DPC::DpcAdapter> adapter = session.Adapter();
-    const auto set = FindSet(adapter->GetAvailableCorrectionSetsWithMetadata(), options.set);
+    const auto set = FindSet(adapter->GetAvailableCorrectionSets(), options.set);
     const QVector<DefectInfo> list = LoadPixelList(options.file, static_cast<int>(adapter->GetSensorWidth()),
                                                    static_cast<int>(adapter->GetSensorHeight()));
     std::cerr << "Writing " << list.size() << " defects into \"" << options.set << "\" of " << options.camera

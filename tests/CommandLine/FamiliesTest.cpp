@@ -114,6 +114,9 @@ TEST_F(Families, WriteReadRestoreAndRefuse)
     const QStringList size = {"--width", "320", "--height", "240"};
     ASSERT_EQ(Cli(QStringList{"encode", "tamorin-pro", pixels, "-o", encoded} + size + conditions).status, 0);
     EXPECT_EQ(Bytes(encoded).toHex(), Bytes(Path("state/TAMORIN/files/DPC_User_3")).toHex());
+    EXPECT_EQ(Cli({"write", "TAMORIN", "DPC_User_3", pixels}).status, 0);
+    EXPECT_EQ(Cli({"sets", "TAMORIN"}).Lines()[6].section('\t', -1), "ExposureTime=10000,Gain=0,Temperature=20")
+        << "what the list before was made at is not taken over";
     EXPECT_EQ(Cli({"erase", "TAMORIN", "DPC_User_3"}).status, 0);
 
     const QStringList stretches = {"0 10 20 1 1", "1 200 9 1 4", "4 7 0 1 240"};

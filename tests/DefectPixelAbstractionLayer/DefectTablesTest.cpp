@@ -37,6 +37,7 @@ TEST(DefectRectangleTable, WritesAndReadsTheBytesOfTheFormat)
         EXPECT_EQ(encodeDefectTable(defectsOf(defects), 640, 480), bytesFrom(hex + End)) << defects;
         EXPECT_EQ(decode(hex + End + "1234"), read) << "whatever stands behind the end";
     }
+    EXPECT_EQ(decode("0000 0000 0257 018F 0000 0000 0257 018F" + End), "K239001 K239001 ") << "more than the sensor";
     EXPECT_EQ(text({toSensorDefect(1, 2, 0, 1, 0, 9), toSensorDefect(1, 2, 1, 0, 9, 0)}), "R2 V1 ");
 }
 
@@ -44,15 +45,22 @@ TEST(DefectRectangleTable, RefusesWhatIsNoTable)
 {
     const std::string noEnd = "The defect table has no end.";
     const std::string unknown = "Could not identify sensor defect type";
-    const std::string tooMany = "The clusters of the defect table have more pixels than the sensor.";
+    const std::string tooLarge = "A cluster of the defect table has more pixels than the sensor.";
+    const std::string tooMany = "The clusters of the defect table have too many pixels.";
+    std::string wholeSensors;
+    for (int i = 0; i < 14; ++i)
+    {
+        wholeSensors += "0000 0000 0280 01E0";
+    }
     const std::pair<std::string, std::string> cases[] = {
         {"", noEnd},
         {"0001 0002 0001 0001 FFFFFFFF 000000", noEnd},
         {"0001" + End + "0000", noEnd}, // not at a record
         {"0001 0002 0000 0005" + End, unknown},
         {"0001 0002 0005 0000" + End, unknown},
-        {"FFFF FFFF FFFF FFFF" + End, tooMany}, // the end of a packet
-        {"0000 0000 0280 01E0 0000 0000 0002 0002" + End, tooMany},
+        {"FFFF FFFF FFFF FFFF" + End, tooLarge}, // the end of a packet
+        {"0000 0000 0280 01E1" + End, tooLarge},
+        {wholeSensors + End, tooMany},
     };
     for (const auto& [hex, words] : cases)
     {

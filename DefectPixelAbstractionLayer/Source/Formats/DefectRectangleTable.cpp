@@ -20,6 +20,9 @@ namespace KTR::DPC
 namespace
 {
 
+// Of all clusters on a smaller sensor. A table of a few bytes can claim more than any machine has memory for.
+constexpr std::uint64_t MostClusterPixels = std::uint64_t{1} << 22;
+
 struct Rectangle
 {
     int x = 0;
@@ -138,7 +141,8 @@ SensorDefectList decodeDefectRectangles(const std::vector<std::uint8_t>& records
 {
     SensorDefectList defects;
     defects.reserve(records.size() / EstablishedGigE::BytesPerRecord);
-    std::uint64_t pixelsLeft = std::uint64_t{sensorWidth} * sensorHeight; // that clusters may still take
+    const std::uint64_t sensorPixels = std::uint64_t{sensorWidth} * sensorHeight;
+    std::uint64_t pixelsLeft = std::max(sensorPixels, MostClusterPixels); // that clusters may still take
     for (std::size_t i = 0; i < records.size(); i += EstablishedGigE::BytesPerRecord)
     {
         if (records.size() - i < EstablishedGigE::BytesPerRecord)
@@ -154,9 +158,13 @@ SensorDefectList decodeDefectRectangles(const std::vector<std::uint8_t>& records
         if (width > 1 && height > 1)
         {
             const auto area = static_cast<std::uint64_t>(width) * static_cast<std::uint64_t>(height);
+            if (area > sensorPixels)
+            {
+                refuse("A cluster of the defect table has more pixels than the sensor.");
+            }
             if (area > pixelsLeft)
             {
-                refuse("The clusters of the defect table have more pixels than the sensor.");
+                refuse("The clusters of the defect table have too many pixels.");
             }
             pixelsLeft -= area;
         }
