@@ -2,6 +2,7 @@
 
 #include "CameraSession.h"
 #include "Command.h"
+#include "JsonOutput.h"
 
 #include "DpcAdapterManager.h"
 #include "ZltCamera.h"
@@ -75,7 +76,7 @@ ExitStatus List(const Request& request)
     }
     if (request.json)
     {
-        std::cout << document.dump(2) << '\n';
+        PrintJson(document);
     }
     return Done;
 }

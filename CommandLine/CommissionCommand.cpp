@@ -6,6 +6,7 @@
 #include "Detection.h"
 #include "Families.h"
 #include "FrameGrabber.h"
+#include "JsonOutput.h"
 #include "SettingsKeeper.h"
 #include "Upload.h"
 
@@ -282,7 +283,7 @@ private:
             const nlohmann::ordered_json document = {{"found", m_found.size()}, {"written", m_written},
                                                      {"equal", m_equal},        {"hidden", m_hidden},
                                                      {"visible", m_visible},    {"defects", list}};
-            std::cout << document.dump(2) << '\n';
+            PrintJson(document);
             return;
         }
         for (std::size_t i = 0; i < m_isHidden.size(); ++i)

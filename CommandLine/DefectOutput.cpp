@@ -1,6 +1,7 @@
 #include "DefectOutput.h"
 
 #include "Exception.h"
+#include "JsonOutput.h"
 #include "PixelListXml.h"
 
 #include <QFile>
@@ -34,7 +35,7 @@ void PrintDefects(const QVector<DefectInfo>& defects, const std::string& xmlFile
     }
     if (request.json)
     {
-        std::cout << nlohmann::ordered_json{{"defects", ToJson(defects)}}.dump(2) << '\n';
+        PrintJson({{"defects", ToJson(defects)}});
     }
     else if (xmlFile.empty())
     {

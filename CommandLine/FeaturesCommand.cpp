@@ -2,6 +2,7 @@
 
 #include "CameraSession.h"
 #include "Command.h"
+#include "JsonOutput.h"
 #include "SettingsKeeper.h"
 
 #include "Exception.h"
@@ -33,8 +34,8 @@ struct Options
 struct FeatureRow
 {
     std::string name;
-    std::string type;
-    std::string access; // "rw", "r-", "-w" or "--"
+    std::string type = "unknown";
+    std::string access = "--"; // "rw", "r-", "-w" or "--"
     std::string value;
     std::string limits; // "minimum..maximum" of a number, the entries of an enumeration
 };
@@ -75,10 +76,9 @@ std::string Limits(CameraAbstraction& camera, const std::string& name, FeatureTy
     return entries;
 }
 
-FeatureRow Describe(CameraAbstraction& camera, const std::string& name)
+void Describe(CameraAbstraction& camera, FeatureRow& row)
 {
-    FeatureRow row;
-    row.name = name;
+    const std::string& name = row.name;
     const FeatureType type = camera.GetFeatureType(name);
     row.type = TypeName(type);
     const bool readable = camera.IsFeatureReadable(name);
@@ -88,7 +88,6 @@ FeatureRow Describe(CameraAbstraction& camera, const std::string& name)
         row.value = FeatureText(camera, name);
         row.limits = Limits(camera, name, type);
     }
-    return row;
 }
 
 ExitStatus Print(const Options& options, const Request& request)
@@ -96,9 +95,24 @@ ExitStatus Print(const Options& options, const Request& request)
     CameraSession session(options.camera);
     const boost::shared_ptr<CameraAbstraction> camera = session.Abstraction();
     nlohmann::ordered_json document = nlohmann::ordered_json::array();
-    for (const std::string& name : options.names.empty() ? camera->GetAvailableFeatures() : options.names)
+    const bool isWhole = options.names.empty();
+    for (const std::string& name : isWhole ? camera->GetAvailableFeatures() : options.names)
     {
-        const FeatureRow row = Describe(*camera, name);
+        FeatureRow row;
+        row.name = name;
+        try
+        {
+            Describe(*camera, row);
+        }
+        catch (const KTR::System::Exception& failure)
+        {
+            if (!isWhole)
+            {
+                throw;
+            }
+            // One feature that cannot be read is no reason to keep back the others.
+            std::cerr << failure.ToString() << '\n';
+        }
         if (request.json)
         {
             document.push_back({{"name", row.name},
@@ -115,7 +129,7 @@ ExitStatus Print(const Options& options, const Request& request)
     }
     if (request.json)
     {
-        std::cout << document.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
+        PrintJson(document);
     }
     return Done;
 }

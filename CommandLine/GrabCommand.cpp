@@ -4,10 +4,10 @@
 #include "Command.h"
 #include "FrameGrabber.h"
 #include "ImageFile.h"
+#include "JsonOutput.h"
 #include "SettingsKeeper.h"
 
 #include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
 
 #include <iostream>
 
@@ -36,12 +36,8 @@ ExitStatus Grab(const Options& options, const Request& request)
     SaveImage(image, options.output);
     if (request.json)
     {
-        std::cout << nlohmann::ordered_json{{"file", options.output},
-                                            {"width", image.width()},
-                                            {"height", image.height()},
-                                            {"pixelFormat", format}}
-                         .dump(2)
-                  << '\n';
+        PrintJson(
+            {{"file", options.output}, {"width", image.width()}, {"height", image.height()}, {"pixelFormat", format}});
     }
     else
     {

@@ -2,6 +2,7 @@
 
 #include "CameraSession.h"
 #include "Command.h"
+#include "JsonOutput.h"
 
 #include "Exception.h"
 
@@ -75,7 +76,7 @@ ExitStatus List(const std::string& cameraId, const Request& request)
     }
     if (request.json)
     {
-        std::cout << document.dump(2) << '\n';
+        PrintJson(document);
     }
     return Done;
 }

@@ -4,10 +4,10 @@
 #include "Command.h"
 #include "DefectOutput.h"
 #include "Families.h"
+#include "JsonOutput.h"
 #include "Upload.h"
 
 #include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
 
 #include <iostream>
 
@@ -37,11 +37,7 @@ ExitStatus Write(const Options& options, const Request& request)
     const UploadResult result = Upload(*adapter, set, Metadata(options.conditions), list);
     if (request.json)
     {
-        std::cout << nlohmann::ordered_json{{"written", result.written.size()},
-                                            {"readBack", result.readBack.size()},
-                                            {"equal", result.equal}}
-                         .dump(2)
-                  << '\n';
+        PrintJson({{"written", result.written.size()}, {"readBack", result.readBack.size()}, {"equal", result.equal}});
     }
     else
     {

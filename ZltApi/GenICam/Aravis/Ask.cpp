@@ -75,7 +75,8 @@ ZltErrorType ResultOf(const GError& error)
     {
         return ResultOfFeature(error.code);
     }
-    return ZltErrorTransportLayer; // from the sockets below
+    // From the sockets below, or from a formula that has no result.
+    return error.domain == G_IO_ERROR ? ZltErrorTransportLayer : ZltErrorUnexpectedFault;
 }
 
 void ThrowOn(GError* error)

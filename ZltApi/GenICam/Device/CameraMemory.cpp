@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <numeric>
 
 namespace GenICam
 {
@@ -15,13 +16,36 @@ namespace
 // Aravis splits an access into what fits into the packets of the transport layer, but counts it in 32 bits.
 constexpr std::size_t LongestAccess = 1U << 20U;
 
+// Except for what is written over USB: there it counts with the longest answer in place of the longest command. Where a
+// USB3 Vision camera tells that, little-endian, and how many bytes of a command are not data.
+constexpr std::uint64_t TechnologyRegisters = 0x01D8; // 8 bytes: the address of the registers that USB adds
+constexpr std::uint64_t LongestCommand = 0x14;        // 4 bytes, behind that address
+constexpr std::size_t CommandHead = 20;
+constexpr std::size_t WriteStep = 4; // no piece begins within a register
+
+std::uint64_t LittleEndian(const std::vector<unsigned char>& bytes)
+{
+    return std::accumulate(bytes.rbegin(), bytes.rend(), std::uint64_t{0},
+                           [](std::uint64_t value, unsigned char byte) { return value << 8U | byte; });
+}
+
 } // namespace
 
 CameraMemory::CameraMemory(ArvDevice* device, bool isGigEVision)
     : m_device(device),
       m_word(isGigEVision ? 4 : 1),
-      m_memory(isGigEVision ? std::uint64_t{1} << 32U : std::numeric_limits<std::uint64_t>::max())
+      m_memory(isGigEVision ? std::uint64_t{1} << 32U : std::numeric_limits<std::uint64_t>::max()),
+      m_longestWrite(LongestAccess)
 {
+    if (!isGigEVision)
+    {
+        Bytes address(8);
+        Bytes command(4);
+        Read(TechnologyRegisters, address);
+        Read(LittleEndian(address) + LongestCommand, command);
+        const std::size_t longest = std::max<std::size_t>(LittleEndian(command), CommandHead + WriteStep) - CommandHead;
+        m_longestWrite = std::min(longest / WriteStep * WriteStep, LongestAccess);
+    }
 }
 
 void CameraMemory::CheckRange(std::uint64_t address, std::uint64_t size) const
@@ -36,7 +60,7 @@ void CameraMemory::Move(std::uint64_t address, Bytes& data, bool isWrite) const
 {
     for (std::size_t done = 0; done < data.size();)
     {
-        const auto size = static_cast<guint32>(std::min(data.size() - done, LongestAccess));
+        const auto size = static_cast<guint32>(std::min(data.size() - done, isWrite ? m_longestWrite : LongestAccess));
         if (Ask(isWrite ? arv_device_write_memory : arv_device_read_memory, m_device, guint64{address + done}, size,
                 static_cast<void*>(data.data() + done)) == FALSE)
         {

@@ -15,7 +15,8 @@ class CameraMemory
 public:
     using Bytes = std::vector<unsigned char>;
 
-    // GigE Vision cameras are read and written in whole words of 4 bytes, USB3 Vision cameras in single bytes.
+    // GigE Vision cameras are read and written in whole words of 4 bytes, USB3 Vision cameras in single bytes and in
+    // commands as long as they say.
     CameraMemory(ArvDevice* device, bool isGigEVision);
 
     // Fills the vector.
@@ -33,6 +34,7 @@ private:
     ArvDevice* const m_device;
     const std::uint64_t m_word;   // bytes
     const std::uint64_t m_memory; // bytes of address space
+    std::size_t m_longestWrite;   // bytes of one command
 };
 
 } // namespace GenICam

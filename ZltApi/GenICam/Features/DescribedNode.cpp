@@ -13,7 +13,32 @@ namespace
 
 constexpr std::size_t LongestChain = 16; // a description that goes round in a circle ends here
 
+// The value comes with a frame or an event, not from a register.
+bool IsSentByTheCamera(ArvGcFeatureNode* node)
+{
+    ArvGcPropertyNode* const property = FindProperty(ARV_GC_NODE(node), ARV_GC_PROPERTY_NODE_TYPE_P_PORT);
+    ArvGcNode* const port = property != nullptr ? arv_gc_property_node_get_linked_node(property) : nullptr;
+    return port != nullptr && (FindProperty(port, ARV_GC_PROPERTY_NODE_TYPE_CHUNK_ID) != nullptr ||
+                               FindProperty(port, ARV_GC_PROPERTY_NODE_TYPE_EVENT_ID) != nullptr);
+}
+
 } // namespace
+
+bool Holds(gboolean (*condition)(ArvGcFeatureNode*, GError**), ArvGcFeatureNode* node, bool otherwise)
+{
+    try
+    {
+        return Ask(condition, node) != FALSE;
+    }
+    catch (const AravisError& error)
+    {
+        if (error.Code() == ZltErrorTimeout || error.Code() == ZltErrorDeviceNotOpen)
+        {
+            throw; // nothing else would be answered either
+        }
+        return otherwise;
+    }
+}
 
 ArvGcPropertyNode* FindProperty(ArvGcNode* node, ArvGcPropertyNodeType type)
 {
@@ -46,36 +71,37 @@ DescribedNode::DescribedNode(ArvGcFeatureNode* node, std::string name, ZltFeatur
         }
         m_chain.push_back(ARV_GC_FEATURE_NODE(link));
     }
+    m_isSent = std::any_of(m_chain.begin(), m_chain.end(), IsSentByTheCamera);
 }
 
 bool DescribedNode::IsImplemented() const
 {
-    if (!m_isImplemented)
-    {
-        m_isImplemented =
-            std::all_of(m_chain.begin(), m_chain.end(),
-                        [](ArvGcFeatureNode* link) { return Ask(arv_gc_feature_node_is_implemented, link) != FALSE; });
-    }
-    return *m_isImplemented;
+    return std::all_of(m_chain.begin(), m_chain.end(),
+                       [](ArvGcFeatureNode* link) { return Holds(arv_gc_feature_node_is_implemented, link, false); });
 }
 
-bool DescribedNode::IsAvailable() const
+// Now, with an access mode that does not stand in the way.
+bool DescribedNode::IsAccessible(ArvGcAccessMode obstacle) const
 {
-    return IsImplemented() &&
+    return !m_isSent && IsImplemented() &&
            std::all_of(m_chain.begin(), m_chain.end(),
-                       [](ArvGcFeatureNode* link) { return Ask(arv_gc_feature_node_is_available, link) != FALSE; });
+                       [obstacle](ArvGcFeatureNode* link)
+                       {
+                           return arv_gc_feature_node_get_actual_access_mode(link) != obstacle &&
+                                  Holds(arv_gc_feature_node_is_available, link, false);
+                       });
 }
 
 bool DescribedNode::IsReadable() const
 {
-    return arv_gc_feature_node_get_actual_access_mode(Node()) != ARV_GC_ACCESS_MODE_WO && IsAvailable();
+    return IsAccessible(ARV_GC_ACCESS_MODE_WO);
 }
 
 bool DescribedNode::IsWritable() const
 {
-    return arv_gc_feature_node_get_actual_access_mode(Node()) != ARV_GC_ACCESS_MODE_RO && IsAvailable() &&
+    return IsAccessible(ARV_GC_ACCESS_MODE_RO) &&
            std::none_of(m_chain.begin(), m_chain.end(),
-                        [](ArvGcFeatureNode* link) { return Ask(arv_gc_feature_node_is_locked, link) != FALSE; });
+                        [](ArvGcFeatureNode* link) { return Holds(arv_gc_feature_node_is_locked, link, true); });
 }
 
 } // namespace GenICam

@@ -5,7 +5,6 @@
 
 #include <arv.h>
 
-#include <optional>
 #include <vector>
 
 namespace GenICam
@@ -21,17 +20,18 @@ public:
     bool IsReadable() const override;
     bool IsWritable() const override;
 
-protected:
-    ArvGcFeatureNode* Node() const { return m_chain.front(); }
-
 private:
-    bool IsAvailable() const;
+    bool IsAccessible(ArvGcAccessMode obstacle) const;
 
     // The node itself and then those from which it takes its value, one after the other. Each can be unavailable or
     // locked in its own right.
     std::vector<ArvGcFeatureNode*> m_chain;
-    mutable std::optional<bool> m_isImplemented;
+    bool m_isSent = false;
 };
+
+// What the description says about a node now. What cannot be found out is as given: one broken condition spoils nothing
+// else. Throws AravisError when the camera does not answer at all.
+bool Holds(gboolean (*condition)(ArvGcFeatureNode*, GError**), ArvGcFeatureNode* node, bool otherwise);
 
 // The node that another one names as the source of its value; null when there is none.
 ArvGcNode* ValueSource(ArvGcNode* node);

@@ -18,8 +18,8 @@ const char* NameOf(ArvGcEnumEntry* entry)
 
 bool IsOffered(ArvGcEnumEntry* entry)
 {
-    return Ask(arv_gc_feature_node_is_implemented, ARV_GC_FEATURE_NODE(entry)) != FALSE &&
-           Ask(arv_gc_feature_node_is_available, ARV_GC_FEATURE_NODE(entry)) != FALSE;
+    return Holds(arv_gc_feature_node_is_implemented, ARV_GC_FEATURE_NODE(entry), false) &&
+           Holds(arv_gc_feature_node_is_available, ARV_GC_FEATURE_NODE(entry), false);
 }
 
 } // namespace

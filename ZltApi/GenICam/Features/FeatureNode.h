@@ -13,7 +13,7 @@ class FeatureNode : public ProviderBase::BasicNode
 public:
     using BasicNode::BasicNode;
 
-    // A feature that is described but not implemented counts as absent. Does not change while the camera is open.
+    // Now, as a selector may tell. A feature that is described but not implemented counts as absent.
     virtual bool IsImplemented() const { return true; }
 };
 

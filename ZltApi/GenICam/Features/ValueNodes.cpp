@@ -14,6 +14,7 @@ namespace
 {
 
 constexpr std::uint64_t LongestRegister = 16U << 20U; // bytes
+constexpr double MostSteps = 1e12; // further from the minimum, or without one, a double has no steps to count
 
 } // namespace
 
@@ -70,7 +71,7 @@ ZltErrorType FloatNode::Set(double value)
     {
         return ZltErrorInvalidValue;
     }
-    if (Increment(increment) == ZltErrorSuccess)
+    if (Increment(increment) == ZltErrorSuccess && (value - minimum) / increment < MostSteps)
     {
         const double steps = std::min(std::round((value - minimum) / increment),
                                       std::floor((maximum - minimum) / increment * (1 + 1e-12)));
@@ -90,6 +91,12 @@ ZltErrorType FloatNode::Range(double& minimum, double& maximum) const
 
 ZltErrorType FloatNode::Increment(double& increment) const
 {
+    // Aravis would also guess one from a formula, which fails where that has an offset.
+    if (FindProperty(ARV_GC_NODE(m_float), ARV_GC_PROPERTY_NODE_TYPE_INCREMENT) == nullptr &&
+        FindProperty(ARV_GC_NODE(m_float), ARV_GC_PROPERTY_NODE_TYPE_P_INCREMENT) == nullptr)
+    {
+        return ZltErrorNotSupported;
+    }
     const double step = AskOptional(arv_gc_float_get_inc, m_float);
     if (!(step > G_MINDOUBLE)) // which stands for none
     {

@@ -1,6 +1,9 @@
 // One announced image buffer.
 #include "Stream/AravisFrame.h"
 
+#include <algorithm>
+#include <cstring>
+
 namespace GenICam
 {
 
@@ -16,21 +19,37 @@ ZltApi::FrameStatus StatusOf(ArvBufferStatus status)
     case ARV_BUFFER_STATUS_TIMEOUT:
     case ARV_BUFFER_STATUS_MISSING_PACKETS:
     case ARV_BUFFER_STATUS_WRONG_PACKET_ID:
+    case ARV_BUFFER_STATUS_SIZE_MISMATCH: // what it says tells whether more or less has come than expected
         return ZltApi::FrameStatusIncomplete;
-    case ARV_BUFFER_STATUS_SIZE_MISMATCH:
-        return ZltApi::FrameStatusTooSmall;
     default:
         return ZltApi::FrameStatusInvalid;
     }
+}
+
+std::uint64_t BytesOf(std::uint64_t pixels, std::uint32_t pixelFormat)
+{
+    const std::uint64_t bits = pixelFormat >> 16U & 0xFFU;
+    return pixels / 8 * bits + (pixels % 8 * bits + 7) / 8;
+}
+
+// What the camera says that it sends: nothing where nobody knows.
+ImageShape ShapeOf(ArvBuffer* buffer)
+{
+    const ArvBufferPayloadType payload = arv_buffer_get_payload_type(buffer);
+    if ((payload != ARV_BUFFER_PAYLOAD_TYPE_IMAGE && payload != ARV_BUFFER_PAYLOAD_TYPE_EXTENDED_CHUNK_DATA) ||
+        arv_buffer_get_n_parts(buffer) == 0)
+    {
+        return {};
+    }
+    return {static_cast<std::uint32_t>(arv_buffer_get_image_width(buffer)),
+            static_cast<std::uint32_t>(arv_buffer_get_image_height(buffer)), arv_buffer_get_image_pixel_format(buffer)};
 }
 
 } // namespace
 
 std::uint64_t ImageShape::Size() const
 {
-    const std::uint64_t pixels = std::uint64_t{width} * height;
-    const std::uint64_t bits = pixelFormat >> 16U & 0xFFU;
-    return pixels / 8 * bits + (pixels % 8 * bits + 7) / 8;
+    return BytesOf(std::uint64_t{width} * height, pixelFormat);
 }
 
 AravisFrame::AravisFrame(std::size_t size, const ImageShape& expected)
@@ -45,42 +64,67 @@ void AravisFrame::Describe(std::uint64_t id)
     Content content{m_expected.width, m_expected.height, m_expected.pixelFormat, id,
                     StatusOf(arv_buffer_get_status(m_buffer.get()))};
     Place place{0, Size()};
-    if (content.status == ZltApi::FrameStatusComplete) // Aravis describes no others
+    const ImageShape shape = ShapeOf(m_buffer.get());
+    if (arv_buffer_get_status(m_buffer.get()) == ARV_BUFFER_STATUS_SIZE_MISMATCH && shape.Size() > Size())
     {
-        content.status = FindImage(content, place);
+        content.status = ZltApi::FrameStatusTooSmall;
+    }
+    if (content.status == ZltApi::FrameStatusComplete)
+    {
+        content.status = FindImage(shape, place);
+    }
+    if (content.status == ZltApi::FrameStatusComplete)
+    {
+        content.width = shape.width;
+        content.height = shape.height;
+        content.pixelFormat = shape.pixelFormat;
     }
     SetContent(content, place.offset, place.size);
 }
 
-ZltApi::FrameStatus AravisFrame::FindImage(Content& content, Place& place)
+ZltApi::FrameStatus AravisFrame::FindImage(const ImageShape& shape, Place& place)
 {
-    ArvBuffer* const buffer = m_buffer.get();
-    const ArvBufferPayloadType payload = arv_buffer_get_payload_type(buffer);
-    if ((payload != ARV_BUFFER_PAYLOAD_TYPE_IMAGE && payload != ARV_BUFFER_PAYLOAD_TYPE_EXTENDED_CHUNK_DATA) ||
-        arv_buffer_get_n_parts(buffer) == 0)
-    {
-        return ZltApi::FrameStatusIncomplete;
-    }
     size_t size = 0;
-    const auto* const data = static_cast<const unsigned char*>(arv_buffer_get_image_data(buffer, &size));
+    const auto* const data = shape.Size() != 0
+                                 ? static_cast<const unsigned char*>(arv_buffer_get_image_data(m_buffer.get(), &size))
+                                 : nullptr;
     const auto offset = data != nullptr ? static_cast<std::uint64_t>(data - Data()) : Size() + 1;
     if (offset > Size() || size > Size() - offset)
     {
         return ZltApi::FrameStatusIncomplete;
     }
+    int padding = 0;
+    int linesBelow = 0;
+    arv_buffer_get_image_padding(m_buffer.get(), &padding, &linesBelow);
     // A camera that sends more or less than it says must not lead anybody behind the end of the image.
-    const ImageShape shape{static_cast<std::uint32_t>(arv_buffer_get_image_width(buffer)),
-                           static_cast<std::uint32_t>(arv_buffer_get_image_height(buffer)),
-                           arv_buffer_get_image_pixel_format(buffer)};
-    if (size < shape.Size())
+    const std::uint64_t needed =
+        shape.Size() + static_cast<std::uint64_t>(std::max(padding, 0)) * (shape.height - std::uint64_t{1});
+    if (size < needed)
     {
-        return shape.Size() > Size() ? ZltApi::FrameStatusTooSmall : ZltApi::FrameStatusIncomplete;
+        return needed > Size() ? ZltApi::FrameStatusTooSmall : ZltApi::FrameStatusIncomplete;
     }
-    content.width = shape.width;
-    content.height = shape.height;
-    content.pixelFormat = shape.pixelFormat;
     place = {offset, size};
+    if (padding > 0)
+    {
+        // Lines that end within a byte are packed one into the next, and leave no place for padding.
+        if (BytesOf(shape.width, shape.pixelFormat) * shape.height != shape.Size())
+        {
+            return ZltApi::FrameStatusInvalid;
+        }
+        RemovePadding(offset, shape, static_cast<std::uint64_t>(padding));
+        place.size = shape.Size();
+    }
     return ZltApi::FrameStatusComplete;
+}
+
+void AravisFrame::RemovePadding(std::uint64_t offset, const ImageShape& shape, std::uint64_t padding)
+{
+    const std::uint64_t line = shape.Size() / shape.height;
+    unsigned char* const image = Data() + offset;
+    for (std::uint64_t y = 1; y < shape.height; ++y)
+    {
+        std::memmove(image + y * line, image + y * (line + padding), line);
+    }
 }
 
 } // namespace GenICam

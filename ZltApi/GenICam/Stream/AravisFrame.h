@@ -40,8 +40,9 @@ private:
         std::uint64_t size = 0;
     };
 
-    // Fills in what a complete image is; leaves alone what is none and tells why.
-    ZltApi::FrameStatus FindImage(Content& content, Place& place);
+    // Finds a complete image and closes the gaps between its lines; tells why when there is none.
+    ZltApi::FrameStatus FindImage(const ImageShape& shape, Place& place);
+    void RemovePadding(std::uint64_t offset, const ImageShape& shape, std::uint64_t padding);
 
     const ObjectPtr<ArvBuffer> m_buffer;
     const ImageShape m_expected;

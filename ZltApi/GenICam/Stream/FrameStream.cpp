@@ -51,6 +51,25 @@ void RunCommand(Connection& connection, const char* name)
     }
 }
 
+// A camera that does not listen is not waited for, and one that refuses the first step may take the second.
+template <typename Step> void Try(const Step& step)
+{
+    try
+    {
+        step();
+    }
+    catch (const AravisError&)
+    {
+    }
+}
+
+// Under the lock of the connection.
+void EndAcquisition(Connection& connection)
+{
+    Try([&] { RunCommand(connection, "AcquisitionStop"); });
+    Try([&] { SetTransportLocked(connection.Device(), false); });
+}
+
 } // namespace
 
 FrameStream::~FrameStream()
@@ -146,12 +165,21 @@ ZltErrorType FrameStream::Stop()
         return ZltErrorInvalidCall;
     }
     const std::lock_guard control(m_control);
-    Teardown();
+    if (!Teardown())
+    {
+        // A program that died may have left the camera running.
+        m_connection.Run(
+            [&]
+            {
+                EndAcquisition(m_connection);
+                return ZltErrorSuccess;
+            });
+    }
     return ZltErrorSuccess;
 }
 
 // Under m_control.
-void FrameStream::Teardown()
+bool FrameStream::Teardown()
 {
     const ZltApi::IFrameObserverPtr forgotten = std::move(m_observer); // may hold the camera's last reference
     {
@@ -171,28 +199,21 @@ void FrameStream::Teardown()
     }
     if (!stream)
     {
-        return;
+        return false;
     }
     const std::lock_guard device(m_connection.Mutex());
     if (!m_connection.IsLost())
     {
-        try
-        {
-            RunCommand(m_connection, "AcquisitionStop");
-            SetTransportLocked(m_connection.Device(), false);
-        }
-        catch (const AravisError&)
-        {
-            // A camera that does not listen is not waited for; its stream ends here all the same.
-        }
+        EndAcquisition(m_connection);
     }
     if (m_connection.IsLost())
     {
         const std::lock_guard lock(m_mutex);
         m_ended = {m_frames, std::move(stream)}; // its end tells the camera, and waits for an answer that never comes
-        return;
+        return true;
     }
     stream.reset(); // waits for Aravis's thread, which needs m_mutex but never the camera's lock
+    return true;
 }
 
 void FrameStream::Release()

@@ -30,7 +30,8 @@ public:
 
     // Announces and queues the buffers, sets up the camera's stream and starts the acquisition.
     ZltErrorType Start(std::uint32_t bufferCount, ZltApi::IFrameObserverPtr observer);
-    // Waits for a running callback and forgets the observer. Does nothing without a stream. Refused within a callback.
+    // Waits for a running callback and forgets the observer. Without a stream it only tells the camera to stop, which
+    // another host may have left running. Refused within a callback.
     ZltErrorType Stop();
     // Takes back a frame that the observer has got since the last start, once.
     ZltErrorType Queue(const ZltApi::FramePtr& frame);
@@ -53,7 +54,7 @@ private:
     };
 
     ZltErrorType Prepare(std::uint32_t bufferCount);
-    void Teardown();
+    bool Teardown(); // false when there was no stream
     void Deliver(ZltApi::IFrameObserver& observer);
     AravisFramePtr Receive(ArvStream& stream);
     // Hands a buffer to Aravis. Under m_mutex.

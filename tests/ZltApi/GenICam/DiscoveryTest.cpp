@@ -77,19 +77,28 @@ TEST(GenICamDiscovery, HolderOfAUsbCamera)
 {
     const std::filesystem::path root =
         std::filesystem::temp_directory_path() / ("usb-devices-" + std::to_string(::getpid()));
-    for (const char* const device : {"2-1", "2-10"})
+    // Device, serial number, subclass and driver of its interface.
+    const char* const rows[][4] = {{"2-1", "S1", "05", "usb"},
+                                   {"2-10", "S10", "05", "usbfs"},
+                                   {"1-1", "S10", "05", "usb"},
+                                   {"1-2", "S1", "02", "usbfs"},
+                                   {"1-3", "stick", "06", "usbfs"}};
+    for (const auto& [device, serialNumber, subClass, driver] : rows)
     {
+        const std::filesystem::path interface = root / (std::string(device) + ":1.0");
         std::filesystem::create_directories(root / device);
-        std::ofstream(root / device / "serial") << "S" << device << "\n";
-        std::filesystem::create_directories(root / (std::string(device) + ":1.0"));
+        std::filesystem::create_directories(interface);
+        std::ofstream(root / device / "serial") << serialNumber << "\n";
+        std::ofstream(interface / "bInterfaceClass") << "ef\n";
+        std::ofstream(interface / "bInterfaceSubClass") << subClass << "\n";
+        std::filesystem::create_symlink(std::string("/sys/bus/usb/drivers/") + driver, interface / "driver");
     }
-    std::filesystem::create_symlink("/sys/bus/usb/drivers/usbfs", root / "2-10:1.0" / "driver");
-    std::filesystem::create_symlink("/sys/bus/usb/drivers/usb", root / "2-1:1.0" / "driver");
-    EXPECT_EQ(ControlState::Held, ReadUsbControlState("S2-10", root));
-    EXPECT_EQ(ControlState::Free, ReadUsbControlState("S2-1", root));
-    EXPECT_EQ(ControlState::Unknown, ReadUsbControlState("S3-1", root)) << "pulled out";
+    EXPECT_EQ(ControlState::Held, ReadUsbControlState("S10", root)) << "one of two";
+    EXPECT_EQ(ControlState::Free, ReadUsbControlState("S1", root)) << "the other device is no camera";
+    EXPECT_EQ(ControlState::Unknown, ReadUsbControlState("stick", root));
+    EXPECT_EQ(ControlState::Unknown, ReadUsbControlState("S3", root)) << "pulled out";
     EXPECT_EQ(ControlState::Free, ReadUsbControlState("", root)) << "has no number";
-    EXPECT_EQ(ControlState::Free, ReadUsbControlState("S2-10", root / "nowhere"));
+    EXPECT_EQ(ControlState::Free, ReadUsbControlState("S10", root / "nowhere"));
     std::filesystem::remove_all(root);
 }
 

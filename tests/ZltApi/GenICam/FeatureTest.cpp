@@ -51,10 +51,13 @@ TEST(GenICamFeature, ListInTheOrderOfTheCamera)
               "AcquisitionMode 3 rw\nAcquisitionStart 6 -w\nAcquisitionStop 6 -w\nAcquisitionFramePeriod 1 rw\n"
               "ExposureTimeAbs 2 rw\nGainRaw 1 rw\nSharpness 1 --\nDefectMaskEnable 5 rw\nDefectMode 3 rw\n"
               "DefectThreshold 2 rw\nDefectTable 7 rw\nDefectScan 6 -w\nFileOperationExecute 6 -w\n"
-              "FileAccessBuffer 7 rw\n",
+              "FileAccessBuffer 7 rw\n"
+              "Unreadable 2 r-\nChunkCounter 1 --\nImposedMode 3 r-\nTemperature 2 rw\nStepWithoutMinimum 2 rw\n"
+              "StopFails 1 rw\n",
               list);
     ZltApi::FeaturePtr none;
     EXPECT_EQ(ZltErrorNotFound, camera->GetFeatureByName("GainMissing", none)) << "described but not implemented";
+    EXPECT_EQ(ZltErrorNotFound, camera->GetFeatureByName("UnreadableCondition", none));
     EXPECT_EQ(ZltErrorNotFound, camera->GetFeatureByName("ExposureTime", none)) << "nothing is renamed";
     EXPECT_EQ(ZltErrorNotFound, camera->GetFeatureByName("DeviceControl", none)) << "a category";
     EXPECT_EQ(ZltErrorBadParameter, camera->GetFeatureByName(nullptr, none));
@@ -108,6 +111,14 @@ TEST(GenICamFeature, ValuesRangesAndRefusals)
     EXPECT_EQ(Good, std::get<0>(range("PayloadSize", Integer{}))) << "a formula without limits";
     EXPECT_EQ(std::tuple(Good, 10.0, 100000.0, Good, 10.0), range("ExposureTimeAbs", 0.0));
     EXPECT_EQ(ZltErrorNotSupported, std::get<3>(range("DefectThreshold", 0.0)));
+    EXPECT_EQ(ZltErrorNotSupported, std::get<3>(range("Temperature", 0.0))) << "a formula is no step";
+    double unreadable = 0.0;
+    EXPECT_EQ(ZltErrorUnexpectedFault, FeatureOf(*camera, "Unreadable")->GetValue(unreadable));
+    for (const auto& [name, value] : {std::pair("Temperature", 55.5), std::pair("StepWithoutMinimum", 2.75)})
+    {
+        EXPECT_EQ(ZltErrorSuccess, Set(camera, name, value));
+        EXPECT_DOUBLE_EQ(value, Get<double>(camera, name));
+    }
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "DefectThreshold", -0.1));
     EXPECT_EQ(-0.1, Get<double>(camera, "DefectThreshold"));
     EXPECT_EQ(ZltErrorSuccess, Set(camera, "DefectMaskEnable", true));

@@ -108,6 +108,28 @@ TEST(GenICamStream, KeepsTheRules)
     EXPECT_EQ(1, log.use_count()) << "a shutdown ends the stream";
 }
 
+// What a program leaves behind that dies while it streams, and what a stop leaves that the camera refuses.
+TEST(GenICamStream, NothingStaysLocked)
+{
+    Bench bench;
+    const ZltApi::CameraPtr camera = bench.Small();
+    Bytes running(4);
+    ASSERT_EQ(ZltErrorSuccess, camera->WriteMemory(0x124, {0, 0, 0, 1}));
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "TLParamsLocked", std::int64_t{1}));
+    EXPECT_FALSE(IsWritable(camera, "Width"));
+    EXPECT_EQ(ZltErrorSuccess, camera->StopContinuousImageAcquisition());
+    EXPECT_EQ(ZltErrorSuccess, camera->ReadMemory(0x124, running));
+    EXPECT_EQ(Bytes(4), running);
+    EXPECT_TRUE(IsWritable(camera, "Width"));
+    const auto log = std::make_shared<FrameLog>(camera);
+    ASSERT_EQ(ZltErrorSuccess, Start(camera, log));
+    ASSERT_TRUE(log->WaitFor(1));
+    ASSERT_EQ(ZltErrorSuccess, Set(camera, "StopFails", std::int64_t{1}));
+    EXPECT_NE(ZltErrorSuccess, RunCommand(camera, "AcquisitionStop"));
+    EXPECT_EQ(ZltErrorSuccess, camera->StopContinuousImageAcquisition());
+    EXPECT_TRUE(IsWritable(camera, "Width"));
+}
+
 TEST(GenICamStream, FrameNumbers)
 {
     const std::vector<std::uint64_t> rows[][2] = {
