@@ -1,12 +1,24 @@
-// A USB3 Vision camera in software: its registers, the packets of its control channel and those of its stream.
+// A USB3 Vision camera in software: its packets and registers, and the functions of libusb by which Aravis reaches it.
+// A program's own functions come before those of the library.
 #include "UsbCamera.h"
+
+#include <libusb.h>
 
 #include <algorithm>
 #include <chrono>
 #include <fstream>
 #include <iterator>
+#include <mutex>
+#include <string>
 #include <thread>
 #include <utility>
+#include <vector>
+
+// clang-format off
+struct libusb_context {} g_context;
+struct libusb_device {} g_device;
+struct libusb_device_handle {} g_handle;
+// clang-format on
 
 namespace GenICam
 {
@@ -14,233 +26,235 @@ namespace GenICam
 namespace
 {
 
-// The protocol's registers: those of every device, at fixed addresses, and through them those of USB3 Vision, of the
-// stream, and of the list of descriptions.
-constexpr std::uint64_t ManufacturerName = 0x0004;
-constexpr std::uint64_t ModelName = 0x0044;
-constexpr std::uint64_t ResponseTime = 0x01CC;
-constexpr std::uint64_t ManifestTableAddress = 0x01D0;
-constexpr std::uint64_t Usb3VisionAddress = 0x01D8;
-constexpr std::uint64_t Usb3Vision = 0x1000;
-constexpr std::uint64_t LongestCommand = Usb3Vision + 0x14;
-constexpr std::uint64_t LongestAcknowledge = Usb3Vision + 0x18;
-constexpr std::uint64_t StreamAddress = Usb3Vision + 0x20;
-constexpr std::uint64_t StreamInterface = 0x2000;
-constexpr std::uint64_t StreamControl = StreamInterface + 0x04;
-constexpr std::uint64_t PayloadSize = StreamInterface + 0x08;
-constexpr std::uint64_t LeaderSizeRegister = StreamInterface + 0x10;
-constexpr std::uint64_t TrailerSizeRegister = StreamInterface + 0x14;
-constexpr std::uint64_t ManifestTable = 0x3000;
-constexpr std::uint64_t Description = 0x10000;
-constexpr std::size_t MemorySize = 0x20000;
+using Bytes = std::vector<unsigned char>;
+using U8 = std::uint8_t;
+using U16 = std::uint16_t;
+using U32 = std::uint32_t;
+using U64 = std::uint64_t;
 
-constexpr std::uint64_t CommandMagic = 0x43563355; // "U3VC", and so on
-constexpr std::uint64_t LeaderMagic = 0x4C563355;
-constexpr std::uint64_t TrailerMagic = 0x54563355;
-constexpr std::uint64_t ReadMemory = 0x0800; // an acknowledge has the next number
-constexpr std::uint16_t StatusSuccess = 0;
-constexpr std::uint16_t StatusInvalidParameter = 0x8002;
-constexpr std::uint16_t StatusInvalidAddress = 0x8003;
-constexpr std::uint16_t StatusInvalidHeader = 0x800E;
-constexpr std::size_t HeaderSize = 12;     // bytes
-constexpr std::size_t LengthlessSize = 20; // header and address
-constexpr std::size_t LeaderSize = 52;
-constexpr std::size_t TrailerSize = 32;
-constexpr std::uint64_t ImagePayload = 1;
-constexpr std::uint64_t Mono8 = 0x01080001;
-constexpr std::uint32_t Height = 480;
-constexpr std::chrono::milliseconds FramePause{5};
+constexpr U64 ModelName = 0x0044;
+constexpr U64 ResponseTime = 0x01CC; // then where the manifest table and the registers for USB begin
+constexpr U64 UsbRegisters = 0x1000;
+constexpr U64 LongestCommand = UsbRegisters + 0x14; // then acknowledge, number of streams, their registers
+constexpr U64 StreamRegisters = 0x2000;
+constexpr U64 StreamControl = StreamRegisters + 0x04;
+constexpr U64 PayloadSize = StreamRegisters + 0x08; // then the sizes of leader and trailer
+constexpr U64 ManifestTable = 0x3000;
+constexpr U64 Description = 0x10000;
+constexpr U64 MemorySize = 0x20000;
+constexpr U32 CommandMagic = 0x43563355; // "U3VC"
+constexpr U32 LeaderMagic = 0x4C563355;  // "U3VL"
+constexpr U32 TrailerMagic = 0x54563355; // "U3VT"
+constexpr U16 ReadMemory = 0x0800;       // to write is 0x0802; an acknowledge has the next number
+constexpr U64 HeaderSize = 12;           // then an address
+constexpr U64 CommandSize = 20;          // then data, or 2 reserved bytes and a count
+constexpr U16 LeaderSize = 52;
+constexpr U16 TrailerSize = 32;
+constexpr U16 ImagePayload = 1;
+constexpr U32 Mono8 = 0x01080001;
+constexpr U32 Height = 480;
+enum Status : U16
+{
+    Success,
+    InvalidParameter = 0x8002,
+    InvalidAddress = 0x8003,
+    InvalidHeader = 0x800E
+};
 
-// Values and their sizes in bytes, one behind the other, in little-endian order.
-Bytes Pack(std::initializer_list<std::pair<std::uint64_t, std::size_t>> fields)
+template <typename... Numbers> Bytes LittleEndian(Numbers... numbers)
 {
     Bytes bytes;
-    for (const auto& [value, size] : fields)
-    {
-        for (std::size_t i = 0; i < size; ++i)
-        {
-            bytes.push_back(static_cast<unsigned char>(value >> (8 * i)));
-        }
-    }
+    const auto append = [&](U64 number, std::size_t size)
+    { std::generate_n(std::back_inserter(bytes), size, [&] { return std::exchange(number, number >> 8U) & 0xFFU; }); };
+    (append(numbers, sizeof(numbers)), ...);
     return bytes;
 }
 
-std::uint64_t Unpack(const Bytes& bytes, std::size_t at, std::size_t size)
+U64 Number(const Bytes& bytes, U64 at, U64 size)
 {
-    std::uint64_t value = 0;
-    for (std::size_t i = 0; i < size; ++i)
-    {
-        value |= std::uint64_t{bytes.at(at + i)} << (8 * i);
-    }
-    return value;
+    return size == 0 ? 0 : bytes.at(at) | Number(bytes, at + 1, size - 1) << 8U;
 }
 
-Bytes Text(const std::string& text)
+struct Camera
 {
-    return {text.begin(), text.end()};
-}
+    explicit Camera(const UsbBehaviour& given) : behaviour(given)
+    {
+        std::ifstream file(USB_DESCRIPTION, std::ios::binary);
+        const Bytes text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+        const U32 runs = behaviour.isLeftAcquiring ? 1 : 0;
+        Store(ModelName, {'U', 's', 'b', 'B', 'e', 'n', 'c', 'h'});
+        Store(ResponseTime, LittleEndian(U32{50}, ManifestTable, UsbRegisters));
+        Store(LongestCommand,
+              LittleEndian(behaviour.longestCommand, behaviour.longestAcknowledge, U32{1}, StreamRegisters));
+        Store(StreamControl, LittleEndian(runs, U64{0}, U32{LeaderSize}, U32{TrailerSize}));
+        Store(ManifestTable, LittleEndian(U64{1}, U32{0}, U32{0x01010000}, Description, U64{text.size()}));
+        Store(Description, text);
+        Store(WidthRegister, LittleEndian(behaviour.width, Height, runs, runs));
+    }
+
+    U64 Line() const { return Number(memory, WidthRegister, 4) + behaviour.linePadding; }
+
+    void Store(U64 address, const Bytes& data)
+    {
+        std::copy(data.begin(), data.end(), &memory.at(address));
+        const Bytes payload = LittleEndian(Line() * Height);
+        std::copy(payload.begin(), payload.end(), &memory[PayloadSize]);
+    }
+
+    void Command(const Bytes& packet)
+    {
+        const auto command = static_cast<U16>(Number(packet, 6, 2));
+        const U64 address = Number(packet, HeaderSize, 8);
+        const U64 count = command == ReadMemory ? Number(packet, CommandSize + 2, 2) : packet.size() - CommandSize;
+        const U64 expected = command == ReadMemory ? HeaderSize + count : 0;
+        const bool isWhole = Number(packet, 0, 4) == CommandMagic && packet.size() == HeaderSize + Number(packet, 8, 2);
+        const bool isShort = packet.size() <= behaviour.longestCommand && expected <= behaviour.longestAcknowledge;
+        const bool isThere = address <= MemorySize && count <= MemorySize - address;
+        const Status status = !isWhole   ? InvalidHeader
+                              : !isShort ? InvalidParameter
+                              : isThere  ? Success
+                                         : InvalidAddress;
+        Bytes answer = LittleEndian(U16{0}, static_cast<U16>(count));
+        if (status == Success && command == ReadMemory)
+        {
+            answer.assign(&memory[address], &memory[address] + count);
+        }
+        else if (status == Success)
+        {
+            Store(address, Bytes(packet.begin() + CommandSize, packet.end()));
+        }
+        acknowledge = LittleEndian(CommandMagic, status, static_cast<U16>(command + 1), static_cast<U16>(answer.size()),
+                                   static_cast<U16>(Number(packet, 10, 2)));
+        acknowledge.insert(acknowledge.end(), answer.begin(), answer.end());
+    }
+
+    // A leader, an image, a trailer, and so on; nothing while the camera stands still.
+    Bytes NextOfStream()
+    {
+        if (piece == 0 && Number(memory, StreamControl, 4) * Number(memory, AcquisitionRegister, 4) == 0)
+        {
+            return {};
+        }
+        piece = (piece + 1) % 3;
+        Bytes image(piece == 2 ? Line() * Height - frame % 2 * behaviour.missing : 0);
+        for (std::size_t i = 0; i < image.size(); ++i)
+        {
+            image[i] = UsbPixel(frame, i % Line(), i / Line());
+        }
+        // What is 0 is reserved, the time, the place on the sensor, or a status.
+        return piece == 2   ? image
+               : piece == 1 ? LittleEndian(LeaderMagic, U16{0}, LeaderSize, frame, U16{0}, ImagePayload, U64{0}, Mono8,
+                                           static_cast<U32>(Line()) - behaviour.linePadding, Height, U64{0},
+                                           behaviour.linePadding, U16{0})
+                            : LittleEndian(TrailerMagic, U16{0}, TrailerSize, frame++, U32{0}, Line() * Height, Height);
+    }
+
+    UsbBehaviour behaviour;
+    Bytes memory = Bytes(MemorySize);
+    Bytes acknowledge; // empty when it has been fetched
+    int piece = 0;     // of the frame
+    U64 frame = 0;
+};
+
+std::mutex g_mutex;
+std::optional<Camera> g_camera;
+
+constexpr unsigned char ControlEndpoint = 1;
+constexpr unsigned char StreamEndpoint = 2;
+constexpr const char* Texts[] = {"", "Test", "UsbBench", "",
+                                 "0123456789AB"}; // maker, model, serial number, unique number
+libusb_device_descriptor g_descriptor{18, LIBUSB_DT_DEVICE, 0x0320, 0xEF, 2, 1, 9, 0, 0, 0, 1, 2, 3, 1};
+const Bytes g_information{20, 0x24, 1, 0, 0, 0, 0, 0, 0, 0, 0, 4, 0, 0, 0, 0, 0, 0, 0, 0};
+const libusb_endpoint_descriptor g_endpoints[] = {
+    {7, LIBUSB_DT_ENDPOINT, LIBUSB_ENDPOINT_IN | ControlEndpoint, 2, 1024, 0, 0, 0, nullptr, 0},
+    {7, LIBUSB_DT_ENDPOINT, LIBUSB_ENDPOINT_IN | StreamEndpoint, 2, 1024, 0, 0, 0, nullptr, 0}};
+const libusb_interface_descriptor g_descriptors[] = {
+    {9, LIBUSB_DT_INTERFACE, 0, 0, 1, 0xEF, 5, 0, 0, &g_endpoints[0], g_information.data(), 20},
+    {9, LIBUSB_DT_INTERFACE, 1, 0, 1, 0xEF, 5, 2, 0, &g_endpoints[1], nullptr, 0}};
+const libusb_interface g_interfaces[] = {{&g_descriptors[0], 1}, {&g_descriptors[1], 1}};
+libusb_config_descriptor g_configuration{9, LIBUSB_DT_CONFIG, 0, 2, 1, 0, 0x80, 0, g_interfaces, nullptr, 0};
 
 } // namespace
 
-UsbCamera::UsbCamera(UsbBehaviour behaviour) : m_behaviour(std::move(behaviour)), m_memory(MemorySize)
+void Plug(const std::optional<UsbBehaviour>& camera)
 {
-    std::ifstream file(m_behaviour.description, std::ios::binary);
-    const Bytes description{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    const std::uint64_t acquires = m_behaviour.isLeftAcquiring ? 1 : 0;
-    Store(ManufacturerName, Text(UsbManufacturer));
-    Store(ModelName, Text(UsbModel));
-    Store(ResponseTime, Pack({{50, 4}})); // milliseconds
-    Store(ManifestTableAddress, Pack({{ManifestTable, 8}}));
-    Store(Usb3VisionAddress, Pack({{Usb3Vision, 8}}));
-    Store(LongestCommand, Pack({{m_behaviour.longestCommand, 4}}));
-    Store(LongestAcknowledge, Pack({{m_behaviour.longestAcknowledge, 4}}));
-    Store(StreamAddress, Pack({{StreamInterface, 8}}));
-    Store(LeaderSizeRegister, Pack({{LeaderSize, 4}}));
-    Store(TrailerSizeRegister, Pack({{TrailerSize, 4}}));
-    // One description, of schema 1.1, not compressed.
-    Store(ManifestTable, Pack({{1, 8}, {0x01000000, 4}, {0x01010000, 4}, {Description, 8}, {description.size(), 8}}));
-    Store(Description, description);
-    Store(HeightRegister, Pack({{Height, 4}}));
-    Store(AcquisitionRegister, Pack({{acquires, 4}}));
-    Store(LockRegister, Pack({{acquires, 4}}));
-    Store(StreamControl, Pack({{acquires, 4}}));
-    Store(WidthRegister, Pack({{m_behaviour.width, 4}}));
+    const std::lock_guard lock(g_mutex);
+    g_camera = camera ? std::make_optional<Camera>(*camera) : std::nullopt;
 }
 
-unsigned char UsbCamera::Pixel(std::uint64_t frame, std::size_t x, std::size_t y)
+unsigned char UsbPixel(std::uint64_t frame, std::uint64_t x, std::uint64_t y)
 {
     return static_cast<unsigned char>(frame + x + 3 * y);
 }
 
-std::uint64_t UsbCamera::Register(std::uint64_t address, std::size_t size) const
-{
-    return Unpack(m_memory, address, size);
-}
-
-void UsbCamera::Store(std::uint64_t address, const Bytes& data)
-{
-    if (address > m_memory.size() || data.size() > m_memory.size() - address)
-    {
-        throw std::out_of_range("behind the camera's memory");
-    }
-    std::copy(data.begin(), data.end(), m_memory.begin() + static_cast<std::ptrdiff_t>(address));
-    if (address == StreamControl)
-    {
-        m_stream.clear();
-        m_frame = 0;
-    }
-    if (address == WidthRegister)
-    {
-        const std::uint64_t line = Register(WidthRegister, 4) + m_behaviour.linePadding;
-        Store(PayloadSize, Pack({{line * Register(HeightRegister, 4), 8}}));
-    }
-}
-
-std::uint16_t UsbCamera::Execute(const Bytes& packet, bool isRead, Bytes& answer)
-{
-    if (packet.size() < LengthlessSize + (isRead ? 4 : 0) || Unpack(packet, 0, 4) != CommandMagic ||
-        packet.size() != HeaderSize + Unpack(packet, 8, 2))
-    {
-        return StatusInvalidHeader;
-    }
-    const std::uint64_t address = Unpack(packet, HeaderSize, 8);
-    const std::size_t count = isRead ? Unpack(packet, LengthlessSize + 2, 2) : packet.size() - LengthlessSize;
-    if (packet.size() > m_behaviour.longestCommand || (isRead && HeaderSize + count > m_behaviour.longestAcknowledge))
-    {
-        return StatusInvalidParameter;
-    }
-    if (address > m_memory.size() || count > m_memory.size() - address)
-    {
-        return StatusInvalidAddress;
-    }
-    if (isRead)
-    {
-        const auto begin = m_memory.begin() + static_cast<std::ptrdiff_t>(address);
-        answer.assign(begin, begin + static_cast<std::ptrdiff_t>(count));
-        return StatusSuccess;
-    }
-    Store(address, Bytes(packet.begin() + LengthlessSize, packet.end()));
-    answer = Pack({{0, 2}, {count, 2}});
-    return StatusSuccess;
-}
-
-void UsbCamera::Command(const Bytes& packet)
-{
-    const std::lock_guard lock(m_mutex);
-    const std::uint64_t command = Unpack(packet, 6, 2);
-    Bytes answer;
-    const std::uint16_t status = Execute(packet, command == ReadMemory, answer);
-    m_acknowledge =
-        Pack({{CommandMagic, 4}, {status, 2}, {command + 1, 2}, {answer.size(), 2}, {Unpack(packet, 10, 2), 2}});
-    m_acknowledge.insert(m_acknowledge.end(), answer.begin(), answer.end());
-}
-
-Bytes UsbCamera::Acknowledge()
-{
-    const std::lock_guard lock(m_mutex);
-    return std::exchange(m_acknowledge, {});
-}
-
-void UsbCamera::BeginFrame()
-{
-    const std::size_t width = Register(WidthRegister, 4);
-    const std::size_t height = Register(HeightRegister, 4);
-    Bytes image;
-    image.reserve(Register(PayloadSize, 8));
-    for (std::size_t y = 0; y < height; ++y)
-    {
-        for (std::size_t x = 0; x < width; ++x)
-        {
-            image.push_back(Pixel(m_frame, x, y));
-        }
-        image.resize(image.size() + m_behaviour.linePadding);
-    }
-    image.resize(image.size() - (m_frame % 2 == 0 ? 0 : m_behaviour.missing));
-    // Here and there something reserved, the time, and where the image begins on the sensor.
-    m_stream.push_back(Pack({{LeaderMagic, 4},
-                             {0, 2},
-                             {LeaderSize, 2},
-                             {m_frame, 8},
-                             {0, 2},
-                             {ImagePayload, 2},
-                             {0, 8},
-                             {Mono8, 4},
-                             {width, 4},
-                             {height, 4},
-                             {0, 4},
-                             {0, 4},
-                             {m_behaviour.linePadding, 2},
-                             {0, 2}}));
-    const std::size_t size = image.size();
-    m_stream.push_back(std::move(image));
-    m_stream.push_back(
-        Pack({{TrailerMagic, 4}, {0, 2}, {TrailerSize, 2}, {m_frame, 8}, {0, 4}, {size, 8}, {height, 4}}));
-    ++m_frame;
-}
-
-Bytes UsbCamera::StreamData(std::size_t length)
-{
-    std::unique_lock lock(m_mutex);
-    if (m_stream.empty())
-    {
-        lock.unlock();
-        std::this_thread::sleep_for(FramePause);
-        lock.lock();
-        if (Register(StreamControl, 4) == 0 || Register(AcquisitionRegister, 4) == 0)
-        {
-            return {};
-        }
-        BeginFrame();
-    }
-    Bytes& piece = m_stream.front();
-    const auto end = piece.begin() + static_cast<std::ptrdiff_t>(std::min(length, piece.size()));
-    Bytes data(piece.begin(), end);
-    piece.erase(piece.begin(), end);
-    if (piece.empty())
-    {
-        m_stream.pop_front();
-    }
-    return data;
-}
-
 } // namespace GenICam
+
+using namespace GenICam;
+
+// clang-format off
+int libusb_init(libusb_context** context) { *context = &g_context; return 0; }
+void libusb_exit(libusb_context*) {}
+void libusb_free_device_list(libusb_device**, int) {}
+int libusb_get_device_descriptor(libusb_device*, libusb_device_descriptor* result) { *result = g_descriptor; return 0; }
+int libusb_get_config_descriptor(libusb_device*, U8, libusb_config_descriptor** result) { *result = &g_configuration; return 0; }
+void libusb_free_config_descriptor(libusb_config_descriptor*) {}
+int libusb_open(libusb_device*, libusb_device_handle** handle) { *handle = &g_handle; return 0; }
+void libusb_close(libusb_device_handle*) {}
+int libusb_set_auto_detach_kernel_driver(libusb_device_handle*, int) { return 0; }
+int libusb_release_interface(libusb_device_handle*, int) { return 0; }
+int libusb_clear_halt(libusb_device_handle*, unsigned char) { return 0; }
+int libusb_control_transfer(libusb_device_handle*, U8, U8, U16, U16, unsigned char*, U16, unsigned) { return 0; }
+int libusb_hotplug_register_callback(libusb_context*, int, int, int, int, int, libusb_hotplug_callback_fn, void*, int*) { return 0; }
+void libusb_hotplug_deregister_callback(libusb_context*, int) {}
+// clang-format on
+
+int libusb_handle_events_timeout(libusb_context*, timeval*)
+{
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    return 0;
+}
+
+ssize_t libusb_get_device_list(libusb_context*, libusb_device*** list)
+{
+    static libusb_device* devices[] = {&g_device, nullptr};
+    *list = devices;
+    const std::lock_guard lock(g_mutex);
+    return g_camera ? 1 : 0;
+}
+
+int libusb_get_string_descriptor_ascii(libusb_device_handle*, U8 index, unsigned char* data, int length)
+{
+    const std::string text = std::string(Texts[index]).substr(0, static_cast<std::size_t>(length) - 1);
+    std::copy_n(text.c_str(), text.size() + 1, data);
+    return static_cast<int>(text.size());
+}
+
+int libusb_claim_interface(libusb_device_handle*, int)
+{
+    const std::lock_guard lock(g_mutex);
+    return g_camera && g_camera->behaviour.isBusy ? LIBUSB_ERROR_BUSY : 0;
+}
+
+int libusb_bulk_transfer(libusb_device_handle*, unsigned char endpoint, unsigned char* data, int length, int* done,
+                         unsigned)
+{
+    const bool isStream = endpoint == (LIBUSB_ENDPOINT_IN | StreamEndpoint);
+    std::this_thread::sleep_for(std::chrono::milliseconds(isStream ? 2 : 0));
+    const std::lock_guard lock(g_mutex);
+    if (!g_camera)
+    {
+        return LIBUSB_ERROR_NO_DEVICE;
+    }
+    *done = length;
+    if (endpoint == ControlEndpoint)
+    {
+        g_camera->Command(Bytes(data, data + length));
+        return 0;
+    }
+    const Bytes packet = isStream ? g_camera->NextOfStream() : std::exchange(g_camera->acknowledge, {});
+    *done = std::min(length, static_cast<int>(packet.size()));
+    std::copy_n(packet.begin(), *done, data);
+    return packet.empty()                                  ? LIBUSB_ERROR_TIMEOUT
+           : packet.size() > static_cast<unsigned>(length) ? LIBUSB_ERROR_OVERFLOW
+                                                           : 0;
+}
