@@ -1,15 +1,15 @@
 // A USB3 Vision camera in software, below libusb's interface.
 #pragma once
 
-#include <cstdint>
+#include "../ProviderTools.h"
+
 #include <optional>
 
 namespace GenICam
 {
 
-constexpr std::uint64_t WidthRegister = 0x5000;
-constexpr std::uint64_t AcquisitionRegister = 0x5008;
-constexpr std::uint64_t FreeMemory = 0x8000; // as much as anybody needs
+constexpr std::uint64_t WidthRegister = 0x5000; // then height, acquisition and lock, 4 bytes each
+constexpr std::uint64_t AcquisitionRegister = WidthRegister + 8;
 
 struct UsbBehaviour
 {
@@ -24,6 +24,7 @@ struct UsbBehaviour
 
 // From now on this camera is on the bus, or none.
 void Plug(const std::optional<UsbBehaviour>& camera);
-unsigned char UsbPixel(std::uint64_t frame, std::uint64_t x, std::uint64_t y);
+// So many bytes of an image, in lines of that length.
+ProviderTest::Bytes UsbImage(std::uint64_t frame, std::uint64_t size, std::uint64_t line);
 
 } // namespace GenICam

@@ -1,5 +1,4 @@
 // USB3 Vision cameras, from the bus up.
-#include "../ProviderTools.h"
 #include "FakeCamera.h"
 #include "UsbCamera.h"
 
@@ -7,15 +6,12 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-
 namespace GenICam
 {
 
 using namespace ProviderTest;
 
-namespace
-{
+constexpr std::uint64_t FreeMemory = 0x8000; // 32 kB
 
 struct UsbBench
 {
@@ -27,31 +23,27 @@ struct UsbBench
         camera = cameras.at(cameras.size() - 1); // those on networks come first
         EXPECT_EQ(opened, camera->Open(ZltApi::AccessModeFull));
     }
-    ~UsbBench() { provider.Shutdown(); }
 
     EventLog events;
     GenICamProvider provider;
     ZltApi::CameraPtr camera;
 };
 
-} // namespace
-
-TEST(GenICamUsb, Identity)
+TEST(GenICamUsb, OpensAndOpensAgain)
 {
     UsbBench bench;
     std::string text;
     ZltApi::TransportLayerPtr layer;
     ASSERT_EQ(ZltErrorSuccess, bench.camera->GetTransportLayer(layer));
     EXPECT_EQ("KTR USB3 Vision", (layer->GetName(text), text));
-    EXPECT_EQ("Test-0123456789AB-", (bench.camera->GetID(text), text));
-    EXPECT_EQ("UsbBench", Get<std::string>(bench.camera, "DeviceModelName"));
+    EXPECT_EQ(640, Get<std::int64_t>(bench.camera, "Width"));
     EXPECT_EQ(ZltErrorSuccess, Set(bench.camera, "Width", std::int64_t{0x0123}));
     Bytes bytes(4);
     EXPECT_EQ(ZltErrorSuccess, bench.camera->ReadMemory(WidthRegister, bytes));
     EXPECT_EQ((Bytes{0x23, 0x01, 0, 0}), bytes);
-    ASSERT_EQ(ZltErrorSuccess, bench.camera->Close());
+    EXPECT_EQ(ZltErrorSuccess, bench.camera->Close());
     EXPECT_EQ(ZltErrorDeviceNotOpen, bench.camera->ReadMemory(WidthRegister, bytes));
-    ASSERT_EQ(ZltErrorSuccess, bench.camera->Open(ZltApi::AccessModeFull));
+    EXPECT_EQ(ZltErrorSuccess, bench.camera->Open(ZltApi::AccessModeFull));
     EXPECT_EQ(0x0123, Get<std::int64_t>(bench.camera, "Width"));
 }
 
@@ -62,21 +54,16 @@ TEST(GenICamUsb, MemoryRoundTheLimits)
         UsbBench bench({longestCommand, 1024});
         for (const std::size_t length : {1U, 3U, 1003U, 1004U, 1005U, 1012U, 2000U, 20000U})
         {
+            SCOPED_TRACE(testing::Message() << length << " bytes, commands of " << longestCommand);
+            const Bytes data = UsbImage(1, length, 251);
             Bytes expected(length + 2); // with a neighbour on either side
-            for (std::size_t i = 1; i <= length; ++i)
-            {
-                expected[i] = static_cast<unsigned char>(i * 7 + i / 256 + 1);
-            }
-            const Bytes data(expected.begin() + 1, expected.end() - 1);
-            EXPECT_EQ(ZltErrorSuccess, bench.camera->WriteMemory(FreeMemory + 1, data)) << length;
+            std::copy(data.begin(), data.end(), expected.begin() + 1);
+            EXPECT_EQ(ZltErrorSuccess, bench.camera->WriteMemory(FreeMemory + 1, data));
             Bytes all(length + 2);
-            EXPECT_EQ(ZltErrorSuccess, bench.camera->ReadMemory(FreeMemory, all)) << length;
-            EXPECT_TRUE(expected == all) << length << " bytes, commands of " << longestCommand;
-            if (length == 2000)
-            {
-                EXPECT_EQ(ZltErrorSuccess, Set(bench.camera, "FileAccessBuffer", data));
-                EXPECT_TRUE(data == Get<Bytes>(bench.camera, "FileAccessBuffer"));
-            }
+            EXPECT_EQ(ZltErrorSuccess, bench.camera->ReadMemory(FreeMemory, all));
+            EXPECT_TRUE(expected == all);
+            EXPECT_TRUE(length != 2000 || (Set(bench.camera, "FileAccessBuffer", data) == ZltErrorSuccess &&
+                                           Get<Bytes>(bench.camera, "FileAccessBuffer") == data));
         }
     }
 }
@@ -84,7 +71,7 @@ TEST(GenICamUsb, MemoryRoundTheLimits)
 TEST(GenICamUsb, Streams)
 {
     for (const UsbBehaviour& row :
-         {UsbBehaviour(), UsbBehaviour{1024, 1024, 638, 2}, UsbBehaviour{1024, 1024, 640, 0, 1024}})
+         {UsbBehaviour{}, UsbBehaviour{1024, 1024, 638, 2}, UsbBehaviour{1024, 1024, 640, 0, 1024}})
     {
         UsbBench bench(row);
         const auto log = std::make_shared<FrameLog>(bench.camera);
@@ -95,13 +82,8 @@ TEST(GenICamUsb, Streams)
         {
             const bool isWhole = row.missing == 0 || frame.id % 2 == 0;
             EXPECT_EQ(isWhole ? ZltApi::FrameStatusComplete : ZltApi::FrameStatusIncomplete, frame.status) << frame.id;
-            std::size_t same = 0;
-            for (std::size_t i = 0; i < frame.image.size(); ++i)
-            {
-                same += frame.image[i] == UsbPixel(frame.id, i % row.width, i / row.width) ? 1U : 0U;
-            }
-            EXPECT_TRUE(!isWhole || (same == row.width * 480 && same == frame.image.size()))
-                << row.width << " " << same;
+            EXPECT_TRUE(!isWhole || frame.image == UsbImage(frame.id, row.width * 480, row.width))
+                << row.width << " pixels a line, frame " << frame.id;
         }
     }
 }
@@ -131,7 +113,7 @@ TEST(GenICamUsb, LeftAcquiringByAnotherHost)
     UsbBench bench({1024, 1024, 640, 0, 0, false, true});
     EXPECT_FALSE(IsWritable(bench.camera, "Width"));
     ASSERT_EQ(ZltErrorSuccess, bench.camera->StopContinuousImageAcquisition());
-    Bytes acquisition(4, 1);
+    Bytes acquisition(4);
     EXPECT_EQ(ZltErrorSuccess, bench.camera->ReadMemory(AcquisitionRegister, acquisition));
     EXPECT_EQ(Bytes(4), acquisition);
     EXPECT_EQ(ZltErrorSuccess, Set(bench.camera, "Width", std::int64_t{512}));
