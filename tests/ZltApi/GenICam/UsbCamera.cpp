@@ -1,5 +1,4 @@
-// A USB3 Vision camera in software: its packets and registers, and the functions of libusb by which Aravis reaches it.
-// A program's own functions come before those of the library.
+// A USB3 Vision camera in software: its packets, its registers, and the functions of libusb by which Aravis reaches it.
 #include "UsbCamera.h"
 
 #include <libusb.h>
@@ -15,6 +14,7 @@ namespace
 using namespace GenICam;
 using namespace std::chrono_literals;
 using ProviderTest::Bytes;
+using U8 = std::uint8_t;
 using U16 = std::uint16_t;
 using U32 = std::uint32_t;
 using U64 = std::uint64_t;
@@ -102,16 +102,14 @@ struct Camera
         acknowledge.insert(acknowledge.end(), answer.begin(), answer.end());
     }
 
-    // A leader, an image, a trailer, and so on; nothing while the camera stands still. What is 0 in them is reserved,
-    // the time, the place on the sensor, or a status.
+    // A leader, an image, a trailer, and so on; nothing while it stands still. What is 0 is reserved or does not
+    // matter.
     Bytes NextOfStream()
     {
-        if (piece == 0 && (Number(memory, StreamControl, 4) == 0 || Number(memory, AcquisitionRegister, 4) == 0))
-        {
-            return {};
-        }
-        piece = (piece + 1) % 3;
-        return piece == 1   ? LittleEndian(LeaderMagic, U16{0}, LeaderSize, frame, U16{0}, ImagePayload, U64{0}, Mono8,
+        const bool runs = Number(memory, StreamControl, 4) != 0 && Number(memory, AcquisitionRegister, 4) != 0;
+        piece = piece % 3 != 0 || runs ? piece % 3 + 1 : 0;
+        return piece == 0   ? Bytes()
+               : piece == 1 ? LittleEndian(LeaderMagic, U16{0}, LeaderSize, frame, U16{0}, ImagePayload, U64{0}, Mono8,
                                            Width(), Height, U64{0}, behaviour.linePadding, U16{0})
                : piece == 2 ? UsbImage(frame, Line() * Height - frame % 2 * behaviour.missing, Line())
                             : LittleEndian(TrailerMagic, U16{0}, TrailerSize, frame++, U32{0}, Line() * Height, Height);
@@ -120,7 +118,7 @@ struct Camera
     UsbBehaviour behaviour;
     Bytes memory = Bytes(0x20000);
     Bytes acknowledge; // empty when it has been fetched
-    int piece = 0;     // of the frame
+    int piece = 0;     // of the frame, from 1 on
     U64 frame = 0;
 };
 
@@ -144,7 +142,7 @@ const libusb_interface_descriptor Descriptors[] = {
     {9, LIBUSB_DT_INTERFACE, 0, 0, 1, 0xEF, 5, 0, 0, &Endpoints[0], Information.data(), 20},
     {9, LIBUSB_DT_INTERFACE, 1, 0, 1, 0xEF, 5, 2, 0, &Endpoints[1], nullptr, 0}};
 const libusb_interface Interfaces[] = {{&Descriptors[0], 1}, {&Descriptors[1], 1}};
-libusb_config_descriptor g_configuration{9, LIBUSB_DT_CONFIG, 0, 2, 1, 0, 0x80, 0, Interfaces, nullptr, 0};
+libusb_config_descriptor g_setup{9, LIBUSB_DT_CONFIG, 0, 2, 1, 0, 0x80, 0, Interfaces, nullptr, 0};
 constexpr libusb_device_descriptor Device{18, LIBUSB_DT_DEVICE, 0x0320, 0xEF, 2, 1, 9, 0, 0, 0, 1, 2, 3, 1};
 
 } // namespace
@@ -174,23 +172,25 @@ libusb_device* g_devices[] = {&g_device, nullptr};
 int libusb_init(libusb_context** context) { *context = &g_context; return 0; }
 void libusb_exit(libusb_context*) {}
 int libusb_handle_events_timeout(libusb_context*, timeval*) { std::this_thread::sleep_for(10ms); return 0; }
-int libusb_hotplug_register_callback(libusb_context*, int, int, int, int, int, libusb_hotplug_callback_fn, void*, int*) { return 0; }
+int libusb_hotplug_register_callback(libusb_context*, int, int, int, int, int, libusb_hotplug_callback_fn, void*,
+                                     int*) { return 0; }
 void libusb_hotplug_deregister_callback(libusb_context*, int) {}
 ssize_t libusb_get_device_list(libusb_context*, libusb_device*** list) { *list = g_devices; return Plugged() ? 1 : 0; }
 void libusb_free_device_list(libusb_device**, int) {}
 int libusb_get_device_descriptor(libusb_device*, libusb_device_descriptor* result) { *result = Device; return 0; }
-int libusb_get_config_descriptor(libusb_device*, std::uint8_t, libusb_config_descriptor** result) { *result = &g_configuration; return 0; }
+int libusb_get_config_descriptor(libusb_device*, U8, libusb_config_descriptor** to) { *to = &g_setup; return 0; }
 void libusb_free_config_descriptor(libusb_config_descriptor*) {}
 int libusb_open(libusb_device*, libusb_device_handle** handle) { *handle = &g_handle; return 0; }
 void libusb_close(libusb_device_handle*) {}
 int libusb_set_auto_detach_kernel_driver(libusb_device_handle*, int) { return 0; }
-int libusb_claim_interface(libusb_device_handle*, int) { return Plugged().value_or(UsbBehaviour()).isBusy ? LIBUSB_ERROR_BUSY : 0; }
+int libusb_claim_interface(libusb_device_handle*, int) { return Plugged().value_or(UsbBehaviour()).isBusy
+                                                               ? LIBUSB_ERROR_BUSY : 0; }
 int libusb_release_interface(libusb_device_handle*, int) { return 0; }
 int libusb_clear_halt(libusb_device_handle*, unsigned char) { return 0; }
-int libusb_control_transfer(libusb_device_handle*, std::uint8_t, std::uint8_t, U16, U16, unsigned char*, U16, unsigned) { return 0; }
+int libusb_control_transfer(libusb_device_handle*, U8, U8, U16, U16, unsigned char*, U16, unsigned) { return 0; }
 // clang-format on
 
-int libusb_get_string_descriptor_ascii(libusb_device_handle*, std::uint8_t index, unsigned char* data, int length)
+int libusb_get_string_descriptor_ascii(libusb_device_handle*, U8 index, unsigned char* data, int length)
 {
     const std::string text = Texts[index].substr(0, static_cast<std::size_t>(length) - 1);
     std::copy_n(text.c_str(), text.size() + 1, data);
