@@ -69,6 +69,7 @@ struct Camera
         Write(StreamControl, LittleEndian(runs, U64{0}, U32{LeaderSize}, U32{TrailerSize}));
         Write(ManifestTable, LittleEndian(U64{1}, U32{0}, U32{0x01010000}, Description, U64{text.size()}));
         Write(Description, text);
+        Write(FreeMemory, Bytes(Description - FreeMemory, MemoryFill));
         Write(WidthRegister, LittleEndian(behaviour.width, Height, runs, runs));
     }
 

@@ -10,6 +10,8 @@ namespace GenICam
 
 constexpr std::uint64_t WidthRegister = 0x5000; // then height, acquisition and lock, 4 bytes each
 constexpr std::uint64_t AcquisitionRegister = WidthRegister + 8;
+constexpr std::uint64_t FreeMemory = 0x8000; // 32 kB
+constexpr unsigned char MemoryFill = 0xA5;
 
 struct UsbBehaviour
 {

@@ -11,8 +11,6 @@ namespace GenICam
 
 using namespace ProviderTest;
 
-constexpr std::uint64_t FreeMemory = 0x8000; // 32 kB
-
 struct UsbBench
 {
     explicit UsbBench(const UsbBehaviour& behaviour = {}, ZltErrorType opened = ZltErrorSuccess)
@@ -55,8 +53,7 @@ TEST(GenICamUsb, MemoryRoundTheLimits)
         {
             SCOPED_TRACE(testing::Message() << length << " bytes, commands of " << longestCommand);
             const Bytes data = UsbImage(1, length, 251);
-            Bytes expected(length + 2, 0xA5); // with a neighbour on either side
-            EXPECT_EQ(ZltErrorSuccess, bench.camera->WriteMemory(FreeMemory, expected));
+            Bytes expected(length + 2, MemoryFill); // with a neighbour on either side
             std::copy(data.begin(), data.end(), expected.begin() + 1);
             EXPECT_EQ(ZltErrorSuccess, bench.camera->WriteMemory(FreeMemory + 1, data));
             Bytes all(length + 2);
