@@ -6,6 +6,7 @@
 #include "BottomPanel.h"
 #include "CameraOptionPanel.h"
 #include "CamerasInfoWriterReader.h"
+#include "CaptionClick.h"
 #include "CustomLabelView.h"
 #include "CustomListView.h"
 #include "KeyEnterReceiver.h"
@@ -27,6 +28,8 @@
 #include <QThread>
 #include <QTranslator>
 #include <QTreeView>
+
+#include <algorithm>
 
 namespace
 {
@@ -52,6 +55,15 @@ void StyleWindowButton(QWidget& button, const char* icon, const char* hover)
                                         "QPushButton:hover{background-color:%2;}"
                                         "QPushButton:focus{border-color:rgb(47,128,237);}")
                              .arg(QLatin1String(icon), QLatin1String(hover)));
+}
+
+QList<QLabel*> CaptionsOf(const QWidget& toolBar)
+{
+    QList<QLabel*> captions = toolBar.findChildren<QLabel*>();
+    captions.erase(
+        std::remove_if(captions.begin(), captions.end(), [](const QLabel* label) { return label->buddy() == nullptr; }),
+        captions.end());
+    return captions;
 }
 
 } // namespace
@@ -167,6 +179,11 @@ void MainWindow::PlaceChildren()
     m_ui->leftGridLayout_2->addWidget(m_cameraListPanel, 0, 0, Qt::AlignTop);
     setWindowIcon(QIcon(QStringLiteral(":/icons/resources/logo-taskbar.png")));
     installEventFilter(m_keyReceiver.get());
+    auto* const captionClick = new CaptionClick(this);
+    for (QLabel* caption : CaptionsOf(*m_ui->widget))
+    {
+        caption->installEventFilter(captionClick);
+    }
     m_optionPanel->hide();
     m_overviewPanel->hide();
     m_rightPanel->hide();
@@ -258,14 +275,10 @@ void MainWindow::SetStrings()
     m_ui->aboutQtButton->setText(tr("About Qt"));
 
     // What the captions say to the eye.
-    m_ui->cameraListButton->setAccessibleName(m_ui->labelCameras->text());
-    m_ui->importButton->setAccessibleName(m_ui->labelImport->text());
-    m_ui->cameraOptionsButton->setAccessibleName(m_ui->labelOptions->text());
-    m_ui->supportButton->setAccessibleName(m_ui->labelSupport->text());
-    m_ui->mouseRectAddButton->setAccessibleName(m_ui->labelSelect->text());
-    m_ui->mouseGrabButton->setAccessibleName(m_ui->labelGrab->text());
-    m_ui->mouseRubber->setAccessibleName(m_ui->labelErase->text());
-    m_ui->pixelListButton->setAccessibleName(m_ui->labelPixelList->text());
+    for (const QLabel* caption : CaptionsOf(*m_ui->widget))
+    {
+        caption->buddy()->setAccessibleName(caption->text());
+    }
 
     ShowDetectionWarning();
 }

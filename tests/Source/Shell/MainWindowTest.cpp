@@ -69,12 +69,19 @@ TEST_F(MainWindowTest, ExactlyOneToolIsDownAndCannotBeReleased)
     const Case cases[] = {{Qt::Key_1, "mouseRectAddButton", "labelSelect", Qt::CrossCursor},
                           {Qt::Key_2, "mouseGrabButton", "labelGrab", Qt::OpenHandCursor},
                           {Qt::Key_3, "mouseRubber", "labelErase", Qt::CrossCursor}};
-    for (const bool byKey : {true, false})
+    enum class Way
+    {
+        Key,
+        Button,
+        Caption
+    };
+    for (const Way way : {Way::Key, Way::Button, Way::Caption})
     {
         for (const Case& now : cases)
         {
             SCOPED_TRACE(now.button);
-            byKey ? QTest::keyClick(Find<QWidget>("graphicsView"), now.key) : Click(now.button);
+            way == Way::Key ? QTest::keyClick(Find<QWidget>("graphicsView"), now.key)
+                            : Click(way == Way::Button ? now.button : now.caption);
             for (const Case& other : cases)
             {
                 const bool active = &other == &now;
