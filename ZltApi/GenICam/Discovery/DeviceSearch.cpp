@@ -65,7 +65,7 @@ DevicePtr OpenUsb3Vision(const FoundDevice& found)
     const std::lock_guard lock(g_usbMutex);
     GError* error = nullptr;
     DevicePtr device(arv_interface_open_device(arv_uv_interface_get_instance(), found.id.c_str(), &error));
-    // So Aravis calls an interface that cannot be claimed.
+    // So Aravis calls an interface that cannot be claimed, and a camera that answers nonsense.
     if (error != nullptr && g_error_matches(error, ARV_DEVICE_ERROR, ARV_DEVICE_ERROR_PROTOCOL_ERROR) != FALSE)
     {
         g_error_free(error);

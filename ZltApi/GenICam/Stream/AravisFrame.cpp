@@ -10,7 +10,7 @@ namespace GenICam
 namespace
 {
 
-ZltApi::FrameStatus StatusOf(ArvBufferStatus status)
+ZltApi::FrameStatus StatusOf(ArvBufferStatus status, bool isGigEVision)
 {
     switch (status)
     {
@@ -19,8 +19,9 @@ ZltApi::FrameStatus StatusOf(ArvBufferStatus status)
     case ARV_BUFFER_STATUS_TIMEOUT:
     case ARV_BUFFER_STATUS_MISSING_PACKETS:
     case ARV_BUFFER_STATUS_WRONG_PACKET_ID:
-    case ARV_BUFFER_STATUS_SIZE_MISMATCH: // what it says tells whether more or less has come than expected
         return ZltApi::FrameStatusIncomplete;
+    case ARV_BUFFER_STATUS_SIZE_MISMATCH: // on USB it may also be less than expected, and Aravis does not tell which
+        return isGigEVision ? ZltApi::FrameStatusTooSmall : ZltApi::FrameStatusIncomplete;
     default:
         return ZltApi::FrameStatusInvalid;
     }
@@ -32,7 +33,7 @@ std::uint64_t BytesOf(std::uint64_t pixels, std::uint32_t pixelFormat)
     return pixels / 8 * bits + (pixels % 8 * bits + 7) / 8;
 }
 
-// What the camera says that it sends: nothing where nobody knows.
+// What the camera says that it has sent; nothing when it is no image.
 ImageShape ShapeOf(ArvBuffer* buffer)
 {
     const ArvBufferPayloadType payload = arv_buffer_get_payload_type(buffer);
@@ -52,32 +53,29 @@ std::uint64_t ImageShape::Size() const
     return BytesOf(std::uint64_t{width} * height, pixelFormat);
 }
 
-AravisFrame::AravisFrame(std::size_t size, const ImageShape& expected)
+AravisFrame::AravisFrame(std::size_t size, const ImageShape& expected, bool isGigEVision)
     : BasicFrame(size),
       m_buffer(arv_buffer_new(size, Data())),
-      m_expected(expected)
+      m_expected(expected),
+      m_isGigEVision(isGigEVision)
 {
 }
 
 void AravisFrame::Describe(std::uint64_t id)
 {
     Content content{m_expected.width, m_expected.height, m_expected.pixelFormat, id,
-                    StatusOf(arv_buffer_get_status(m_buffer.get()))};
+                    StatusOf(arv_buffer_get_status(m_buffer.get()), m_isGigEVision)};
     Place place{0, Size()};
-    const ImageShape shape = ShapeOf(m_buffer.get());
-    if (arv_buffer_get_status(m_buffer.get()) == ARV_BUFFER_STATUS_SIZE_MISMATCH && shape.Size() > Size())
+    if (content.status == ZltApi::FrameStatusComplete) // Aravis describes no others
     {
-        content.status = ZltApi::FrameStatusTooSmall;
-    }
-    if (content.status == ZltApi::FrameStatusComplete)
-    {
+        const ImageShape shape = ShapeOf(m_buffer.get());
         content.status = FindImage(shape, place);
-    }
-    if (content.status == ZltApi::FrameStatusComplete)
-    {
-        content.width = shape.width;
-        content.height = shape.height;
-        content.pixelFormat = shape.pixelFormat;
+        if (content.status == ZltApi::FrameStatusComplete)
+        {
+            content.width = shape.width;
+            content.height = shape.height;
+            content.pixelFormat = shape.pixelFormat;
+        }
     }
     SetContent(content, place.offset, place.size);
 }

@@ -26,7 +26,7 @@ class AravisFrame final : public ProviderBase::BasicFrame
 {
 public:
     // The size in bytes, and what is expected to arrive.
-    AravisFrame(std::size_t size, const ImageShape& expected);
+    AravisFrame(std::size_t size, const ImageShape& expected, bool isGigEVision);
 
     ArvBuffer* Buffer() const { return m_buffer.get(); }
     // Takes over what has arrived. The number is the frame's in its acquisition.
@@ -46,6 +46,7 @@ private:
 
     const ObjectPtr<ArvBuffer> m_buffer;
     const ImageShape m_expected;
+    const bool m_isGigEVision;
 };
 
 } // namespace GenICam

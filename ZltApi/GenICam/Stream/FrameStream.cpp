@@ -136,7 +136,8 @@ ZltErrorType FrameStream::Prepare(std::uint32_t bufferCount)
     {
         return ZltErrorNotSupported;
     }
-    if (ARV_IS_GV_STREAM(stream.get()))
+    const bool isGigEVision = ARV_IS_GV_STREAM(stream.get());
+    if (isGigEVision)
     {
         g_object_set(stream.get(), "socket-buffer", ARV_GV_STREAM_SOCKET_BUFFER_AUTO, nullptr);
     }
@@ -147,7 +148,7 @@ ZltErrorType FrameStream::Prepare(std::uint32_t bufferCount)
     m_frames.clear();
     for (std::uint32_t i = 0; i < bufferCount; ++i)
     {
-        m_frames.push_back(std::make_shared<AravisFrame>(size, shape));
+        m_frames.push_back(std::make_shared<AravisFrame>(size, shape, isGigEVision));
         Announce(*m_frames.back());
     }
     return ZltErrorSuccess;
