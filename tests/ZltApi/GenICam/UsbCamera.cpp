@@ -56,6 +56,13 @@ U64 Number(const Bytes& bytes, U64 at, U64 size)
     return size == 0 ? 0 : bytes.at(at) | Number(bytes, at + 1, size - 1) << 8U;
 }
 
+enum class Piece
+{
+    Leader,
+    Image,
+    Trailer
+};
+
 struct Camera
 {
     explicit Camera(const UsbBehaviour& given) : behaviour(given)
@@ -94,10 +101,14 @@ struct Camera
         const bool isShort = packet.size() <= behaviour.longestCommand &&
                              (!isRead || HeaderSize + count <= behaviour.longestAcknowledge);
         const bool isThere = address <= memory.size() && count <= memory.size() - address;
-        const U16 status = isShort ? isThere ? Success : InvalidAddress : InvalidParameter;
-        const Bytes answer = status != Success ? Bytes()
-                             : isRead          ? Bytes(memory.data() + address, memory.data() + address + count)
-                                               : Write(address, Bytes(packet.begin() + CommandSize, packet.end()));
+        const U16 status = !isShort ? InvalidParameter : !isThere ? InvalidAddress : Success;
+        Bytes answer;
+        if (status == Success)
+        {
+            const unsigned char* const place = memory.data() + address;
+            answer = isRead ? Bytes(place, place + count)
+                            : Write(address, Bytes(packet.begin() + CommandSize, packet.end()));
+        }
         acknowledge = LittleEndian(CommandMagic, status, static_cast<U16>(command + 1), static_cast<U16>(answer.size()),
                                    static_cast<U16>(Number(packet, 10, 2)));
         acknowledge.insert(acknowledge.end(), answer.begin(), answer.end());
@@ -107,19 +118,31 @@ struct Camera
     // matter.
     Bytes NextOfStream()
     {
-        const bool runs = Number(memory, StreamControl, 4) != 0 && Number(memory, AcquisitionRegister, 4) != 0;
-        piece = piece % 3 != 0 || runs ? piece % 3 + 1 : 0;
-        return piece == 0   ? Bytes()
-               : piece == 1 ? LittleEndian(LeaderMagic, U16{0}, LeaderSize, frame, U16{0}, ImagePayload, U64{0}, Mono8,
-                                           Width(), Height, U64{0}, behaviour.linePadding, U16{0})
-               : piece == 2 ? UsbImage(frame, Line() * Height - frame % 2 * behaviour.missing, Line())
-                            : LittleEndian(TrailerMagic, U16{0}, TrailerSize, frame++, U32{0}, Line() * Height, Height);
+        const U64 size = Line() * Height;
+        switch (piece)
+        {
+        case Piece::Leader:
+            if (Number(memory, StreamControl, 4) == 0 || Number(memory, AcquisitionRegister, 4) == 0)
+            {
+                return {};
+            }
+            piece = Piece::Image;
+            return LittleEndian(LeaderMagic, U16{0}, LeaderSize, frame, U16{0}, ImagePayload, U64{0}, Mono8, Width(),
+                                Height, U64{0}, behaviour.linePadding, U16{0});
+        case Piece::Image:
+            piece = Piece::Trailer;
+            return UsbImage(frame, size - frame % 2 * behaviour.missing, Line());
+        case Piece::Trailer:
+            piece = Piece::Leader;
+            return LittleEndian(TrailerMagic, U16{0}, TrailerSize, frame++, U32{0}, size, Height);
+        }
+        return {};
     }
 
     UsbBehaviour behaviour;
     Bytes memory = Bytes(0x20000);
-    Bytes acknowledge; // empty when it has been fetched
-    int piece = 0;     // of the frame, from 1 on
+    Bytes acknowledge;           // empty when it has been fetched
+    Piece piece = Piece::Leader; // the next one
     U64 frame = 0;
 };
 
@@ -164,32 +187,77 @@ ProviderTest::Bytes GenICam::UsbImage(std::uint64_t frame, std::uint64_t size, s
     return image;
 }
 
-// clang-format off
-struct libusb_context {} g_context;
-struct libusb_device {} g_device;
-struct libusb_device_handle {} g_handle;
+// The bus, on which there is one device at most.
+struct libusb_context
+{
+} g_context;
+struct libusb_device
+{
+} g_device;
+struct libusb_device_handle
+{
+} g_handle;
 libusb_device* g_devices[] = {&g_device, nullptr};
 
-int libusb_init(libusb_context** context) { *context = &g_context; return 0; }
+int libusb_init(libusb_context** context)
+{
+    *context = &g_context;
+    return 0;
+}
 void libusb_exit(libusb_context*) {}
-int libusb_handle_events_timeout(libusb_context*, timeval*) { std::this_thread::sleep_for(10ms); return 0; }
-int libusb_hotplug_register_callback(libusb_context*, int, int, int, int, int, libusb_hotplug_callback_fn, void*,
-                                     int*) { return 0; }
+int libusb_handle_events_timeout(libusb_context*, timeval*)
+{
+    std::this_thread::sleep_for(10ms);
+    return 0;
+}
+int libusb_hotplug_register_callback(libusb_context*, int, int, int, int, int, libusb_hotplug_callback_fn, void*, int*)
+{
+    return 0;
+}
 void libusb_hotplug_deregister_callback(libusb_context*, int) {}
-ssize_t libusb_get_device_list(libusb_context*, libusb_device*** list) { *list = g_devices; return Plugged() ? 1 : 0; }
+ssize_t libusb_get_device_list(libusb_context*, libusb_device*** list)
+{
+    *list = g_devices;
+    return Plugged() ? 1 : 0;
+}
 void libusb_free_device_list(libusb_device**, int) {}
-int libusb_get_device_descriptor(libusb_device*, libusb_device_descriptor* result) { *result = Device; return 0; }
-int libusb_get_config_descriptor(libusb_device*, U8, libusb_config_descriptor** to) { *to = &g_setup; return 0; }
+int libusb_get_device_descriptor(libusb_device*, libusb_device_descriptor* result)
+{
+    *result = Device;
+    return 0;
+}
+int libusb_get_config_descriptor(libusb_device*, U8, libusb_config_descriptor** to)
+{
+    *to = &g_setup;
+    return 0;
+}
 void libusb_free_config_descriptor(libusb_config_descriptor*) {}
-int libusb_open(libusb_device*, libusb_device_handle** handle) { *handle = &g_handle; return 0; }
+int libusb_open(libusb_device*, libusb_device_handle** handle)
+{
+    *handle = &g_handle;
+    return 0;
+}
 void libusb_close(libusb_device_handle*) {}
-int libusb_set_auto_detach_kernel_driver(libusb_device_handle*, int) { return 0; }
-int libusb_claim_interface(libusb_device_handle*, int) { return Plugged().value_or(UsbBehaviour()).isBusy
-                                                               ? LIBUSB_ERROR_BUSY : 0; }
-int libusb_release_interface(libusb_device_handle*, int) { return 0; }
-int libusb_clear_halt(libusb_device_handle*, unsigned char) { return 0; }
-int libusb_control_transfer(libusb_device_handle*, U8, U8, U16, U16, unsigned char*, U16, unsigned) { return 0; }
-// clang-format on
+int libusb_set_auto_detach_kernel_driver(libusb_device_handle*, int)
+{
+    return 0;
+}
+int libusb_claim_interface(libusb_device_handle*, int)
+{
+    return Plugged().value_or(UsbBehaviour()).isBusy ? LIBUSB_ERROR_BUSY : 0;
+}
+int libusb_release_interface(libusb_device_handle*, int)
+{
+    return 0;
+}
+int libusb_clear_halt(libusb_device_handle*, unsigned char)
+{
+    return 0;
+}
+int libusb_control_transfer(libusb_device_handle*, U8, U8, U16, U16, unsigned char*, U16, unsigned)
+{
+    return 0;
+}
 
 int libusb_get_string_descriptor_ascii(libusb_device_handle*, U8 index, unsigned char* data, int length)
 {
@@ -209,11 +277,18 @@ int libusb_bulk_transfer(libusb_device_handle*, unsigned char endpoint, unsigned
         *done = length;
         return 0;
     }
-    const Bytes packet = !g_camera                    ? Bytes()
-                         : endpoint == StreamEndpoint ? g_camera->NextOfStream()
-                                                      : std::exchange(g_camera->acknowledge, {});
+    if (!g_camera)
+    {
+        *done = 0;
+        return LIBUSB_ERROR_NO_DEVICE;
+    }
+    const Bytes packet =
+        endpoint == StreamEndpoint ? g_camera->NextOfStream() : std::exchange(g_camera->acknowledge, {});
     *done = std::min(length, static_cast<int>(packet.size()));
     std::copy_n(packet.begin(), *done, data);
-    const int failure = *done < static_cast<int>(packet.size()) ? LIBUSB_ERROR_OVERFLOW : 0;
-    return !g_camera ? LIBUSB_ERROR_NO_DEVICE : packet.empty() ? LIBUSB_ERROR_TIMEOUT : failure;
+    if (packet.empty())
+    {
+        return LIBUSB_ERROR_TIMEOUT;
+    }
+    return packet.size() > static_cast<std::size_t>(length) ? LIBUSB_ERROR_OVERFLOW : 0;
 }
