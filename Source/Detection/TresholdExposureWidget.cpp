@@ -155,7 +155,8 @@ void TresholdExposureWidget::OnTresholdMoved(int value)
     m_treshold->ShowValue(value);
     const int grey = static_cast<int>(qint64{value} * 255 / m_maxValue);
     m_tresholdLabel->setStyleSheet(
-        QStringLiteral("background-color: %1; border: 1px solid rgb(89,89,89);").arg(QColor(grey, grey, grey).name()));
+        QStringLiteral("margin-left: 6px; background-color: %1; border: 1px solid rgb(89,89,89);")
+            .arg(QColor(grey, grey, grey).name()));
 }
 
 void TresholdExposureWidget::OnTresholdTextChanged()
