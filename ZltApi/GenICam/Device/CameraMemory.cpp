@@ -21,7 +21,7 @@ constexpr std::size_t LongestAccess = 1U << 20U;
 constexpr std::uint64_t TechnologyRegisters = 0x01D8; // 8 bytes: the address of the registers that USB adds
 constexpr std::uint64_t LongestCommand = 0x14;        // 4 bytes, behind that address
 constexpr std::size_t CommandHead = 20;
-constexpr std::size_t WriteStep = 4; // no piece begins within a register
+constexpr std::size_t WriteStep = 4; // pieces of what begins on a register begin on one
 
 std::uint64_t LittleEndian(const std::vector<unsigned char>& bytes)
 {

@@ -51,7 +51,7 @@ void RunCommand(Connection& connection, const char* name)
     }
 }
 
-// A camera that does not listen is not waited for, and one that refuses the first step may take the second.
+// A camera that refuses one step, or keeps silent, may take the next: often that is a mere note on this side.
 template <typename Step> void Try(const Step& step)
 {
     try
