@@ -22,6 +22,7 @@ using U64 = std::uint64_t;
 constexpr U64 TableAddresses = 0x01D0; // of the manifest table and the registers for USB
 constexpr U64 UsbRegisters = 0x1000;
 constexpr U64 LongestCommand = UsbRegisters + 0x14; // then acknowledge, number of streams, their registers
+constexpr U64 AcquisitionRegister = WidthRegister + 8;
 constexpr U64 StreamRegisters = 0x2000;
 constexpr U64 StreamControl = StreamRegisters + 0x04;
 constexpr U64 PayloadSize = StreamRegisters + 0x08; // then the sizes of leader and trailer
@@ -69,15 +70,14 @@ struct Camera
     {
         std::ifstream file(USB_DESCRIPTION, std::ios::binary);
         const Bytes text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-        const U32 runs = behaviour.isLeftAcquiring ? 1 : 0;
         Write(TableAddresses, LittleEndian(ManifestTable, UsbRegisters));
         Write(LongestCommand,
               LittleEndian(behaviour.longestCommand, behaviour.longestAcknowledge, U32{1}, StreamRegisters));
-        Write(StreamControl, LittleEndian(runs, U64{0}, U32{LeaderSize}, U32{TrailerSize}));
+        Write(StreamControl, LittleEndian(U32{0}, U64{0}, U32{LeaderSize}, U32{TrailerSize}));
         Write(ManifestTable, LittleEndian(U64{1}, U32{0}, U32{0x01010000}, Description, U64{text.size()}));
         Write(Description, text);
         Write(FreeMemory, Bytes(Description - FreeMemory, MemoryFill));
-        Write(WidthRegister, LittleEndian(behaviour.width, Height, runs, runs));
+        Write(WidthRegister, LittleEndian(behaviour.width, Height, U64{0}));
     }
 
     U32 Width() const { return static_cast<U32>(Number(memory, WidthRegister, 4)); }

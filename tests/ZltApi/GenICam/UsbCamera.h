@@ -9,8 +9,7 @@ namespace GenICam
 {
 
 constexpr std::uint64_t WidthRegister = 0x5000; // then height, acquisition and lock, 4 bytes each
-constexpr std::uint64_t AcquisitionRegister = WidthRegister + 8;
-constexpr std::uint64_t FreeMemory = 0x8000; // 32 kB
+constexpr std::uint64_t FreeMemory = 0x8000;    // 32 kB
 constexpr unsigned char MemoryFill = 0xA5;
 
 struct UsbBehaviour
@@ -21,7 +20,6 @@ struct UsbBehaviour
     std::uint16_t linePadding = 0;           // bytes
     std::uint32_t missing = 0;               // bytes at the end of every second frame
     bool isBusy = false;                     // another program has claimed it
-    bool isLeftAcquiring = false;            // by a host that has gone without a word
 };
 
 // From now on this camera is on the bus, or none.

@@ -105,21 +105,6 @@ TEST(GenICamUsb, HeldByAnotherProgram)
     EXPECT_GT(std::chrono::milliseconds(500), std::chrono::steady_clock::now() - begin);
 }
 
-TEST(GenICamUsb, LeftAcquiringByAnotherHost)
-{
-    UsbBench bench({1024, 1024, 640, 0, 0, false, true});
-    EXPECT_FALSE(IsWritable(bench.camera, "Width"));
-    ASSERT_EQ(ZltErrorSuccess, bench.camera->StopContinuousImageAcquisition());
-    Bytes acquisition(4);
-    EXPECT_EQ(ZltErrorSuccess, bench.camera->ReadMemory(AcquisitionRegister, acquisition));
-    EXPECT_EQ(Bytes(4), acquisition);
-    EXPECT_EQ(ZltErrorSuccess, Set(bench.camera, "Width", std::int64_t{512}));
-    const auto log = std::make_shared<FrameLog>(bench.camera);
-    ASSERT_EQ(ZltErrorSuccess, Start(bench.camera, log));
-    ASSERT_TRUE(log->WaitFor(3));
-    EXPECT_EQ(512U * 480U, log->Entries().front().image.size());
-}
-
 } // namespace GenICam
 
 int main(int argc, char** argv)

@@ -199,30 +199,15 @@ TEST(OstrelFile, MirroringPicksTheDataSet)
 TEST(RivoUFile, DataSets)
 {
     constexpr Mirroring Both{true, true};
-    const FileBytes four = ToBytes({2,      4,      12 + 64 + 4 * 14,
-                                    0,      14,     32, //
-                                    0,      0,      0,
-                                    1,      1,      1,
-                                    1,      1,      1,
-                                    1,      1,      1,
-                                    1,      1,      1,
-                                    1, // row 7 begins in pair 1
-                                    0x8000, 5,      6,
-                                    0x8007, 8,      9,
-                                    0xC000, 0x8000, 34,
-                                    33,     0x8007, 31,
-                                    30,     0xC000, //
-                                    0,      0,      0,
-                                    0,      0,      0,
-                                    0,      0,      0,
-                                    0,      0,      0,
-                                    1,      1,      1,
-                                    0, // mirrored, row 24 is in band 12 and row 31 in band 15
-                                    0x801F, 5,      6,
-                                    0x8018, 8,      9,
-                                    0xC000, 0x801F, 34,
-                                    33,     0x8018, 31,
-                                    30,     0xC000});
+    // Row 7 begins in pair 1; mirrored, row 24 is in band 12 and row 31 in band 15.
+    Words words = {2, 4, 12 + 64 + 4 * 14, 0, 14, 32};
+    for (const Words& set : {Indexed({0, 0, 0, 1}, {Y, 5, 6, Y | 7, 8, 9, End, Y, 34, 33, Y | 7, 31, 30, End}),
+                             Indexed({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 1, 0},
+                                     {Y | 31, 5, 6, Y | 24, 8, 9, End, Y | 31, 34, 33, Y | 24, 31, 30, End})})
+    {
+        words.insert(words.end(), set.begin(), set.end());
+    }
+    const FileBytes four = ToBytes(words);
     EXPECT_EQ(four, EncodeRivoUFile({{9, 7}, {8, 7}, {6, 0}, {5, 0}}, Small, Both));
     for (const Mirroring mirroring : {Mirroring{false, false}, {true, false}, {false, true}, {true, true}})
     {
