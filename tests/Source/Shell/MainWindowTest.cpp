@@ -62,26 +62,21 @@ TEST_F(MainWindowTest, ExactlyOneToolIsDownAndCannotBeReleased)
     struct Case
     {
         Qt::Key key;
-        const char* button;
-        const char* caption;
+        const char *button, *caption;
         Qt::CursorShape cursor;
     };
     const Case cases[] = {{Qt::Key_1, "mouseRectAddButton", "labelSelect", Qt::CrossCursor},
                           {Qt::Key_2, "mouseGrabButton", "labelGrab", Qt::OpenHandCursor},
                           {Qt::Key_3, "mouseRubber", "labelErase", Qt::CrossCursor}};
-    enum class Way
-    {
-        Key,
-        Button,
-        Caption
-    };
-    for (const Way way : {Way::Key, Way::Button, Way::Caption})
+    const std::function<void(const Case&)> ways[] = {
+        [this](const Case& tool) { QTest::keyClick(Find<QWidget>("graphicsView"), tool.key); },
+        [this](const Case& tool) { Click(tool.button); }, [this](const Case& tool) { Click(tool.caption); }};
+    for (const auto& choose : ways)
     {
         for (const Case& now : cases)
         {
             SCOPED_TRACE(now.button);
-            way == Way::Key ? QTest::keyClick(Find<QWidget>("graphicsView"), now.key)
-                            : Click(way == Way::Button ? now.button : now.caption);
+            choose(now);
             for (const Case& other : cases)
             {
                 const bool active = &other == &now;
@@ -104,19 +99,14 @@ TEST_F(MainWindowTest, ZoomKeysNeedAModifier)
 {
     auto* const view = Find<CustomGraphicsView>("graphicsView");
     view->scene()->addRect(0, 0, 4000, 3000);
-    struct Case
+    for (const auto& [key, modifier, text] : {std::tuple{Qt::Key_Plus, Qt::NoModifier, "100 %"},
+                                              {Qt::Key_Plus, Qt::ShiftModifier, "125 %"},
+                                              {Qt::Key_Plus, Qt::KeypadModifier, "156 %"},
+                                              {Qt::Key_Minus, Qt::NoModifier, "156 %"},
+                                              {Qt::Key_Minus, Qt::KeypadModifier, "125 %"}})
     {
-        Qt::Key key;
-        Qt::KeyboardModifier modifier;
-        const char* text;
-    };
-    for (const Case& now :
-         {Case{Qt::Key_Plus, Qt::NoModifier, "100 %"}, Case{Qt::Key_Plus, Qt::ShiftModifier, "125 %"},
-          Case{Qt::Key_Plus, Qt::KeypadModifier, "156 %"}, Case{Qt::Key_Minus, Qt::NoModifier, "156 %"},
-          Case{Qt::Key_Minus, Qt::KeypadModifier, "125 %"}})
-    {
-        QTest::keyClick(view, now.key, now.modifier);
-        EXPECT_EQ(Find<QPushButton>("scaleButton")->text().trimmed().toStdString(), now.text);
+        QTest::keyClick(view, key, modifier);
+        EXPECT_EQ(Find<QPushButton>("scaleButton")->text().trimmed().toStdString(), text);
     }
     for (const auto& [button, scale] : {std::pair("scaleButton", 1.0), {"zoomInButton", 1.25}, {"zoomOutButton", 1.0}})
     {
@@ -205,9 +195,7 @@ TEST(ScreenScale, TakesQuartersAndNeverShrinks)
 TEST_F(MainWindowTest, SavesWhatTheListHoldsAndLoadsNothing)
 {
     const QString path = Path("list"); // the name as given, without an extension of ours
-    answers.ThenClick("okButton");
-    window->SaveXmlFile();
-    EXPECT_TRUE(answers.Seen().back().contains("List is empty!"));
+    ExpectMessage("List is empty!", [this] { window->SaveXmlFile(); });
     Model().addDefectItem(10, 20, 1, 1, 0, 0);
     answers.Then([](QDialog& dialog) { dialog.reject(); });
     window->SaveXmlFile();
@@ -216,9 +204,8 @@ TEST_F(MainWindowTest, SavesWhatTheListHoldsAndLoadsNothing)
     window->SaveXmlFile();
     EXPECT_EQ(ReadFile(path).toStdString(), ToXml(Model().getDefectList()).toStdString());
     WriteFile("list.xml", {});
-    answers.Then(ChooseFile(Path("list.xml"))).ThenClick("okButton");
-    window->LoadXmlFile();
-    EXPECT_TRUE(answers.Seen().back().contains("To load .xml file\nchoose a camera first"));
+    answers.Then(ChooseFile(Path("list.xml")));
+    ExpectMessage("To load .xml file\nchoose a camera first", [this] { window->LoadXmlFile(); });
     EXPECT_EQ(Model().rowCount(), 1);
     EXPECT_TRUE(Find<QWidget>("graphicsView")->isEnabled());
 }

@@ -34,6 +34,13 @@ protected:
     }
     template <class Widget> Widget* Find(const char* name) const { return &::Find<Widget>(*window, name); }
     void Click(const char* name) const { ::Click(*window, name); }
+    // The act brings a dialog with this text, which is left by the button.
+    template <class Act> void ExpectMessage(const QString& text, const Act& act, const char* button = "okButton")
+    {
+        answers.ThenClick(button);
+        act();
+        EXPECT_TRUE(answers.Seen().back().contains(text)) << answers.Seen().back().toStdString();
+    }
     TreeModel& Model() const { return *window->findChild<TreeModel*>(); }
     // Names the file in the dialog as a user would.
     static ModalAnswers::Answer ChooseFile(const QString& path)
