@@ -240,7 +240,7 @@ TEST_F(FileUploadDialogTest, WhatIsShownIsWhatIsStored)
         EXPECT_EQ(set->getMetadata("Gain"), stored) << typed;
     }
     QTest::keyClick(&Find<QLineEdit>(dialog, "editGain"), Qt::Key_Return);
-    EXPECT_TRUE(dialog.isVisible()) << "Return neither stores nor leaves";
+    EXPECT_TRUE(dialog.isVisible()) << "Return neither accepts nor leaves";
     QLocale::setDefault(before);
 }
 

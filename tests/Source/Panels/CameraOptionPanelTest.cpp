@@ -184,9 +184,7 @@ TEST_F(CameraOptionPanelTest, GammaFollowsADragAndTheOthersItsEnd)
         QTest::mousePress(&slider, Qt::LeftButton, Qt::NoModifier, from);
         for (const int distance : {20, 40})
         {
-            QMouseEvent move(QEvent::MouseMove, from + QPoint(distance, 0), Qt::NoButton, Qt::LeftButton,
-                             Qt::NoModifier);
-            QApplication::sendEvent(&slider, &move);
+            SendMouse(slider, QEvent::MouseMove, from + QPoint(distance, 0), Qt::NoButton, Qt::LeftButton);
         }
         EXPECT_EQ(m_sent.count(), number == Gamma ? 2 : 0);
         EXPECT_EQ(Text(number) == former, number != Gamma);

@@ -15,7 +15,6 @@
 #include <algorithm>
 #include <functional>
 #include <initializer_list>
-#include <memory>
 #include <random>
 #include <tuple>
 #include <utility>

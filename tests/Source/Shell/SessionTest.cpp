@@ -1,7 +1,6 @@
 // A camera session in the real window on simulated cameras: choice, live image, tools, settings, loss.
 #include "WindowSession.h"
 
-#include "CameraOptionPanel.h"
 #include "OtherLanguage.h"
 #include "OverviewPanel.h"
 #include "RightPanel.h"
@@ -40,10 +39,7 @@ TEST_F(SessionTest, StartsStepByStepUntilTheFirstFrame)
 {
     QDir().mkpath("state/MONO"); // as another program leaves the camera behind
     WriteFile("state/MONO/settings.json", R"({"ReverseX": "true"})");
-    answers.ThenClick("okButton");
-    Pick(Mono);
-    ASSERT_EQ(answers.Seen().size(), 1U);
-    EXPECT_TRUE(answers.Seen()[0].contains("NOTE:\nReverse X and Y have been disabled"));
+    ExpectMessage("NOTE:\nReverse X and Y have been disabled", [this] { Pick(Mono); });
     EXPECT_EQ(Image().size(), QSize(320, 240));
     EXPECT_TRUE(Find<QWidget>("importButton")->isEnabled());
     EXPECT_EQ(Find<QLabel>("cameraNameLabel")->text().toStdString(), "OSTREL S-1m-1(MONO)"); // also the title bar's
@@ -138,10 +134,7 @@ TEST_F(SessionTest, LostCameraAndAnother)
 {
     Pick(Mono);
     Model().addDefectItem(1, 2, 1, 1, 0, 0);
-    answers.ThenClick("okButton");
-    Control({"unplug", "MONO"});
-    ASSERT_TRUE(Waits([&] { return answers.Seen().size() == 1; }));
-    EXPECT_TRUE(answers.Seen()[0].contains("Connection lost"));
+    ExpectMessage("Connection lost", [this] { Control({"unplug", "MONO"}); });
     EXPECT_EQ(Model().rowCount(), 0);
     EXPECT_TRUE(Waits([&] { return !Find<QWidget>("importButton")->isEnabled(); }));
     Pick(0); // the next one has moved up
@@ -150,10 +143,8 @@ TEST_F(SessionTest, LostCameraAndAnother)
 
 TEST_F(SessionTest, CameraWithoutAStreamEndsTheStart)
 {
-    answers.ThenClick("okButton");
-    ClickRow(Mute);
-    ASSERT_TRUE(Waits([&] { return answers.Seen().size() == 1 && !Loader().isVisible(); }));
-    EXPECT_TRUE(answers.Seen()[0].contains("Cannot open camera stream")) << answers.Seen()[0].toStdString();
+    ExpectMessage("Cannot open camera stream", [this] { ClickRow(Mute); });
+    ASSERT_TRUE(Waits([this] { return !Loader().isVisible(); }));
     EXPECT_FALSE(Find<QWidget>("importButton")->isEnabled());
     Pick(Plain);
 }
