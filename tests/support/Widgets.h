@@ -24,17 +24,23 @@ inline void Click(const QWidget& parent, const char* name)
     QTest::mouseClick(&Find<QWidget>(parent, name), Qt::LeftButton);
 }
 
-// Of several of this name the one that shows.
-template <class Widget> Widget& FindShown(const QWidget& parent, const char* name)
+// Of several of this name the one that shows, if any does.
+template <class Widget> Widget* FindIfShown(const QWidget& parent, const char* name)
 {
     for (auto* widget : parent.findChildren<Widget*>(QLatin1String(name)))
     {
         if (widget->isVisible())
         {
-            return *widget;
+            return widget;
         }
     }
-    throw std::runtime_error(std::string("not shown: ") + name);
+    return nullptr;
+}
+
+template <class Widget> Widget& FindShown(const QWidget& parent, const char* name)
+{
+    auto* const widget = FindIfShown<Widget>(parent, name);
+    return widget != nullptr ? *widget : throw std::runtime_error(std::string("not shown: ") + name);
 }
 
 inline void Type(QLineEdit& field, const char* text)

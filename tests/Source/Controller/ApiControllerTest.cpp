@@ -1,7 +1,6 @@
 // Which cameras are seen, how one is opened, what a start of acquisition sets, and the way of frames through the queue.
 #include "ApiController.h"
 
-#include "CameraObserver.h"
 #include "FrameObserver.h"
 #include "ListedSystem.h"
 

@@ -11,8 +11,8 @@
 #include <QElapsedTimer>
 #include <QMetaMethod>
 #include <QTest>
-
 #include <QTimer>
+
 #include <limits>
 #include <sstream>
 

@@ -4,7 +4,6 @@
 #include "CamerasInfoWriterReader.h"
 
 #include <string>
-#include <utility>
 #include <vector>
 
 // What was in the vector, then what the file adds: "ID=flag " for each camera.

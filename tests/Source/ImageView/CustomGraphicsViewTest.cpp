@@ -11,7 +11,6 @@
 #include <QSignalSpy>
 #include <QToolTip>
 
-#include <algorithm>
 #include <cmath>
 #include <tuple>
 
@@ -88,9 +87,10 @@ protected:
     std::vector<int> MarkerColumns()
     {
         std::vector<int> columns;
-        const auto rectangles = Rectangles();
-        std::transform(rectangles.begin(), rectangles.end(), std::back_inserter(columns),
-                       [](const QGraphicsRectItem* item) { return static_cast<int>(item->rect().x()); });
+        for (const QGraphicsRectItem* item : Rectangles())
+        {
+            columns.push_back(static_cast<int>(item->rect().x()));
+        }
         return columns;
     }
     void AddMarkers(std::initializer_list<int> columns)

@@ -123,12 +123,7 @@ TEST_F(CameraOptionPanelTest, TypedNumbersAreLimitedByTheLabelsAndOtherTextsTake
 {
     // An own range whose ends the labels round.
     m_panel.SetSliders(0.04, 23.96, 5.0, Gain);
-    const struct
-    {
-        int control, position;
-        const char *typed, *text;
-        double sent;
-    } cases[] = {
+    const std::tuple<int, int, const char*, const char*, double> cases[] = {
         {Gain, 2396, "30", "24.0", 24.0}, // the slider ends at the real maximum
         {Gain, 4, "0", "0.0", 0.0},
         {Gain, 234, "2.345", "2.345", 2.345},
@@ -139,15 +134,15 @@ TEST_F(CameraOptionPanelTest, TypedNumbersAreLimitedByTheLabelsAndOtherTextsTake
         {Setpoint, 1250, "12.5", "12.5", 12.5},
         {Setpoint, -2000, "-1e300", "-20.0", -20.0},
     };
-    for (const auto& test : cases)
+    for (const auto& [control, position, typed, text, sent] : cases)
     {
-        SCOPED_TRACE(testing::Message() << test.control << ' ' << test.typed);
-        Type(test.control, test.typed);
+        SCOPED_TRACE(testing::Message() << control << ' ' << typed);
+        Type(control, typed);
         EXPECT_EQ(m_sent.count(), 0);
-        QTest::keyClick(&Field(test.control), Qt::Key_Return);
-        EXPECT_EQ(TakeSent(), std::make_pair(test.sent, test.control));
-        EXPECT_EQ(Text(test.control), test.text);
-        EXPECT_NEAR(Slider(test.control).value(), test.position, test.control == Exposure ? 1 : 0);
+        QTest::keyClick(&Field(control), Qt::Key_Return);
+        EXPECT_EQ(TakeSent(), std::make_pair(sent, control));
+        EXPECT_EQ(Text(control), text);
+        EXPECT_NEAR(Slider(control).value(), position, control == Exposure ? 1 : 0);
     }
     for (int number = Gamma; number <= Setpoint; ++number)
     {
@@ -189,9 +184,7 @@ TEST_F(CameraOptionPanelTest, GammaFollowsADragAndTheOthersItsEnd)
         QTest::mousePress(&slider, Qt::LeftButton, Qt::NoModifier, from);
         for (const int distance : {20, 40})
         {
-            QMouseEvent move(QEvent::MouseMove, from + QPoint(distance, 0), Qt::NoButton, Qt::LeftButton,
-                             Qt::NoModifier);
-            QApplication::sendEvent(&slider, &move);
+            SendMouse(slider, QEvent::MouseMove, from + QPoint(distance, 0), Qt::NoButton, Qt::LeftButton);
         }
         EXPECT_EQ(m_sent.count(), number == Gamma ? 2 : 0);
         EXPECT_EQ(Text(number) == former, number != Gamma);

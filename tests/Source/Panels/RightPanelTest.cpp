@@ -119,12 +119,8 @@ TEST(CorrectionSetDataTest, EqualIsAnotherSetWithTheSameContent)
 
 TEST_F(RightPanelTest, SetsGoToTheirListsAndTheActiveOneIsSelected)
 {
-    struct
-    {
-        std::vector<Set> sets;
-        QStringList shown; // preset, user, selected, active, switches
-        QStringList log;
-    } const cases[] = {
+    // What is shown: preset, user, selected, active, switches.
+    const std::tuple<std::vector<Set>, QStringList, QStringList> cases[] = {
         {{{"Factory", "", {}}, {"Preset", "w", {}}, {"Old", "", {}}, {"U1", "wa", {}}, {"U2", "wad", {}}},
          {"Old", "U1,U2", "U2", "U2", "off on"},
          {"edit", "edit", "read U2"}},
@@ -136,13 +132,13 @@ TEST_F(RightPanelTest, SetsGoToTheirListsAndTheActiveOneIsSelected)
          {"P", QString::fromUtf8(",1. Gain 12.3, -20.0\u00B0C, 10000\u00B5S"), "[No Set]", "None", "off off"},
          {}},
     };
-    for (const auto& c : cases)
+    for (const auto& [sets, shown, log] : cases)
     {
-        Open(c.sets);
+        Open(sets);
         EXPECT_EQ(QStringList({Lines(Preset()).join(','), Lines(User()).join(','), Text("labelPixelListCorrectionSet"),
                                Text("activeSetValueLabel"), Switches()}),
-                  c.shown);
-        EXPECT_EQ(m_log, c.log);
+                  shown);
+        EXPECT_EQ(m_log, log);
     }
 }
 
@@ -168,29 +164,23 @@ TEST_F(RightPanelTest, ButtonsSayWhyTheyCannotBeUsed)
 TEST_F(RightPanelTest, SelectingASetAllowsWhatItAllows)
 {
     OpenUsualCamera();
-    struct
-    {
-        const char *list, *name;
-        int index;
-        bool writable, restore;
-        QStringList log;
-    } const steps[] = {
-        {"userWidget", "User2", 1, true, false, {"edit", "read User2"}},
-        {"presetWidget", "Preset", 0, false, false, {"no edit", "read Preset"}},
-        {"userWidget", "User3", 2, true, false, {"edit", "read "}},
-        {"userWidget", "User", 0, true, true, {"edit", "read User"}},
+    const std::tuple<const char*, QLatin1String, int, bool, bool, QStringList> steps[] = {
+        {"userWidget", QLatin1String("User2"), 1, true, false, {"edit", "read User2"}},
+        {"presetWidget", QLatin1String("Preset"), 0, false, false, {"no edit", "read Preset"}},
+        {"userWidget", QLatin1String("User3"), 2, true, false, {"edit", "read "}},
+        {"userWidget", QLatin1String("User"), 0, true, true, {"edit", "read User"}},
     };
-    for (const auto& step : steps)
+    for (const auto& [list, name, index, isWritable, canRestore, log] : steps)
     {
         m_log.clear();
-        Pick(List(step.list), step.index);
-        EXPECT_EQ(m_log, step.log);
-        EXPECT_EQ(m_panel->GetCurrentRow(), QLatin1String(step.name));
-        EXPECT_EQ(User().isDpcEnabled(), QLatin1String(step.name) == QLatin1String("User"));
-        EXPECT_EQ(m_panel->RestoreDefaultSetButton()->isEnabled(), step.restore) << step.name;
+        Pick(List(list), index);
+        EXPECT_EQ(m_log, log);
+        EXPECT_EQ(m_panel->GetCurrentRow(), name);
+        EXPECT_EQ(User().isDpcEnabled(), name == QLatin1String("User"));
+        EXPECT_EQ(m_panel->RestoreDefaultSetButton()->isEnabled(), canRestore) << name.data();
         for (const QPushButton* button : {m_panel->UploadToCameraButton(), m_panel->AutomaticDetectionButton()})
         {
-            EXPECT_EQ(button->isEnabled(), step.writable) << button->objectName().toStdString() << step.name;
+            EXPECT_EQ(button->isEnabled(), isWritable) << button->objectName().toStdString() << name.data();
         }
         EXPECT_TRUE(m_panel->ExportToFileButton()->isEnabled());
     }

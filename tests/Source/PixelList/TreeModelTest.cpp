@@ -15,8 +15,8 @@
 #include <algorithm>
 #include <functional>
 #include <initializer_list>
-#include <memory>
 #include <random>
+#include <tuple>
 #include <utility>
 
 using namespace KTR::DPC;
@@ -91,13 +91,7 @@ protected:
 
 TEST_F(TreeModelTest, TellsEveryChangeInItsOrder)
 {
-    struct Step
-    {
-        const char* what;
-        std::function<void()> act;
-        const char* log;
-    };
-    const Step steps[] = {
+    const std::tuple<const char*, std::function<void()>, const char*> steps[] = {
         {"nothing at all", [&] { Add(0, 0, 0, 0, 3); }, ""},
         {"the origin", [&] { Add(0, 0); }, "inserting -1 0 1/0; inserted -1 0 1/1; rect 0 0 1 1 0/1; count 1/1; "},
         {"a cluster from the camera", [&] { Add(10, 10, 4, 3, 3, 1); },
@@ -124,10 +118,10 @@ TEST_F(TreeModelTest, TellsEveryChangeInItsOrder)
          "inserting -1 0 1/2; inserted -1 0 1/3; rect 10 10 1 1 0/3; count 3/3; "},
         {"clear", [&] { m_model.clear(); }, "reset/0; clear/0; "},
     };
-    for (const Step& step : steps)
+    for (const auto& [what, act, log] : steps)
     {
-        step.act();
-        EXPECT_EQ(TakeLog(), QLatin1String(step.log)) << step.what;
+        act();
+        EXPECT_EQ(TakeLog(), QLatin1String(log)) << what;
     }
     EXPECT_TRUE(m_model.isEmpty());
 }

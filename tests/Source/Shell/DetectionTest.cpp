@@ -2,8 +2,6 @@
 #include "WindowSession.h"
 
 #include "AutomaticDetectorDialog.h"
-#include "CameraOptionPanel.h"
-#include "CorrectionListWidget.h"
 
 #include <QSignalBlocker>
 
@@ -38,7 +36,7 @@ protected:
     void Open(int row, const char* format)
     {
         Pick(row);
-        Q_EMIT Find<CorrectionListWidget>("userWidget")->GetComboBox()->activated(0);
+        Choose("userWidget");
         Click("cameraOptionsButton");
         ASSERT_TRUE(Waits([&] { return Formats().findText(format) >= 0; }));
         Formats().setCurrentText(format);
@@ -59,18 +57,14 @@ protected:
 // What is found is held against the sensors by the roads through the real program.
 TEST_F(DetectionTest, TakesTheWindowAndGivesItBack)
 {
-    struct Case
+    // The camera, its format (empty: as the one before has left it), the one that is searched, the exposure.
+    const std::tuple<int, const char*, const char*, const char*> cases[] = {
+        {Mono, "Mono12", "Mono8", "10000"},
+        {Mono, "", "Mono8", "300000"}, // more than a second for four frames
+        {Colour, "BayerRG12", "BayerRG8", "20000"}};
+    for (const auto& [row, format, searched, exposure] : cases)
     {
-        int row;
-        const char* format; // null: as the one before has left it
-        const char* searched;
-        const char* exposure;
-    };
-    for (const Case& test : {Case{Mono, "Mono12", "Mono8", "10000"},
-                             Case{Mono, nullptr, "Mono8", "300000"}, // more than a second for four frames
-                             Case{Colour, "BayerRG12", "BayerRG8", "20000"}})
-    {
-        test.format != nullptr ? Open(test.row, test.format) : void();
+        *format != 0 ? Open(row, format) : void();
         Click("automaticDetectionButton");
         for (const char* name : {"cameraListButton", "cameraOptionsButton", "importButton"})
         {
@@ -79,67 +73,58 @@ TEST_F(DetectionTest, TakesTheWindowAndGivesItBack)
         EXPECT_EQ(Find<QLabel>("activeSetValueLabel")->text(), "None") << "the correction would hide defects";
         const QString warning = InDialog<QLabel>("warningLabel").text();
         EXPECT_TRUE(warning.contains("Switch off Correction Set 'User'...")) << warning.toStdString();
-        EXPECT_EQ(warning.contains(QString("<br><br>Change Pixel Format to '%1'...").arg(test.searched)),
-                  test.format != nullptr);
+        EXPECT_EQ(warning.contains(QString("<br><br>Change Pixel Format to '%1'...").arg(searched)), *format != 0);
         Find<QComboBox>("languageBox")->setCurrentText("Deutsch");
         EXPECT_TRUE(Waits([&] { return InDialog<QLabel>("warningLabel").text().startsWith("Korrektursatz 'User'"); }));
         Find<QComboBox>("languageBox")->setCurrentText("English");
         ASSERT_TRUE(Waits([&] { return InDialog<QLabel>("contentLabel").text().startsWith("Cover"); }));
         Click("continuousAutoExposure");
-        Detect(test.exposure, "40");
+        Detect(exposure, "40");
         EXPECT_TRUE(Find<QPushButton>("offAutoExposure")->isChecked());
-        EXPECT_EQ(Find<QPushButton>("debayeringOnOff")->isChecked(), test.row == Colour);
+        EXPECT_EQ(Find<QPushButton>("debayeringOnOff")->isChecked(), row == Colour);
         ClickInDialog("continueButton");
         EXPECT_EQ(Header(), "Detection is done");
         EXPECT_GT(Model().rowCount(), 12);
         ClickInDialog("exitButton");
         EXPECT_FALSE(Dialog().isVisible());
         EXPECT_TRUE(Find<QWidget>("importButton")->isEnabled());
-        EXPECT_EQ(Formats().currentText(), test.searched);
+        EXPECT_EQ(Formats().currentText(), searched);
     }
 }
 
 TEST_F(DetectionTest, Formats)
 {
-    struct Case
+    // The camera, its format, what the box offers and what is chosen of that; null: refused.
+    const std::tuple<int, const char*, QStringList, const char*> cases[] = {
+        {Mono, "Mono8", {"Mono8", "Mono12"}, "Mono8"},
+        {Mono, "Mono8", {"Mono12", "Mono8"}, "Mono12"}, // the first one, whatever it is
+        {Mono, "Mono12", {"Mono12", "Mono10"}, nullptr},
+        {Colour, "RGB8", {"RGB8", "BayerRG12", "BayerRG8"}, "BayerRG8"},
+        {Colour, "BayerRG8", {"BayerRG8", "BayerRG12"}, nullptr},
+        {Colour, "BayerRG8", {"BayerRG8", "BayerRG12", "Mono8"}, "Mono8"}};
+    int opened = -1;
+    for (const auto& [row, current, box, chosen] : cases)
     {
-        int row;
-        const char* current;
-        QStringList box;
-        const char* chosen; // null: refused
-    };
-    const Case cases[] = {{Mono, "Mono8", {"Mono8", "Mono12"}, "Mono8"},
-                          {Mono, "Mono8", {"Mono12", "Mono8"}, "Mono12"}, // the first one, whatever it is
-                          {Mono, "Mono12", {"Mono12", "Mono10"}, nullptr},
-                          {Colour, "RGB8", {"RGB8", "BayerRG12", "BayerRG8"}, "BayerRG8"},
-                          {Colour, "BayerRG8", {"BayerRG8", "BayerRG12"}, nullptr},
-                          {Colour, "BayerRG8", {"BayerRG8", "BayerRG12", "Mono8"}, "Mono8"}};
-    int row = -1;
-    for (const Case& test : cases)
-    {
-        SCOPED_TRACE(test.box.join(' ').toStdString() + " at " + test.current);
-        if (test.row != row)
+        SCOPED_TRACE(box.join(' ').toStdString() + " at " + current);
+        if (row != opened)
         {
             Find<QWidget>("cameraListButton")->setEnabled(true);
-            Open(row = test.row, test.row == Mono ? "Mono8" : "BayerRG8");
+            Open(opened = row, row == Mono ? "Mono8" : "BayerRG8");
         }
-        Formats().setCurrentText(test.current);
+        Formats().setCurrentText(current);
         {
             const QSignalBlocker blocker(Formats());
             Formats().clear();
-            Formats().addItems(test.box);
-            Formats().setCurrentText(test.current);
+            Formats().addItems(box);
+            Formats().setCurrentText(current);
         }
         const std::size_t seen = answers.Seen().size();
-        if (test.chosen == nullptr)
-        {
-            answers.ThenClick("okButton");
-        }
+        chosen == nullptr ? answers.ThenClick("okButton") : answers;
         Click("automaticDetectionButton");
-        ASSERT_EQ(answers.Seen().size(), seen + (test.chosen ? 0 : 1));
-        EXPECT_EQ(window->findChild<QDialog*>("detectorDialog") != nullptr, test.chosen != nullptr);
-        EXPECT_EQ(Formats().currentText().toStdString(), test.chosen ? test.chosen : test.current);
-        EXPECT_TRUE(test.chosen || answers.Seen().back().contains("BayerGR8, BayerRG8, BayerBG8, BayerGB8, Mono8"));
+        ASSERT_EQ(answers.Seen().size(), seen + (chosen ? 0 : 1));
+        EXPECT_EQ(window->findChild<QDialog*>("detectorDialog") != nullptr, chosen != nullptr);
+        EXPECT_EQ(Formats().currentText().toStdString(), chosen ? chosen : current);
+        EXPECT_TRUE(chosen || answers.Seen().back().contains("BayerGR8, BayerRG8, BayerBG8, BayerGB8, Mono8"));
         EXPECT_FALSE(Find<QWidget>("importButton")->isEnabled());
     }
 }
@@ -155,10 +140,8 @@ TEST_F(DetectionTest, EndsWithItsCamera)
         {
             ASSERT_TRUE(Waits([&] { return !Header().startsWith("Please"); }));
         }
-        answers.ThenClick("okButton");
-        Control({"unplug", isFrameThere ? "COLOUR" : "MONO"});
-        ASSERT_TRUE(Waits([&] { return !Dialog().isVisible() && answers.Seen().size() == (isFrameThere ? 2U : 1U); }));
-        EXPECT_TRUE(answers.Seen().back().contains("Connection lost"));
+        ExpectMessage("Connection lost", [&] { Control({"unplug", isFrameThere ? "COLOUR" : "MONO"}); });
+        EXPECT_TRUE(Waits([this] { return !Dialog().isVisible(); }));
         EXPECT_TRUE(Waits([&] { return !Find<QWidget>("importButton")->isEnabled(); }));
         EXPECT_TRUE(Find<QWidget>("cameraListButton")->isEnabled());
     }

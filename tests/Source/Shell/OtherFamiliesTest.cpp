@@ -55,16 +55,14 @@ TEST_F(OtherFamiliesTest, SetsAreStoredWithTheirConditionsAndNoTwoWithTheSame)
     ASSERT_EQ(UserSets().GetComboBox()->count(), 8);
     EXPECT_EQ(Line(1), emptySet(1));
     EXPECT_EQ(Find<QLabel>("defaultSetValueLabel")->text(), "DPC_000");
-    answers.ThenClick("okButton");
-    UserSets().GetDefaultSetButton()->click();
-    EXPECT_TRUE(answers.Seen().back().contains("SetDefaultCorrectionSet not available on Tamorin Pro"));
+    ExpectMessage("SetDefaultCorrectionSet not available on Tamorin Pro",
+                  [this] { UserSets().GetDefaultSetButton()->click(); });
     EXPECT_EQ(Find<QLabel>("defaultSetValueLabel")->text(), "DPC_000");
 
     // An empty list is asked for like everywhere; with a pixel the conditions are asked for.
     ChooseUserSet(1);
-    answers.ThenClick("cancelButton");
-    Click("uploadToCameraButton");
-    EXPECT_TRUE(answers.Seen().back().contains("Overwrite current correction set 'DPC_User_2'"));
+    const auto upload = [this] { Click("uploadToCameraButton"); };
+    ExpectMessage("Overwrite current correction set 'DPC_User_2'", upload, "cancelButton");
     AddPixel(20, 21);
     answers.Then(Store("1", "2000", "20", "exitButton"));
     Click("uploadToCameraButton");

@@ -1,7 +1,6 @@
 // A camera session in the real window on simulated cameras: choice, live image, tools, settings, loss.
 #include "WindowSession.h"
 
-#include "CameraOptionPanel.h"
 #include "OtherLanguage.h"
 #include "OverviewPanel.h"
 #include "RightPanel.h"
@@ -40,10 +39,7 @@ TEST_F(SessionTest, StartsStepByStepUntilTheFirstFrame)
 {
     QDir().mkpath("state/MONO"); // as another program leaves the camera behind
     WriteFile("state/MONO/settings.json", R"({"ReverseX": "true"})");
-    answers.ThenClick("okButton");
-    Pick(Mono);
-    ASSERT_EQ(answers.Seen().size(), 1U);
-    EXPECT_TRUE(answers.Seen()[0].contains("NOTE:\nReverse X and Y have been disabled"));
+    ExpectMessage("NOTE:\nReverse X and Y have been disabled", [this] { Pick(Mono); });
     EXPECT_EQ(Image().size(), QSize(320, 240));
     EXPECT_TRUE(Find<QWidget>("importButton")->isEnabled());
     EXPECT_EQ(Find<QLabel>("cameraNameLabel")->text().toStdString(), "OSTREL S-1m-1(MONO)"); // also the title bar's
@@ -61,12 +57,10 @@ TEST_F(SessionTest, MouseToolsEditThePixelList)
     Pick(Mono);
     Choose("userWidget");
     Click("mouseRectAddButton");
-    Drag({10, 12}, {10, 12}); // a pixel
-    Drag({30, 20}, {31, 28}); // part of a column
-    Drag({50, 40}, {55, 45}); // 25 pixels
-    answers.ThenClick("okButton");
-    Drag({70, 40}, {76, 45}); // 30 pixels
-    EXPECT_TRUE(answers.Seen().back().contains("Too many pixels!"));
+    Drag({10, 12}, {10, 12});                                                // a pixel
+    Drag({30, 20}, {31, 28});                                                // part of a column
+    Drag({50, 40}, {55, 45});                                                // 25 pixels
+    ExpectMessage("Too many pixels!", [this] { Drag({70, 40}, {76, 45}); }); // 30 of them
     const QVector<DefectInfo> list = Model().getDefectList();
     ASSERT_EQ(list.size(), 3);
     EXPECT_EQ(QRect(list[1].x, list[1].y, list[1].width, list[1].height), QRect(30, 20, 1, 8));
@@ -79,9 +73,7 @@ TEST_F(SessionTest, MouseToolsEditThePixelList)
     EXPECT_EQ(Model().rowCount(), 0) << "the list belongs to the camera before";
     EXPECT_FALSE(window->findChild<RightPanel*>()->UploadToCameraButton()->isEnabled());
     Click("mouseRectAddButton");
-    answers.ThenClick("okButton");
-    Drag({10, 12}, {10, 12});
-    EXPECT_TRUE(answers.Seen().back().contains("DPC not supported"));
+    ExpectMessage("DPC not supported", [this] { Drag({10, 12}, {10, 12}); });
 }
 
 TEST_F(SessionTest, ExportsAndImportsThePixelList)
@@ -97,9 +89,8 @@ TEST_F(SessionTest, ExportsAndImportsThePixelList)
     ASSERT_EQ(Model().rowCount(), 1);
     EXPECT_TRUE(Model().hasUnsavedDefects());
     WriteFile(path, "<Camera>");
-    answers.Then(ChooseFile(path)).ThenClick("okButton");
-    Click("importButton");
-    EXPECT_TRUE(answers.Seen().back().contains("File is corrupted"));
+    answers.Then(ChooseFile(path));
+    ExpectMessage("File is corrupted", [this] { Click("importButton"); });
     EXPECT_TRUE(Model().isEmpty()) << "all or nothing";
 }
 
@@ -143,10 +134,7 @@ TEST_F(SessionTest, LostCameraAndAnother)
 {
     Pick(Mono);
     Model().addDefectItem(1, 2, 1, 1, 0, 0);
-    answers.ThenClick("okButton");
-    Control({"unplug", "MONO"});
-    ASSERT_TRUE(Waits([&] { return answers.Seen().size() == 1; }));
-    EXPECT_TRUE(answers.Seen()[0].contains("Connection lost"));
+    ExpectMessage("Connection lost", [this] { Control({"unplug", "MONO"}); });
     EXPECT_EQ(Model().rowCount(), 0);
     EXPECT_TRUE(Waits([&] { return !Find<QWidget>("importButton")->isEnabled(); }));
     Pick(0); // the next one has moved up
@@ -155,10 +143,8 @@ TEST_F(SessionTest, LostCameraAndAnother)
 
 TEST_F(SessionTest, CameraWithoutAStreamEndsTheStart)
 {
-    answers.ThenClick("okButton");
-    ClickRow(Mute);
-    ASSERT_TRUE(Waits([&] { return answers.Seen().size() == 1 && !Loader().isVisible(); }));
-    EXPECT_TRUE(answers.Seen()[0].contains("Cannot open camera stream")) << answers.Seen()[0].toStdString();
+    ExpectMessage("Cannot open camera stream", [this] { ClickRow(Mute); });
+    ASSERT_TRUE(Waits([this] { return !Loader().isVisible(); }));
     EXPECT_FALSE(Find<QWidget>("importButton")->isEnabled());
     Pick(Plain);
 }
@@ -179,16 +165,13 @@ TEST_F(SessionTest, SurvivesRandomChanges)
         }
     };
     auto* const formats = Find<QComboBox>("pixelFormatComboBox");
+    const auto control = [&](const char* what) { Control({what, below(2) == 0 ? "MONO" : "COLOUR"}); };
     const std::function<void()> actions[] = {clickAnyRow,
                                              clickAnyRow,
                                              [&] { Click("playPauseButton"); },
                                              [&] { formats->setCurrentIndex(formats->count() - 1 - below(3)); },
-                                             [&] {
-                                                 Control({"unplug", below(2) == 0 ? "MONO" : "COLOUR"});
-                                             },
-                                             [&] {
-                                                 Control({"plug", below(2) == 0 ? "MONO" : "COLOUR"});
-                                             }};
+                                             [&] { control("unplug"); },
+                                             [&] { control("plug"); }};
     for (int change = 0; change < changes; ++change)
     {
         actions[below(static_cast<int>(std::size(actions)))]();

@@ -3,11 +3,11 @@
 
 #include "MainWindow.h"
 
-#include "AsynchronousCameraController.h"
 #include "CustomGraphicsView.h"
 #include "CustomListView.h"
 #include "LoaderDialog.h"
 #include "ModalAnswers.h"
+#include "SentEvents.h"
 #include "SimulatedFolder.h"
 #include "TreeModel.h"
 #include "Widgets.h"
@@ -34,6 +34,15 @@ protected:
     }
     template <class Widget> Widget* Find(const char* name) const { return &::Find<Widget>(*window, name); }
     void Click(const char* name) const { ::Click(*window, name); }
+    // The act brings a dialog with this text, which is left by the button.
+    template <class Act> void ExpectMessage(const QString& text, const Act& act, const char* button = "okButton")
+    {
+        const auto before = answers.Seen().size();
+        answers.ThenClick(button);
+        act();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return answers.Seen().size() > before; }, Patience));
+        EXPECT_TRUE(answers.Seen().back().contains(text)) << answers.Seen().back().toStdString();
+    }
     TreeModel& Model() const { return *window->findChild<TreeModel*>(); }
     // Names the file in the dialog as a user would.
     static ModalAnswers::Answer ChooseFile(const QString& path)
@@ -105,9 +114,6 @@ protected:
     void Drag(QPoint from, QPoint to) const
     {
         const auto place = [&](QPoint pixel) { return View().mapFromScene(QPointF(pixel) + QPointF(0.25, 0.25)); };
-        QTest::mousePress(View().viewport(), Qt::LeftButton, {}, place(from));
-        QMouseEvent move(QEvent::MouseMove, place(to), Qt::LeftButton, Qt::LeftButton, {});
-        QApplication::sendEvent(View().viewport(), &move);
-        QTest::mouseRelease(View().viewport(), Qt::LeftButton, {}, place(to));
+        DragMouse(*View().viewport(), place(from), place(to));
     }
 };
